@@ -6,6 +6,9 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <vector>
+
 namespace Corvale_Qt {
 
 namespace {
@@ -58,6 +61,14 @@ bool touches(const SpotMapView::MapSpot &spot, const QRectF &area)
         && spot.y + radius >= area.top() && spot.y - radius <= area.bottom();
 }
 
+/*! Returns how many lines of pixels are shaded before the ones below them: as many as stay in the processor's cache while thousands of
+    spots cover them. */
+int bandHeight(int width)
+{
+    constexpr int pixelsInCache = 1 << 17;
+    return std::max(pixelsInCache / std::max(width, 1), 16);
+}
+
 class ShadedLayer : public SpotLayer
 {
 public:
@@ -73,9 +84,25 @@ public:
 
     void draw(const SpotList &spots, int first) override
     {
-        for (int row = first; row < spots.size() && !m_image.isNull(); ++row) {
-            if (isDrawable(spots.at(row)))
-                m_stale |= m_shades.add(spots.at(row), m_image.rect());
+        if (m_image.isNull())
+            return;
+        const int height = bandHeight(m_image.width());
+        std::vector<std::vector<int>> bands(size_t((m_image.height() + height - 1) / height));
+        for (int row = first; row < spots.size(); ++row) {
+            if (!isDrawable(spots.at(row)))
+                continue;
+            const QRect pixels = m_shades.pixelsOf(spots.at(row));
+            if (pixels.isEmpty())
+                continue;
+            for (int band = pixels.top() / height; band <= pixels.bottom() / height; ++band)
+                bands[size_t(band)].push_back(row);
+            m_stale |= pixels;
+        }
+        QRect part(0, 0, m_image.width(), height);
+        for (const std::vector<int> &rows : bands) {
+            for (const int row : rows)
+                m_shades.add(spots.at(row), part);
+            part.translate(0, height);
         }
     }
 

@@ -4,58 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <new>
 
 namespace Corvale_Qt {
 
 namespace {
 
-/*! Is added to each part of the background, where it cannot be seen. Otherwise products would become denormal numbers, which are
-    slow. */
-constexpr float leastBackground = 1e-12F;
 constexpr int colorSteps = 4096;
-
-/*! What a row of a spot is made of, in parts of a pixel's colour: the Gaussian along y, and the rim, where the Gaussian g bends down
-    to 0: min(g, slope x g - offset). */
-struct Row
-{
-    float height;
-    float slope;
-    float offset;
-};
-
-//! Four pixels at once. Compilers turn this into the instructions of the processor, whatever it has.
-using Four = float __attribute__((vector_size(16)));
-
-template<typename Number>
-Number larger(Number one, Number other)
-{
-    return one > other ? one : other;
-}
-
-//! Multiplies what shows of the background with what a row of a spot leaves of it. \a column is the Gaussian along x.
-template<typename Number>
-Number covered(Number background, Number column, const Row &row)
-{
-    const Number gauss = column * row.height;
-    const Number left = larger(1.0F - gauss, (1.0F + row.offset) - row.slope * gauss);
-    return background * left + leastBackground;
-}
-
-void cover(float *pixels, const float *alongX, int count, const Row &row)
-{
-    int x = 0;
-    for (; x + 4 <= count; x += 4) {
-        Four background, column;
-        std::memcpy(&background, pixels + x, sizeof background);
-        std::memcpy(&column, alongX + x, sizeof column);
-        background = covered(background, column, row);
-        std::memcpy(pixels + x, &background, sizeof background);
-    }
-    for (; x < count; ++x)
-        pixels[x] = covered(pixels[x], alongX[x], row);
-}
 
 //! Rounds up a number that is not negative and fits an int, without a call.
 int roundedUp(double value)
@@ -65,7 +20,7 @@ int roundedUp(double value)
 }
 
 //! Returns the pixels of a picture whose middle lies between two places, which may be far outside.
-std::pair<int, int> pixelsBetween(double from, double to, int pixels)
+inline std::pair<int, int> pixelsBetween(double from, double to, int pixels)
 {
     const double first = qBound(0.0, from - 0.5, double(pixels));
     const double behind = qBound(0.0, to + 0.5, double(pixels));
@@ -77,19 +32,31 @@ double gaussian(double distance, double sigma)
     return std::exp(-0.5 * distance * distance / (sigma * sigma));
 }
 
-//! Computes a Gaussian at the middles of \a count pixels. Each is the one before times a factor that changes by a factor.
-void gaussianRow(float *row, int first, int count, double centre, double sigma)
+//! A Gaussian at the middles of pixels, from one to the next: each is the one before times a factor that changes by a factor.
+class GaussianSteps
 {
-    const double distance = first + 0.5 - centre;
-    double value = gaussian(distance, sigma);
-    double factor = std::exp(-(distance + 0.5) / (sigma * sigma));
-    const double change = std::exp(-1.0 / (sigma * sigma));
-    for (int x = 0; x < count; ++x) {
-        row[x] = float(value);
-        value *= factor;
-        factor *= change;
+public:
+    GaussianSteps(int first, double centre, double sigma)
+    {
+        const double distance = first + 0.5 - centre;
+        m_value = gaussian(distance, sigma);
+        m_factor = std::exp(-(distance + 0.5) / (sigma * sigma));
+        m_change = std::exp(-1.0 / (sigma * sigma));
     }
-}
+
+    float next()
+    {
+        const auto value = float(m_value);
+        m_value *= m_factor;
+        m_factor *= m_change;
+        return value;
+    }
+
+private:
+    double m_value;
+    double m_factor;
+    double m_change;
+};
 
 QRgb between(const QColor &color, const QColor &background, double part)
 {
@@ -139,7 +106,7 @@ struct SpotShades::Blob
     QPointF centre;
     double sigmaX = 0.0;
     double sigmaY = 0.0;
-    double opacity = 0.0;
+    float opacity = 0.0F;
     bool isNegative = false;
     Rim rim;
     QRect pixels; //!< empty if the spot holds the middle of no pixel
@@ -151,9 +118,9 @@ bool SpotShades::begin(const SpotStyle &style)
     const auto pixels =
         size_t(std::max(style.pixels.width(), 0)) * size_t(std::max(style.pixels.height(), 0));
     try {
-        m_background.assign(pixels, 1.0F);
+        m_background.assign(pixels + SpotCover::slack, 1.0F);
         m_negative.clear();
-        m_columns.resize(size_t(std::max(style.pixels.width(), 0)));
+        m_columns.resize(size_t(std::max(style.pixels.width(), 0)) + SpotCover::slack);
         m_rows.resize(size_t(std::max(style.pixels.height(), 0)));
         m_colors.resize(colorSteps + 1);
     } catch (const std::bad_alloc &) {
@@ -175,20 +142,20 @@ void SpotShades::clear(const QRect &part)
     }
 }
 
-QRect SpotShades::add(const SpotMapView::MapSpot &spot, const QRect &part)
+SpotShades::Blob SpotShades::blobOf(const SpotMapView::MapSpot &spot) const
 {
+    Blob blob;
     if (m_style.bounds.isEmpty() || spot.dose == 0.0F)
-        return QRect();
+        return blob;
     const int width = m_style.pixels.width(), height = m_style.pixels.height();
     const QPointF unit = toUnitSquare(m_style.bounds, QPointF(spot.x, spot.y));
     const double sigma = double(spot.sigma) / m_style.bounds.width();
-    Blob blob{QPointF(unit.x() * width, unit.y() * height),
-              sigma * width,
-              sigma * height,
-              spotOpacity(spot.dose, m_style.fullScaleDose),
-              spot.dose < 0.0F,
-              Rim::of(sigma),
-              QRect()};
+    blob.centre = QPointF(unit.x() * width, unit.y() * height);
+    blob.sigmaX = sigma * width;
+    blob.sigmaY = sigma * height;
+    blob.opacity = float(spotOpacity(spot.dose, m_style.fullScaleDose));
+    blob.isNegative = spot.dose < 0.0F;
+    blob.rim = Rim::of(sigma);
     // The rectangle of a wide spot's brush cuts its last step off, at whole pixels.
     const double margin = blob.rim.reach > spotReach ? 0.5 : 0.0;
     const double halfWidth = spotReach * blob.sigmaX + margin;
@@ -198,52 +165,73 @@ QRect SpotShades::add(const SpotMapView::MapSpot &spot, const QRect &part)
     const auto [top, bottom] =
         pixelsBetween(blob.centre.y() - halfHeight, blob.centre.y() + halfHeight, height);
     blob.pixels = QRect(QPoint(left, top), QPoint(right, bottom));
-    const QRect wanted = blob.pixels & part;
-    if (wanted.isEmpty())
-        return blob.pixels;
-    if (blob.isNegative && m_negative.empty())
-        m_negative.assign(m_background.size(), 0.0F);
-    // From its first pixel on, whatever part is wanted: rounding must not depend on the part.
-    gaussianRow(m_columns.data(),
-                blob.pixels.left(),
-                blob.pixels.width(),
-                blob.centre.x(),
-                blob.sigmaX);
-    gaussianRow(m_rows.data(),
-                blob.pixels.top(),
-                blob.pixels.height(),
-                blob.centre.y(),
-                blob.sigmaY);
-    for (int y = wanted.top(); y <= wanted.bottom(); ++y)
-        coverRow(blob, y, wanted);
-    return blob.pixels;
+    return blob;
 }
 
-void SpotShades::coverRow(const Blob &blob, int y, const QRect &part)
+QRect SpotShades::pixelsOf(const SpotMapView::MapSpot &spot) const
 {
-    const double above = (y + 0.5 - blob.centre.y()) / blob.sigmaY;
-    const double half = std::sqrt(std::max(blob.rim.reach * blob.rim.reach - above * above, 0.0));
-    auto [first, last] = pixelsBetween(blob.centre.x() - half * blob.sigmaX,
-                                       blob.centre.x() + half * blob.sigmaX,
-                                       m_style.pixels.width());
-    first = std::max(first, part.left());
-    last = std::min(last, part.right());
-    if (first > last)
+    return blobOf(spot).pixels;
+}
+
+void SpotShades::add(const SpotMapView::MapSpot &spot, const QRect &part)
+{
+    const Blob blob = blobOf(spot);
+    const QRect wanted = blob.pixels & part;
+    if (wanted.isEmpty())
         return;
-    const auto pixel = size_t(y) * size_t(m_style.pixels.width()) + size_t(first);
-    const float *alongX = m_columns.data() + (first - blob.pixels.left());
-    const Row row{float(blob.opacity) * m_rows[size_t(y - blob.pixels.top())],
-                  blob.rim.slope,
-                  blob.rim.offset * float(blob.opacity)};
-    const int count = last - first + 1;
-    cover(m_background.data() + pixel, alongX, count, row);
-    if (m_negative.empty())
-        return;
-    // Spots of a negative dose cover the others, and are covered by them.
-    float *negative = m_negative.data() + pixel;
-    for (int x = 0; x < count; ++x) {
-        const float left = covered(1.0F, alongX[x], row);
-        negative[x] = blob.isNegative ? 1.0F - (1.0F - negative[x]) * left : negative[x] * left;
+    if (blob.isNegative && m_negative.empty())
+        m_negative.assign(m_background.size(), 0.0F);
+    computeRows(blob, wanted);
+    SpotCover cover{m_columns.data(), m_rows.data() + (wanted.top() - blob.pixels.top())};
+    cover.rowCount = wanted.height();
+    cover.slope = blob.rim.slope;
+    cover.offset = blob.rim.offset * blob.opacity;
+    const std::ptrdiff_t width = m_style.pixels.width();
+    const std::ptrdiff_t first = wanted.top() * width + blob.pixels.left();
+    m_cover(m_background.data() + first, width, cover);
+    if (!m_negative.empty())
+        coverNegative(m_negative.data() + first, cover, blob.isNegative);
+}
+
+/*! Computes the Gaussians of a spot up to the last pixel of \a part, from its first pixel on, whatever part of it is wanted: rounding
+    must not depend on the part. Both directions go on together, since a processor would wait for each product of one. */
+void SpotShades::computeRows(const Blob &blob, const QRect &part)
+{
+    const QPoint first = blob.pixels.topLeft();
+    GaussianSteps alongX(first.x(), blob.centre.x(), blob.sigmaX);
+    GaussianSteps alongY(first.y(), blob.centre.y(), blob.sigmaY);
+    const int columns = part.right() - first.x() + 1, rows = part.bottom() - first.y() + 1;
+    const int both = std::min(columns, rows);
+    for (int i = 0; i < both; ++i) {
+        m_columns[size_t(i)] = alongX.next();
+        m_rows[size_t(i)].height = blob.opacity * alongY.next();
+    }
+    for (int i = both; i < columns; ++i)
+        m_columns[size_t(i)] = alongX.next();
+    for (int i = both; i < rows; ++i)
+        m_rows[size_t(i)].height = blob.opacity * alongY.next();
+    const double reach = blob.rim.reach * blob.rim.reach;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        const double above = (y + 0.5 - blob.centre.y()) / blob.sigmaY;
+        const double half = blob.sigmaX * std::sqrt(std::max(reach - above * above, 0.0));
+        const auto [left, right] =
+            pixelsBetween(blob.centre.x() - half, blob.centre.x() + half, m_style.pixels.width());
+        SpotRow &row = m_rows[size_t(y - first.y())];
+        row.first = std::max(left, part.left()) - first.x();
+        row.behind = std::min(right, part.right()) - first.x() + 1;
+    }
+}
+
+//! Spots of a negative dose cover the others, and are covered by them.
+void SpotShades::coverNegative(float *pixels, const SpotCover &spot, bool isNegative) const
+{
+    for (int y = 0; y < spot.rowCount; ++y) {
+        const SpotRow &row = spot.rows[y];
+        for (int x = row.first; x < row.behind; ++x) {
+            const float left = spot.covered(1.0F, spot.alongX[x] * row.height);
+            pixels[x] = isNegative ? 1.0F - (1.0F - pixels[x]) * left : pixels[x] * left;
+        }
+        pixels += m_style.pixels.width();
     }
 }
 
@@ -268,10 +256,10 @@ void SpotShades::paint(QImage &image, const QRect &part) const
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         const size_t first = size_t(y) * size_t(m_style.pixels.width());
         const float *background = m_background.data() + first;
-        for (int x = part.left(); x <= part.right(); ++x) {
-            if (m_negative.empty() || m_negative[first + size_t(x)] == 0.0F)
-                line[x] = m_colors[size_t(qRound(background[x] * colorSteps))];
-            else
+        for (int x = part.left(); x <= part.right(); ++x)
+            line[x] = m_colors[size_t(background[x] * colorSteps + 0.5F)]; // never negative
+        for (int x = part.left(); x <= part.right() && !m_negative.empty(); ++x) {
+            if (m_negative[first + size_t(x)] != 0.0F)
                 line[x] = mixed(first + size_t(x));
         }
     }

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/beam/spots/SpotCover_p.h"
 #include "corvale_qt/beam/spots/SpotPainting_p.h"
 
 #include <QImage>
@@ -23,9 +24,11 @@ public:
     bool begin(const SpotStyle &style);
     //! Makes the pixels of \a part background again.
     void clear(const QRect &part);
-    /*! Covers the pixels of \a part that a drawable spot reaches. Returns the rectangle that holds all its pixels, also those
-        outside of \a part. The order of spots matters: a negative dose has another colour. */
-    QRect add(const SpotMapView::MapSpot &spot, const QRect &part);
+    //! Returns the rectangle that holds all pixels of a drawable spot; empty if it has none.
+    QRect pixelsOf(const SpotMapView::MapSpot &spot) const;
+    /*! Covers the pixels of \a part that a drawable spot reaches. The order of the spots over a pixel matters: a negative dose has
+        another colour. */
+    void add(const SpotMapView::MapSpot &spot, const QRect &part);
     //! Turns \a part into the pixels of an image of the style's size.
     void paint(QImage &image, const QRect &part) const;
 
@@ -33,15 +36,18 @@ private:
     //! A spot in pixels.
     struct Blob;
 
-    void coverRow(const Blob &blob, int y, const QRect &part);
+    Blob blobOf(const SpotMapView::MapSpot &spot) const;
+    void computeRows(const Blob &blob, const QRect &part);
+    void coverNegative(float *pixels, const SpotCover &spot, bool isNegative) const;
     QRgb mixed(size_t pixel) const;
 
+    const CoverPixels m_cover = fastestCover();
     SpotStyle m_style;
     std::vector<float> m_background; //!< the part of the background that still shows
     std::vector<float>
         m_negative; //!< the part that spots of negative dose cover; empty while there is none
     std::vector<float> m_columns; //!< the Gaussian along x of the spot at hand
-    std::vector<float> m_rows; //!< and along y
+    std::vector<SpotRow> m_rows; //!< of the spot at hand
     std::vector<QRgb> m_colors; //!< the pixels between the spots' colour and the background
 };
 

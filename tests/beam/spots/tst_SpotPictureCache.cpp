@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SpotCover_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "tests/beam/spots/SpotMapInTest.h"
@@ -113,6 +114,37 @@ private Q_SLOTS:
                     largestDifference(picture.image(), drawnBy(makeShadedLayer(), spots, style)),
                     0);
             }
+        }
+    }
+
+    //! Rows of any length, beginning anywhere: each pixel as the formula says, and not a bit of another one.
+    void pixelsAreCoveredAlikeOnEveryProcessor()
+    {
+        constexpr int width = 40;
+        QRandomGenerator random(8);
+        std::vector<float> alongX(width + SpotCover::slack);
+        for (float &gauss : alongX)
+            gauss = float(random.bounded(1.0));
+        std::vector<SpotRow> rows;
+        for (int first = 0; first < width; ++first) {
+            for (int behind = first; behind <= width; ++behind)
+                rows.push_back({float(random.bounded(1.0)), first, behind});
+        }
+        std::vector<float> before(rows.size() * width + SpotCover::slack);
+        for (float &part : before)
+            part = float(random.bounded(1.0));
+        const SpotCover spot{alongX.data(), rows.data(), int(rows.size()), 1.7F, 0.06F};
+        std::vector<float> expected = before;
+        for (std::size_t y = 0; y < rows.size(); ++y) {
+            for (int x = rows[y].first; x < rows[y].behind; ++x) {
+                float &part = expected[y * width + std::size_t(x)];
+                part = spot.covered(part, alongX[std::size_t(x)] * rows[y].height);
+            }
+        }
+        for (const CoverPixels cover : {plainCover(), fastestCover()}) {
+            std::vector<float> pixels = before;
+            cover(pixels.data(), width, spot);
+            QVERIFY(pixels == expected);
         }
     }
 

@@ -185,12 +185,12 @@ private Q_SLOTS:
         }
     }
 
-    //! The noise is added anew 400 times; the spread of the results is what the standard error promises.
+    //! The noise is added anew 100 times; the spread of the results is what the standard error promises.
     void standardErrorsAreTheSpread_data() { estimators(); }
     void standardErrorsAreTheSpread()
     {
         QFETCH(Estimator, estimate);
-        constexpr int trials = 400;
+        constexpr int trials = 100;
         constexpr double noise = 0.01;
         double sum[2] = {}, squares[2] = {}, errors[2] = {};
         for (int trial = 0; trial < trials; ++trial) {
@@ -233,7 +233,7 @@ private Q_SLOTS:
         QFETCH(double, sigma);
         QFETCH(double, noise);
         QFETCH(double, near);
-        constexpr int trials = 250;
+        constexpr int trials = 100;
         int found = 0, right = 0;
         for (int trial = 0; trial < trials; ++trial) {
             BeamProfile profile = CellCharges::strips(strips, 1, CellCharges::gaussian(0.7, sigma));
@@ -429,7 +429,7 @@ private Q_SLOTS:
         const auto between = [&](double low, double high) {
             return low + (high - low) * generator() / 4294967296.0;
         };
-        constexpr int trials = 1000;
+        constexpr int trials = 250;
         for (int trial = 0; trial < trials; ++trial) {
             const int strips = trial % 2 ? 32 : 128;
             const double sigma = between(0.7, 12), mean = between(-strips / 2.0, strips / 2.0);
@@ -444,7 +444,7 @@ private Q_SLOTS:
                 QString("sigma %1, mean %2, noise %3").arg(sigma).arg(mean).arg(noise);
             QVERIFY2(profile.flags.isEmpty(), qPrintable(beam));
         }
-        constexpr int side = 32, matrices = 60;
+        constexpr int side = 32, matrices = 20;
         for (int trial = 0; trial < matrices; ++trial) {
             const double sigma = between(0.7, 8), tilt = between(-0.7, 0.7);
             const double x = between(0, side), y = between(0, side);
@@ -465,7 +465,7 @@ private Q_SLOTS:
     void hotCellsOnAFlankAreFound()
     {
         int found = 0, others = 0, inMatrix = 0;
-        constexpr int trials = 200, side = 40;
+        constexpr int trials = 62, side = 40;
         for (int trial = 0; trial < trials; ++trial) {
             const double sigma = 1.5 + trial % 7, aside = 1 + 3.0 * (trial % 31) / 31;
             const int cell = 60 + int(std::lround(aside * sigma)) + 1;

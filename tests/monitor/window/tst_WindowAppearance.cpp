@@ -297,10 +297,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("language");
         QTest::addColumn<int>("points"); // the size of the text; 0: as it comes
         QTest::addColumn<bool>("mirrored"); // as where people write from right to left
-        for (const char *language : {"en", "de", "fr"})
+        for (const char *language : {"de", "fr"})
             QTest::newRow(language) << QString(language) << 0 << false;
-        for (const int points : {8, 24})
-            QTest::addRow("%d points", points) << QString("en") << points << false;
+        QTest::newRow("24 points") << QString("en") << 24 << false;
         QTest::newRow("right to left") << QString("en") << 0 << true;
     }
     void nothingIsClippedOnASmallScreen()
@@ -311,9 +310,6 @@ private Q_SLOTS:
         const InLanguage inLanguage(language);
         const InPoints inPoints(points);
         const InDirection inDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
-        QVector<Appearance::Choice> appearances{Appearance::Choice::Light};
-        if (language != "fr" && points == 0 && !mirrored)
-            appearances.append(Appearance::Choice::Dark);
         // A person who reads larger text has a larger screen, as far as there are any.
         const QSize screen =
             points > 10 ? 2 * WindowInTest::smallScreen : WindowInTest::smallScreen;
@@ -323,19 +319,19 @@ private Q_SLOTS:
         ClippedTexts clipped(screen);
         int dialogs = 0;
         auto *appearance = w.window.findChild<Appearance *>();
-        for (const Appearance::Choice choice : qAsConst(appearances)) {
+        for (const auto choice : {Appearance::Choice::Dark, Appearance::Choice::Light}) {
             appearance->choose(choice);
             QCoreApplication::processEvents();
             const QPalette palette = QApplication::palette();
             const QColor &faint = palette.color(QPalette::PlaceholderText); // of explanations
             QCOMPARE(faint.alpha(), 255);
             QVERIFY(std::abs(faint.lightness() - palette.color(QPalette::Window).lightness()) > 70);
-            for (QMenu *menu : w.menus())
-                dialogs += walk(menu, clipped);
         }
+        for (QMenu *menu : w.menus())
+            dialogs += walk(menu, clipped);
         lookAtLoudStates(w, file("clipped.csv"), clipped);
         walk(w.menus().first(), clipped); // of an open table
-        QVERIFY2(dialogs >= 8 * appearances.size() && clipped.looked() > 500,
+        QVERIFY2(dialogs >= 8 && clipped.looked() > 500,
                  qPrintable(QString("%1 dialogs, %2 parts").arg(dialogs).arg(clipped.looked())));
         QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));
         QCOMPARE(clipped.text(), QString());

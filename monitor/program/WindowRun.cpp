@@ -289,7 +289,7 @@ void WindowRun::openWindow()
         if (!note.isEmpty())
             Q_EMIT m_session->noted(note);
     if (!isPicture()) {
-        m_window->showHint(hint());
+        m_window->showHint();
         m_formerRuns->tell(*m_session, *m_window);
         connect(m_session.get(), &Session::limitReached, m_window.get(), &QWidget::close);
         return;
@@ -310,17 +310,6 @@ void WindowRun::showDisplay()
         leave(ExitUsage, text);
     else
         Q_EMIT m_session->noted(text);
-}
-
-QString WindowRun::hint() const
-{
-    const QString what = m_session->source().isSimulated()
-        ? tr("This beam is simulated.")
-        : tr("This is %1.").arg(m_session->source().description());
-    return what
-        + tr(" File > Open... plays a recording, File > Connect... reads an instrument. Space "
-             "pauses, Ctrl+R records, "
-             "F1 shows the first steps.");
 }
 
 int WindowRun::run()

@@ -58,7 +58,6 @@ private:
     Corvale_Qt::DetectorLayout detectorOfSource();
     void openWindow();
     QString settingsFile() const;
-    QString hint() const;
     void showDisplay();
     void leave(ExitCode code, const QString &text = QString());
 

@@ -10,6 +10,7 @@
 #include "monitor/window/EventLog.h"
 #include "monitor/window/FileDrop.h"
 #include "monitor/window/FileMenu.h"
+#include "monitor/window/FirstHint.h"
 #include "monitor/window/FocusRing.h"
 #include "monitor/window/HelpMenu.h"
 #include "monitor/window/KeptCompanions.h"
@@ -211,18 +212,9 @@ void MonitorWindow::restoreTimeSpan()
     });
 }
 
-void MonitorWindow::showHint(const QString &text)
+void MonitorWindow::showHint()
 {
-    if (m_settings.isHintDismissed())
-        return;
-    auto *hint = new NoticeLine(centralWidget());
-    hint->setObjectName(QStringLiteral("hint"));
-    hint->setDismissible(tr("Do not show again"));
-    connect(hint, &NoticeLine::dismissed, this, [this] {
-        m_settings.dismissHint();
-    });
-    addNotice(hint);
-    hint->tell(text, NoticeLine::Kind::Hint);
+    addNotice(new FirstHint(m_session, m_settings, centralWidget()));
 }
 
 void MonitorWindow::addNotice(NoticeLine *notice)

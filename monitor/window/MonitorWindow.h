@@ -41,8 +41,8 @@ public:
     Companions &companions() const { return *m_companions; }
     //! Returns what opens other sources in this window.
     SourceSwitch &sources() const { return *m_sources; }
-    //! Shows a line about the source and how to choose another one, unless the operator dismissed it before.
-    void showHint(const QString &text);
+    //! Names the source and says how to choose another one, unless the operator dismissed this line before.
+    void showHint();
     //! Puts a notice, a child of the central widget, above all others.
     void addNotice(NoticeLine *notice);
 

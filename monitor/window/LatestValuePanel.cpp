@@ -135,9 +135,12 @@ int LatestValuePanel::valueWidth() const
     return values.horizontalAdvance(hasLimits ? LimitMarks::longestMark() + number : number);
 }
 
+//! Short names can be read whole beside their box and colour, however narrow the panel becomes.
 int LatestValuePanel::leastNameWidth() const
 {
-    return fontMetrics().horizontalAdvance(QLatin1Char('0')) * 8;
+    const int digit = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    const QAbstractItemView &table = *m_table;
+    return std::clamp(table.sizeHintForColumn(0), 8 * digit, 13 * digit);
 }
 
 QSize LatestValuePanel::minimumSizeHint() const

@@ -54,10 +54,11 @@ void fitToScreen(QWidget *window)
         frame.setHeight(frame.height() + window->style()->pixelMetric(QStyle::PM_TitleBarHeight));
     const QSize margins = frame.size() - window->size();
     const QRect wanted = fitted(frame, usableScreens());
-    if (wanted == frame)
-        return;
-    window->resize(wanted.size() - margins);
-    window->move(wanted.topLeft());
+    if (wanted.size() != frame.size())
+        window->resize(wanted.size() - margins);
+    // A window that nobody has moved is placed by the desktop, which knows the height of the title.
+    if (wanted.topLeft() != frame.topLeft())
+        window->move(wanted.topLeft());
 }
 
 } // namespace Monitor

@@ -29,16 +29,18 @@ FileDrop::FileDrop(QWidget *window)
 
 bool FileDrop::eventFilter(QObject *, QEvent *event)
 {
-    const bool enters = event->type() == QEvent::DragEnter;
-    if (!enters && event->type() != QEvent::Drop)
+    const bool drops = event->type() == QEvent::Drop;
+    if (!drops && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
         return false;
     auto *drop = static_cast<QDropEvent *>(event);
     const QString path = onlyFile(drop->mimeData());
-    if (path.isEmpty())
+    if (path.isEmpty() || !drop->possibleActions().testFlag(Qt::CopyAction))
         return false;
-    drop->acceptProposedAction();
+    // The file is only read. A program that offers to move it would remove it after a move.
+    drop->setDropAction(Qt::CopyAction);
+    drop->accept();
     // The program that drags waits for the answer; a question must not keep it waiting.
-    if (!enters)
+    if (drops)
         QTimer::singleShot(0, this, [this, path] {
             Q_EMIT dropped(path);
         });

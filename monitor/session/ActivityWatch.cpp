@@ -8,6 +8,8 @@ namespace Monitor {
 namespace {
 
 constexpr double follow = 0.1;
+//! Arrivals that are closer to each other are one.
+constexpr double together = 0.005; // s
 constexpr double stalePeriods = 3.0;
 constexpr double shortestSilence = 0.2; // s
 
@@ -15,19 +17,24 @@ constexpr double shortestSilence = 0.2; // s
 
 void ActivityWatch::noteArrival(double now, int readings)
 {
-    if (m_arrivals == 0) {
-        m_readingsEach = readings;
-    } else {
-        // A pause does not count as an interval.
-        const double interval = now - m_lastArrival;
-        if (m_interval == 0.0)
-            m_interval = interval;
-        else if (!isStale(now))
-            m_interval += follow * (interval - m_interval);
-        m_readingsEach += follow * (readings - m_readingsEach);
-    }
-    ++m_arrivals;
+    m_beganAt = std::min(m_beganAt, now);
+    const bool isLate = isStale(now), begins = now - m_beganAt < together;
+    const double interval = now - m_countedUntil;
     m_lastArrival = now;
+    // A pause does not count as an interval, but a second one after it shows that readings have become rarer. What comes
+    // first may have waited for any time: a file is filled up to the place that was sought.
+    const bool isPause = begins || (isLate && !m_wasLate);
+    if (!isPause) {
+        m_arrived += readings;
+        if (interval < together)
+            return;
+        const double weight = m_interval > 0.0 && !isLate ? follow : 1.0;
+        m_interval += weight * (interval - m_interval);
+        m_readingsEach += weight * (double(m_arrived) - m_readingsEach);
+    }
+    m_wasLate = isLate && isPause;
+    m_countedUntil = now;
+    m_arrived = 0;
 }
 
 bool ActivityWatch::isStale(double now) const

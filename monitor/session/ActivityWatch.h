@@ -3,6 +3,8 @@
 
 #include <QtGlobal>
 
+#include <limits>
+
 namespace Monitor {
 
 //! Follows how often readings come, and tells when they are overdue.
@@ -21,8 +23,11 @@ public:
     double lastArrival() const { return m_lastArrival; }
 
 private:
-    qint64 m_arrivals = 0;
+    double m_beganAt = std::numeric_limits<double>::infinity();
+    bool m_wasLate = false; //!< a pause ended with the last arrival
     double m_lastArrival = 0.0;
+    double m_countedUntil = 0.0;
+    qint64 m_arrived = 0; //!< readings since then
     double m_interval = 0.0;
     double m_readingsEach = 0.0;
 };

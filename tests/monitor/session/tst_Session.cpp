@@ -299,13 +299,31 @@ private Q_SLOTS:
         QVERIFY(s.session.isStale());
     }
 
+    void aSourceThatSlowsDownIsNotStaleForGood()
+    {
+        ScriptedSession s;
+        s.begin(1);
+        s.run(20);
+        for (int i = 0; i < 3; ++i) {
+            s.clock.advance(1.0);
+            s.source->give();
+        }
+        s.clock.advance(2.5);
+        QVERIFY(!s.session.isStale());
+        QCOMPARE(s.session.rate(), 1.0);
+    }
+
     void theRateFollows()
     {
         ScriptedSession s;
         s.begin(1);
+        s.source->give(5000); // up to the place of a tape that was sought
+        s.clock.advance(0.001);
+        s.source->give(700); // the rest of them, after an event
         for (int i = 0; i < 50; ++i) {
             s.clock.advance(0.1);
             s.source->give(20);
+            QVERIFY(i == 0 || std::abs(s.session.rate() - 200.0) < 2.0);
         }
         QVERIFY(std::abs(s.session.rate() - 200.0) < 2.0);
     }
@@ -552,7 +570,7 @@ private Q_SLOTS:
         QCOMPARE(shown.size(), 1);
         QCOMPARE(shown.takeFirst()[1].value<QVector<double>>().size(), 20);
         QCOMPARE(noted.takeLast().first().toString(),
-                 QString("WARNING 1 readings belong to no cell: 3 nC left out"));
+                 QString("WARNING 1 reading belongs to no cell: 3 nC left out"));
 
         s.session.setPaused(true);
         s.source->give(0.1, beam);

@@ -154,8 +154,10 @@ void TapeSketch::paintOutline(QPainter *painter) const
         const double share = span > 0.0 ? (value - low) / span : 0.5;
         return m_band.bottom() - 2 - share * room;
     };
+    const std::vector<bool> silent = columnsInGaps();
     const auto isEmpty = [&](int i) {
-        return i < 0 || i >= outline.size() || outline[i].low > outline[i].high;
+        return i < 0 || i >= outline.size() || outline[i].low > outline[i].high
+            || silent[std::size_t(i)];
     };
     for (int i = 0; i < outline.size(); ++i) {
         if (isEmpty(i))
@@ -169,6 +171,21 @@ void TapeSketch::paintOutline(QPainter *painter) const
                                  bottom - top + 2.0 * around),
                           between(m_palette, 0.65));
     }
+}
+
+/*! Returns for each column of the band whether it lies within a gap. The outline has blocks of readings, which may reach
+    across one. */
+std::vector<bool> TapeSketch::columnsInGaps() const
+{
+    std::vector<bool> columns(std::size_t(std::max(m_band.width(), 0)));
+    for (const TapeSurvey::Mark &mark : m_survey.marks) {
+        if (mark.kind != TapeMark::Kind::Gap)
+            continue;
+        const int end = xOf(mark.position + mark.length);
+        for (int x = xOf(mark.position) + 1; x < end; ++x)
+            columns[std::size_t(x - m_band.left())] = true;
+    }
+    return columns;
 }
 
 //! Gaps are bars in the band, events are flags above it.

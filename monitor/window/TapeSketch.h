@@ -7,6 +7,8 @@
 #include <QPalette>
 #include <QRect>
 
+#include <vector>
+
 class QPainter;
 
 namespace Monitor {
@@ -38,6 +40,7 @@ public:
 
 private:
     void paintOutline(QPainter *painter) const;
+    std::vector<bool> columnsInGaps() const;
     void paintMarks(QPainter *painter) const;
     void paintLanes(QPainter *painter) const;
     void paintTimes(QPainter *painter) const;

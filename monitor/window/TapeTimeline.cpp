@@ -259,7 +259,12 @@ void TapeTimeline::mouseMoveEvent(QMouseEvent *event)
 
 void TapeTimeline::mouseReleaseEvent(QMouseEvent *)
 {
+    const bool chosen = m_loopFrom >= 0.0 && m_deck.loop();
     m_loopFrom = -1.0;
+    // A stretch that was chosen is to be seen now, not when the tape happens to come there.
+    if (chosen
+        && (m_deck.position() < m_deck.loop()->from || m_deck.position() > m_deck.loop()->to))
+        m_deck.seek(m_deck.loop()->from);
 }
 
 void TapeTimeline::keyPressEvent(QKeyEvent *event)

@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeLegend.h"
 
+#include <QFontInfo>
 #include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
@@ -105,6 +106,13 @@ private:
     std::vector<Canvas> m_canvases;
 };
 
+//! Returns a font of the same size in pixels of the screen: one in points would grow with the resolution of a printer.
+QFont inPixels(QFont font)
+{
+    font.setPixelSize(QFontInfo(font).pixelSize());
+    return font;
+}
+
 //! Returns whether a legend on the screen already lists all channels of a view.
 bool showsWholeLegend(const RVXScopePlotView &view)
 {
@@ -118,7 +126,7 @@ class PictureLegend
 public:
     PictureLegend(const RVXScopePlotView &view, bool onWhite, int width)
     {
-        m_option.font = view.font();
+        m_option.font = inPixels(view.font());
         m_option.fontMetrics = QFontMetrics(m_option.font);
         m_model.takeLook(&view);
         m_model.setOnWhite(onWhite);
@@ -182,7 +190,7 @@ public:
 
 QFont DisplayPicturePrivate::titleFont() const
 {
-    QFont font = display->font();
+    QFont font = inPixels(display->font());
     font.setBold(true);
     return font;
 }
@@ -208,7 +216,7 @@ void DisplayPicturePrivate::paintHeading(QPainter *painter) const
     const QRect place = QRect(0, 0, display->width(), headingHeight())
                             .adjusted(pictureMargin, 0, -pictureMargin, 0);
     painter->setPen(display->palette().color(QPalette::WindowText));
-    painter->setFont(display->font());
+    painter->setFont(inPixels(display->font()));
     const int noteWidth = std::min(painter->fontMetrics().horizontalAdvance(note), place.width());
     painter->drawText(place,
                       Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,

@@ -391,8 +391,10 @@ private Q_SLOTS:
         panel.show();
         QVERIFY(QTest::qWaitForWindowExposed(&panel));
         DisplayPicture picture(panel.plotView());
-        const auto painted = [&picture] {
+        const auto painted = [&picture](int times = 1) {
             QImage image(picture.size(), QImage::Format_RGB32);
+            image.setDotsPerMeterX(image.dotsPerMeterX() * times);
+            image.setDotsPerMeterY(image.dotsPerMeterY() * times);
             QPainter painter(&image);
             picture.paint(&painter);
             return image;
@@ -400,6 +402,13 @@ private Q_SLOTS:
         const QImage plain = painted();
         QCOMPARE(plain.size(), panel.plotView()->size());
         picture.setLegendVisible(true);
+        picture.setTitle("run 12");
+        // The resolution of a printer does not make the texts larger than their places.
+        for (const bool above : {true, false}) {
+            const QRect lines(0, above ? 0 : picture.size().height() - 14, plain.width(), 14);
+            QCOMPARE(painted(10).copy(lines), painted().copy(lines));
+        }
+        picture.setTitle(QString());
         const int withLegend = picture.size().height();
         QVERIFY(withLegend > plain.height());
         panel.topLevelModel()->setData(panel.topLevelModel()->index(0, 1), 0, Qt::CheckStateRole);

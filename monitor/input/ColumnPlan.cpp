@@ -5,7 +5,9 @@
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/readings/UnitSymbols.h"
 
+#include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -78,6 +80,28 @@ QString withoutQuotes(const QString &field)
     const QLatin1Char quote('"');
     const bool quoted = field.size() >= 2 && field.startsWith(quote) && field.endsWith(quote);
     return quoted ? field.mid(1, field.size() - 2).trimmed() : field;
+}
+
+/*! Returns the names that only differ in a letter at their end, where one of the letters is no unit: in "quad_A,quad_B,quad_C"
+    they name the plates and are neither ampere nor coulomb. */
+QSet<QString> letteredNames(const QStringList &fields)
+{
+    static const QRegularExpression lettered(QStringLiteral("^(.+)_[A-Za-z]$"));
+    QHash<QString, QStringList> ofStem;
+    QSet<QString> stems;
+    for (const QString &field : fields) {
+        const QRegularExpressionMatch match = lettered.match(field);
+        if (!match.hasMatch())
+            continue;
+        ofStem[match.captured(1)].append(field);
+        if (!unitFromSymbol(field.right(1)))
+            stems.insert(match.captured(1));
+    }
+    QSet<QString> names;
+    for (const QString &stem : stems)
+        for (const QString &field : ofStem.value(stem))
+            names.insert(field);
+    return names;
 }
 
 bool isFrameNumber(const QString &name)
@@ -183,11 +207,15 @@ std::optional<ColumnPlan> ColumnPlan::fromHeader(const QStringList &header)
     plan.lacksTime = plan.timeColumn < 0 && plan.kind != StreamKind::Spots;
     if (plan.timeColumn >= 0)
         plan.timeFactor = unitFromSymbol(timeSymbol(fields[plan.timeColumn]))->unscale(1.0);
+    const QSet<QString> lettered = letteredNames(fields);
     for (int i = 0; i < fields.size(); ++i) {
         if (i == plan.timeColumn || isFrameNumber(fields[i]))
             continue;
         Channel channel;
-        splitUnitSuffix(fields[i], &channel.name, &channel.unit);
+        if (lettered.contains(fields[i]))
+            channel.name = fields[i];
+        else
+            splitUnitSuffix(fields[i], &channel.name, &channel.unit);
         if (channel.name.isEmpty())
             channel.name = QStringLiteral("column%1").arg(i + 1);
         plan.channels.append(channel);

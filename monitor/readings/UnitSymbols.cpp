@@ -50,7 +50,9 @@ bool onlyShareABlock(const MeasurementUnit &one, const MeasurementUnit &other)
 bool meansDegrees(const QString &name, const QString &symbol)
 {
     static const QRegularExpression temperature(
-        QStringLiteral("temp|therm|celsius|water|cool|ambient|room|oven|^t[0-9]*$"),
+        QStringLiteral(
+            "temp|therm|celsius|water|cool|heat|chiller|cryo|ambient|room|oven|magnet|coil|pump|"
+            "inlet|outlet|(^|[^a-z])air|^t[0-9]*$"),
         QRegularExpression::CaseInsensitiveOption);
     return symbol == QLatin1String("C") && name.contains(temperature);
 }

@@ -193,6 +193,11 @@ private Q_SLOTS:
             "",
             "",
             "> temp_C q:C | 0: 20 1 | 1: 21 2");
+        row("letters of plates are no units",
+            "t,q_A,q_B,q_C,beam_A,beam_V\n0,1,2,3,4,5\n1,1,2,3,4,5\n",
+            "",
+            "",
+            "> q_A q_B q_C beam:A beam:V | 0: 1 2 3 4 5 | 1: 1 2 3 4 5");
         row("units in brackets",
             "t,left (nA),\"right [uA]\",n (of)\n0,1,2,3\n1,1,2,3\n",
             "",

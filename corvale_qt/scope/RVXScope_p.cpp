@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/PanelShortcuts_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/YRanges_p.h"
+#include "corvale_qt/widgets/CheckedTint_p.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -71,6 +72,8 @@ void RVXScopePrivate::setUpButtons()
     QPalette palette = ui.clearZeroButton->palette();
     palette.setColor(QPalette::ButtonText, Qt::black);
     ui.clearZeroButton->setPalette(palette);
+    for (QAbstractButton *button : {ui.positiveOnlyButton, ui.derivativeButton})
+        new CheckedTint(button);
     ui.comboBox_period->installEventFilter(new WheelFilter(ui.comboBox_period));
     ui.derivativeButton->hide();
     ui.position_frame->hide();

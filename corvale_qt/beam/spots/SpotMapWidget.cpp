@@ -4,6 +4,7 @@
 #include "corvale_qt/beam/spots/Logging_p.h"
 #include "corvale_qt/beam/spots/SpotLegend_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
+#include "corvale_qt/widgets/CheckedTint_p.h"
 
 #include "ui_SpotMapWidget.h"
 
@@ -62,6 +63,8 @@ void SpotMapWidgetPrivate::setUpButtons(SpotMapWidget *q)
                 ui.spotMapView->setDisplayMode(mode);
         });
     };
+    for (QPushButton *button : {ui.DataButton, ui.DifferenceButton, ui.DiffOverlayButton})
+        new CheckedTint(button);
     shows(ui.DataButton, SpotMapView::Data);
     shows(ui.DifferenceButton, SpotMapView::Difference);
     shows(ui.DiffOverlayButton, SpotMapView::DifferenceOverlay);

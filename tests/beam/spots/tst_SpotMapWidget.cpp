@@ -150,6 +150,16 @@ private Q_SLOTS:
             QTest::mouseClick(button, Qt::LeftButton);
             QCOMPARE(int(widget.spotMapView()->displayMode()), mode);
         }
+        // The chosen one stands out in a dark palette, too, also when that comes later.
+        QPalette dark(QColor(48, 50, 54));
+        dark.setColor(QPalette::Highlight, QColor(86, 160, 235));
+        widget.setPalette(dark);
+        const auto ground = [&](int mode) {
+            return widget.findChild<QPushButton *>(names[mode])->palette().color(QPalette::Button);
+        };
+        QVERIFY(ground(0).blue() > 120);
+        QCOMPARE(ground(1), ground(2));
+        QVERIFY(ground(1).blue() < 80);
         // The buttons follow the mode.
         widget.spotMapView()->setDisplayMode(SpotMapView::DifferenceOverlay);
         QVERIFY(widget.findChild<QPushButton *>("DiffOverlayButton")->isChecked());

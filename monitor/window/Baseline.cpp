@@ -45,9 +45,15 @@ void Baseline::follow()
 void Baseline::takeZero()
 {
     m_scope.zeroNow();
-    if (m_kind != Kind::Background)
+    correctKind(Kind::Background, Kind::Zero);
+}
+
+//! A zero may happen to equal the background before it, and the other way round: then the model has not changed.
+void Baseline::correctKind(Kind before, Kind now)
+{
+    if (m_kind != before)
         return;
-    m_kind = Kind::Zero; // which happens to equal the background
+    m_kind = now;
     Q_EMIT changed();
 }
 
@@ -59,10 +65,14 @@ void Baseline::takeBackground()
     m_takingBackground = true;
     proxy()->setZeros(means);
     m_takingBackground = false;
+    correctKind(Kind::Zero, Kind::Background);
+    const int readings = qMin(backgroundLength, m_session.model().rowCount() - 1);
+    const QString what = readings == 1
+        ? QStringLiteral("the last reading")
+        : QStringLiteral("the mean of the last %1 readings").arg(readings);
     Q_EMIT m_session.noted(
-        QStringLiteral("background taken: the mean of the last %1 readings of each channel "
-                       "is subtracted from what is shown")
-            .arg(qMin(backgroundLength, m_session.model().rowCount() - 1)));
+        QStringLiteral("background taken: %1 of each channel is subtracted from what is shown")
+            .arg(what));
 }
 
 //! Returns the mean of the newest readings of each channel, in its base unit, without gaps; empty without readings.

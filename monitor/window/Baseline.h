@@ -51,6 +51,7 @@ private:
     Corvale_Qt::RVXZeroingProxyModel *proxy() const;
     QVector<double> newestMeans() const;
     void follow();
+    void correctKind(Kind before, Kind now);
 
     Session &m_session;
     Corvale_Qt::RVXScope &m_scope;

@@ -230,22 +230,24 @@ private Q_SLOTS:
         const QString table = file("dropped.csv");
         putFile(table, "time_s,a_nA\n0,1\n1,2\n");
         QMimeData data;
-        const auto drop = [&](const QList<QUrl> &urls) {
+        const auto drop = [&](const QList<QUrl> &urls, Qt::DropActions offered) {
             data.setUrls(urls);
-            QDragEnterEvent enter({100, 100},
-                                  Qt::CopyAction,
-                                  &data,
-                                  Qt::LeftButton,
-                                  Qt::NoModifier);
+            const QPoint place(100, 100);
+            QDragEnterEvent enter(place, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
             QCoreApplication::sendEvent(&w.window, &enter);
-            QDropEvent event({100, 100}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QDropEvent event(place, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
             QCoreApplication::sendEvent(&w.window, &event);
+            // A program that is told of a move removes the file.
+            return enter.isAccepted() && enter.dropAction() == Qt::CopyAction && event.isAccepted()
+                && event.dropAction() == Qt::CopyAction;
         };
-        drop({QUrl("http://example.org/a.csv")});
-        drop({QUrl::fromLocalFile(table), QUrl::fromLocalFile(table)});
+        const Qt::DropActions any = Qt::CopyAction | Qt::MoveAction;
+        QVERIFY(!drop({QUrl("http://example.org/a.csv")}, any));
+        QVERIFY(!drop({QUrl::fromLocalFile(table), QUrl::fromLocalFile(table)}, any));
+        QVERIFY(!drop({QUrl::fromLocalFile(table)}, Qt::MoveAction));
         QCoreApplication::processEvents();
         QCOMPARE(w.window.sources().current(), QString());
-        drop({QUrl::fromLocalFile(table)});
+        QVERIFY(drop({QUrl::fromLocalFile(table)}, any));
         QTRY_COMPARE(w.window.sources().current(), table);
     }
 
@@ -563,6 +565,14 @@ private Q_SLOTS:
         w.action("removeZero")->trigger();
         QCOMPARE(w.number(1), 5.0);
         QVERIFY(w.window.findChild<QLabel *>("valueState")->isHidden());
+
+        // The mean of a single reading equals its zero.
+        w.session.model().Clear();
+        w.source->give(2.5, {1, 0, 0, 0});
+        w.settle();
+        w.action("zero")->trigger();
+        w.action("background")->trigger();
+        QCOMPARE(w.window.displays().baseline()->text(), QString("BACKGROUND SUBTRACTED"));
 
         w.session.model().Clear();
         for (int i = 0; i < 100; ++i)

@@ -38,8 +38,11 @@ bool RVXScopePrivate::mayClear(const QString &title, const QString &text)
     if (!confirmClear || !hasSamples())
         return true;
     const QPointer<RVXScope> panel(q_ptr);
-    const QString question = RVXScope::tr("%1\n%2 samples would go.")
-                                 .arg(text, QString::number(baseModel->rowCount() - 1));
+    const int samples = baseModel->rowCount() - 1;
+    const QString question =
+        (samples == 1 ? RVXScope::tr("%1\n1 sample would go.")
+                      : RVXScope::tr("%1\n%n samples would go.", nullptr, samples))
+            .arg(text);
     return operatorAgrees(q_ptr, title, question, RVXScope::tr("&Remove the samples")) && panel;
 }
 

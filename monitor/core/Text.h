@@ -9,6 +9,14 @@ namespace Monitor {
 class Text
 {
     Q_DECLARE_TR_FUNCTIONS(Monitor::Text)
+
+public:
+    //! Returns "1 gap" or "2 gaps", where texts are English in every language.
+    static QString counted(qint64 count, const char *noun)
+    {
+        const QString text = QString::number(count) + QLatin1Char(' ') + QLatin1String(noun);
+        return count == 1 ? text : text + QLatin1Char('s');
+    }
 };
 
 } // namespace Monitor

@@ -163,9 +163,11 @@ QString SourceTest::report() const
     }
     if (!m_header.channels.isEmpty()) {
         lines.append(QString());
-        lines.append(tr("Read as %1 channels, layout %2:")
-                         .arg(m_header.channels.size())
-                         .arg(layoutName(m_header)));
+        const bool isOne = m_header.channels.size() == 1;
+        lines.append(
+            (isOne ? tr("Read as %1 channel, layout %2:") : tr("Read as %1 channels, layout %2:"))
+                .arg(m_header.channels.size())
+                .arg(layoutName(m_header)));
         lines.append(m_readings);
     }
     return lines.join(QLatin1Char('\n'));

@@ -64,7 +64,11 @@ void CompressionWait::refresh()
     }
     const QString name = QFileInfo(pending.first()).fileName();
     m_text->setText(
-        pending.size() > 1
+        pending.size() == 2
+            ? tr("%1 is being compressed, and one more file is waiting. Nothing is lost if you do "
+                 "not wait.")
+                  .arg(name)
+            : pending.size() > 2
             ? tr("%1 is being compressed, and %2 more files are waiting. Nothing is "
                  "lost if you do not wait.")
                   .arg(name, QString::number(pending.size() - 1))

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/core/LogTail.h"
+#include "monitor/core/Text.h"
 #include "monitor/nexus/NexusFiles.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/recording/RecordingRepair.h"
@@ -291,11 +292,11 @@ QString HeadlessFeed::progressText() const
 {
     constexpr double percent = 100.0;
     const auto *file = qobject_cast<FileSource *>(m_source.get());
-    return file ? tr("%1 % of %2, %3 readings")
-                      .arg(QString::number(int(file->progress() * percent)),
-                           file->description(),
-                           QString::number(m_readings))
-                : tr("%1 readings of %2").arg(QString::number(m_readings), m_source->description());
+    const QString readings = Text::counted(m_readings, "reading");
+    return file
+        ? tr("%1 % of %2, %3")
+              .arg(QString::number(int(file->progress() * percent)), file->description(), readings)
+        : tr("%1 of %2").arg(readings, m_source->description());
 }
 
 std::optional<StatisticsReport> HeadlessFeed::statistics() const
@@ -323,10 +324,10 @@ std::optional<StatisticsReport> HeadlessFeed::statistics() const
 QStringList HeadlessFeed::check()
 {
     QStringList lines{tr("detector: %1").arg(m_statistics.header().detector.summary()),
-                      tr("%1 readings, %2 lines dropped, %3 gaps")
-                          .arg(m_readings)
-                          .arg(m_source->counts().bad())
-                          .arg(m_gapsBefore + m_statistics.gaps())};
+                      tr("%1, %2 dropped, %3")
+                          .arg(Text::counted(m_readings, "reading"),
+                               Text::counted(m_source->counts().bad(), "line"),
+                               Text::counted(m_gapsBefore + m_statistics.gaps(), "gap"))};
     if (m_leftOutCount.count() > 0)
         lines += m_leftOutCount.text();
     const auto *file = qobject_cast<FileSource *>(m_source.get());
@@ -351,8 +352,10 @@ ExitCode HeadlessFeed::judge() const
         complain(tr("%1 contains no readings").arg(m_source->description())
                  + (why.isEmpty() ? why : QStringLiteral(": ") + why));
     else if (bad > 0)
-        complain(tr("%1: %2 lines could not be used; --check shows them")
-                     .arg(m_source->description(), QString::number(bad)));
+        complain(tr("%1: %2 could not be used; --check shows %3")
+                     .arg(m_source->description(),
+                          Text::counted(bad, "line"),
+                          bad == 1 ? tr("it") : tr("them")));
     const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
         || m_leftOutCount.count() > 0 || m_isDamaged || m_spotsCut || planIsUnused();
     return wrong ? ExitBadData : ExitGood;

@@ -15,7 +15,7 @@ QStringList damageLines(const RecordingDamage &damage)
 {
     QStringList lines = damage.places;
     if (damage.placesLeftOut > 0)
-        lines += Text::tr("%1 more places are not listed").arg(damage.placesLeftOut);
+        lines += Text::tr("not listed: %1").arg(Text::counted(damage.placesLeftOut, "more place"));
     return lines;
 }
 
@@ -41,10 +41,10 @@ int repairOnCommand(const CommandLine &commandLine)
         std::fprintf(stdout, "%s\n", qPrintable(line));
     std::fprintf(stdout,
                  "%s\n",
-                 qPrintable(Text::tr("%1 readings are in %2; %3 lines are lost; %4 is as it was")
-                                .arg(QString::number(damage.readings),
+                 qPrintable(Text::tr("%2 has %1; lost: %3; %4 is as it was")
+                                .arg(Text::counted(damage.readings, "reading"),
                                      copy,
-                                     QString::number(damage.lostLines),
+                                     Text::counted(damage.lostLines, "line"),
                                      path)));
     return ExitGood;
 }

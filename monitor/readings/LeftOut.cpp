@@ -39,8 +39,12 @@ QString LeftOut::text() const
         return {};
     const QString amount =
         numberText(sum, 6) + (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
-    return (what == What::Cells ? Text::tr("%1 cells are not wired: %2 left out")
-                                : Text::tr("%1 readings belong to no cell: %2 left out"))
+    if (what == What::Cells)
+        return (count == 1 ? Text::tr("%1 cell is not wired: %2 left out")
+                           : Text::tr("%1 cells are not wired: %2 left out"))
+            .arg(QString::number(count), amount);
+    return (count == 1 ? Text::tr("%1 reading belongs to no cell: %2 left out")
+                       : Text::tr("%1 readings belong to no cell: %2 left out"))
         .arg(QString::number(count), amount);
 }
 

@@ -202,8 +202,9 @@ bool repairRecording(const QString &path, QString *copy, RecordingDamage *damage
         ++number;
     QFile file(copyPath(path, number));
     if (!QFileInfo(path).isFile()) {
-        *error =
-            Text::tr("%1 cannot be opened: it is not a regular file. Check the path").arg(path);
+        *error = QFileInfo::exists(path)
+            ? Text::tr("%1 cannot be read: it is not a regular file. Check the path").arg(path)
+            : Text::tr("there is no file %1. Check the path").arg(path);
         return false;
     }
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {

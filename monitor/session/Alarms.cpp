@@ -2,6 +2,7 @@
 #include "monitor/session/Alarms.h"
 
 #include "monitor/core/NumberText.h"
+#include "monitor/core/Text.h"
 #include <corvale_qt/units/SiPrefix.h>
 
 #include <algorithm>
@@ -63,7 +64,7 @@ void Alarms::update(LimitLog &log)
     for (const LimitLog::Change &change : changes)
         take(change);
     if (const qint64 more = log.takeUnlisted())
-        Q_EMIT noted(tr("WARNING %1 more passages of limits are not listed").arg(more));
+        Q_EMIT noted(tr("WARNING not listed: %1").arg(Text::counted(more, "more limit crossing")));
     bool isOther = !changes.empty();
     for (Entry &entry : m_entries) {
         const LimitState now = entry.channel >= 0 ? log.state(entry.channel) : LimitState::Normal;

@@ -42,10 +42,11 @@ void ClearUndo::keep()
     m_period = m_scope.period();
     m_keptAt = m_session.clock().seconds();
     m_action->setEnabled(true);
-    m_notice.tell(tr("%1 readings were cleared from the displays. For a minute they can be brought "
-                     "back (%2).")
-                      .arg(rows)
-                      .arg(m_action->shortcut().toString(QKeySequence::NativeText)),
+    const QString text = rows == 1
+        ? tr("%1 reading was cleared from the displays. For a minute it can be brought back (%2).")
+        : tr("%1 readings were cleared from the displays. For a minute they can be brought back "
+             "(%2).");
+    m_notice.tell(text.arg(rows).arg(m_action->shortcut().toString(QKeySequence::NativeText)),
                   NoticeLine::Kind::Hint);
 }
 

@@ -30,7 +30,10 @@ void LeftOutNotice::refresh()
     QStringList texts;
     if (const int columns = m_session.statistics().header().leftOutChannels)
         texts.append(
-            tr("%1 columns beyond the first %2 are left out; a stream of frames may have more")
+            (columns == 1
+                 ? tr("%1 column beyond the first %2 is left out; a stream of frames may have more")
+                 : tr("%1 columns beyond the first %2 are left out; a stream of frames may have "
+                      "more"))
                 .arg(columns)
                 .arg(StreamHeader::maxChannels));
     for (const QString &text : {m_session.statistics().leftOut().text(), m_inDisplays})

@@ -86,6 +86,12 @@ QString MonitorStatusBar::gapsText(qint64 gaps)
     return gaps == 1 ? tr("1 gap") : tr("%1 gaps").arg(gaps);
 }
 
+QString MonitorStatusBar::pausedText(qint64 readings)
+{
+    return readings == 1 ? tr("PAUSED, 1 reading waits")
+                         : tr("PAUSED, %1 readings wait").arg(readings);
+}
+
 QString MonitorStatusBar::clockText() const
 {
     return m_session.clock().wallTime().toUTC().toString(QStringLiteral("HH:mm:ss 'UTC'"));
@@ -153,7 +159,7 @@ QVector<StatusField::Part> MonitorStatusBar::notices() const
             : clockNotice(*m_companions->members().front().clock))
         notices.append({own(clock->text), clock->help, clock->state});
     if (m_session.isPaused())
-        notices.append({tr("PAUSED, %1 readings wait").arg(m_session.model().waitingReadings()),
+        notices.append({pausedText(m_session.model().waitingReadings()),
                         tr("what is shown stands still; Space shows the readings that wait"),
                         State::Paused});
     if (source.state() == Source::State::Finished)

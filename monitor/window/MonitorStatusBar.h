@@ -32,6 +32,7 @@ private:
     static void keepRoomFor(StatusField *field, const QString &text);
     static QString rateText(double rate);
     static QString badText(qint64 lines);
+    static QString pausedText(qint64 readings);
     static QString gapsText(qint64 gaps);
     QString clockText() const;
     QVector<StatusField::Part> notices() const;

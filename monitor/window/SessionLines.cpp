@@ -2,6 +2,7 @@
 #include "monitor/window/SessionLines.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/session/Session.h"
 
@@ -41,9 +42,9 @@ void SessionLines::noteStart(const StreamHeader &header)
     if (header.hasFrames())
         Q_EMIT written(tr("frames begin: %1%2").arg(header.detector.summary(), inUnit));
     else
-        Q_EMIT written(tr("readings begin: %1 channels, layout %2%3")
-                           .arg(header.channels.size())
-                           .arg(layoutName(header), inUnit));
+        Q_EMIT written(
+            tr("readings begin: %1, layout %2%3")
+                .arg(Text::counted(header.channels.size(), "channel"), layoutName(header), inUnit));
     noteAssumptions(header);
 }
 
@@ -82,11 +83,11 @@ void SessionLines::tellHeldBack()
     const double now = m_clock.seconds();
     if (const qint64 lines = m_refused.takeHeldBack(now))
         Q_EMIT written(
-            tr("WARNING %1 more bad lines are not listed; corvale-monitor --check FILE lists "
-               "those of a file")
-                .arg(lines));
+            tr("WARNING not listed: %1; corvale-monitor --check FILE lists those of a file")
+                .arg(Text::counted(lines, "more bad line")));
     if (const qint64 states = m_states.takeHeldBack(now))
-        Q_EMIT written(tr("WARNING %1 more changes of the connection are not listed").arg(states));
+        Q_EMIT written(
+            tr("WARNING not listed: %1").arg(Text::counted(states, "more connection change")));
 }
 
 } // namespace Monitor

@@ -84,8 +84,10 @@ QString SourceNotice::silenceText() const
         return {};
     const qint64 bad = source.counts().bad();
     if (bad > 0)
-        return tr("%1: none of %2 lines could be read; the first was %3. A line must be "
-                  "t,v1,v2,... with decimal points.")
+        return (bad == 1 ? tr("%1: %2 line could not be read: %3. A line must be t,v1,v2,... with "
+                              "decimal points.")
+                         : tr("%1: none of %2 lines could be read; the first was %3. A line must "
+                              "be t,v1,v2,... with decimal points."))
             .arg(source.description(), QString::number(bad), m_firstRefused);
     const QString why = source.emptyReason();
     if (source.state() == Source::State::Finished)

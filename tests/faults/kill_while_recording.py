@@ -79,7 +79,7 @@ def judge(bench, path, stream, killed, from_start):
     expect_rising(indices)
     expect_all(indices, 0, len(indices))
     code, said = bench.ask("--check", path)
-    if code != (0 if indices else 2) or f"{len(indices)} readings, 0 lines dropped" not in said:
+    if code != (0 if indices else 2) or f"{len(indices)} reading{'s' * (len(indices) != 1)}, 0 lines dropped" not in said:
         raise Fault(f"--check ends with {code}: {said}")
     lost = stream.readings() - len(indices)
     if from_start:

@@ -110,14 +110,28 @@ QString DetectorMode::stateText() const
 {
     QStringList texts;
     if (averaging.averaged() > 1)
-        texts.append(tr("average of %1 frames").arg(averaging.averaged()));
+        texts.append(tr("average of %n frames", nullptr, int(averaging.averaged())));
     if (averaging.missingFrames() > 0)
-        texts.append(tr("taking the background: %1 frames to come").arg(averaging.missingFrames()));
+        texts.append(missingText(averaging.missingFrames()));
     if (averaging.hasBackground())
-        texts.append((averaging.isSubtracted() ? tr("background of %1 frames subtracted")
-                                               : tr("background of %1 frames not subtracted"))
-                         .arg(averaging.backgroundFrames()));
+        texts.append(backgroundText(int(averaging.backgroundFrames()), averaging.isSubtracted()));
     return texts.join(QStringLiteral("; "));
+}
+
+// English needs a text of its own for one, since it has no catalogue; %n has the plurals of the other languages.
+QString DetectorMode::missingText(int frames)
+{
+    return frames == 1 ? tr("taking the background: 1 frame to come")
+                       : tr("taking the background: %n frames to come", nullptr, frames);
+}
+
+QString DetectorMode::backgroundText(int frames, bool isSubtracted)
+{
+    if (frames == 1)
+        return isSubtracted ? tr("background of 1 frame subtracted")
+                            : tr("background of 1 frame not subtracted");
+    return isSubtracted ? tr("background of %n frames subtracted", nullptr, frames)
+                        : tr("background of %n frames not subtracted", nullptr, frames);
 }
 
 } // namespace Corvale_Qt

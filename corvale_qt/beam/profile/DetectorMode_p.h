@@ -60,6 +60,9 @@ private:
     bool m_invertY = false;
 
     Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::DetectorMode)
+
+    static QString missingText(int frames);
+    static QString backgroundText(int frames, bool isSubtracted);
 };
 
 } // namespace Corvale_Qt

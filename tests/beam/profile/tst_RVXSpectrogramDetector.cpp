@@ -473,6 +473,7 @@ private Q_SLOTS:
         display.widget.takeBackground(2);
         QVERIFY(display.widget.frameProcessing().contains("2 frames to come"));
         display.feed(dark);
+        QVERIFY(display.widget.frameProcessing().contains("1 frame to come"));
         display.feed(dark);
         QVERIFY(display.widget.hasBackground());
         const SpectrogramCalc calc = display.feedBeam({1, -1}, {2, 1.5}, 2e-10);

@@ -47,7 +47,7 @@ private Q_SLOTS:
             "no data for the display");
         row("picture without a beam", "--screenshot v.png --view profile dark.csv", 0, "");
         row("fits without a beam", "--stats dark.csv", 0, "no charge above the background");
-        row("bad line", "--stats bad.csv", 2, "--check shows them");
+        row("bad line", "--stats bad.csv", 2, "1 line could not be used; --check shows it");
         row("bad line found", "--check bad.csv", 2, "what is this");
         row("empty", "--stats empty.csv", 2, "no readings");
         row("only names", "--check names.csv", 2, "no readings");
@@ -202,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(check.code, 2);
         for (const char *line : {"run-west: 2 readings, 0 lines dropped",
                                  "run-halo: 3 readings, 0 lines dropped",
-                                 "bad: 3 readings, 1 lines dropped"})
+                                 "bad: 3 readings, 1 line dropped"})
             QVERIFY2(check.out.contains(line), check.out);
         QCOMPARE(check.out.count("what is this"), 1);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/Appearance.h"
 
+#include "monitor/dialogs/QuietColor.h"
 #include "monitor/window/WindowSettings.h"
 
 #include <QActionGroup>
@@ -54,6 +55,14 @@ QPalette darkPalette()
     return palette;
 }
 
+//! Returns the palette of the desktop, in which hints in empty fields may be too pale to be read.
+QPalette readable(QPalette palette)
+{
+    const QColor hint = quietColor(palette, QPalette::Text, QPalette::Base);
+    palette.setColor(QPalette::PlaceholderText, hint);
+    return palette;
+}
+
 } // namespace
 
 Appearance::Appearance(WindowSettings &settings, QMenu *menu, QObject *parent)
@@ -76,17 +85,15 @@ Appearance::Appearance(WindowSettings &settings, QMenu *menu, QObject *parent)
     });
     m_choice = Choice(qMax(0, names.indexOf(settings.text(appearanceKey))));
     m_actions->actions().at(int(m_choice))->setChecked(true);
-    if (m_choice != Choice::Desktop)
-        apply();
+    apply();
 }
 
 //! Leaves the application as it was found: its colours outlive the window.
 Appearance::~Appearance()
 {
-    if (m_choice == Choice::Desktop)
-        return;
     m_choice = Choice::Desktop;
     apply();
+    QApplication::setPalette(m_desktopPalette);
 }
 
 void Appearance::choose(Choice choice)
@@ -107,7 +114,7 @@ void Appearance::apply()
         QApplication::setStyle(style);
     QApplication::setPalette(m_choice == Choice::Light      ? lightPalette()
                                  : m_choice == Choice::Dark ? darkPalette()
-                                                            : m_desktopPalette);
+                                                            : readable(m_desktopPalette));
 }
 
 } // namespace Monitor

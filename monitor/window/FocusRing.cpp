@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/FocusRing.h"
 
+#include "monitor/window/Look.h"
+
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QFocusEvent>
@@ -13,11 +15,29 @@ namespace {
 
 constexpr int ringWidth = 2; // pixels
 
+//! The contrast of a highlight that is seen at once, also as the shade of it that styles mark the focus with.
+constexpr double clearly = 4.5;
+
+double highlightContrast(const QPalette &palette)
+{
+    return Look::contrast(palette.color(QPalette::Highlight), palette.color(QPalette::Window));
+}
+
 //! Returns whether the style paints no mark, or a pale one, on a widget that has the focus.
 bool needsRing(const QWidget *widget)
 {
-    return qobject_cast<const QAbstractScrollArea *>(widget)
+    return highlightContrast(widget->window()->palette()) < clearly
+        || qobject_cast<const QAbstractScrollArea *>(widget)
         || qobject_cast<const QTabBar *>(widget) || widget->inherits("QwtPlotCanvas");
+}
+
+//! Returns the highlight, nearer to the colour of texts where it is pale.
+QColor ringColor(const QPalette &palette)
+{
+    const QColor highlight = palette.color(QPalette::Highlight);
+    return highlightContrast(palette) < clearly
+        ? Look::mixed(highlight, palette.color(QPalette::WindowText), 0.4)
+        : highlight;
 }
 
 QRect markedPart(const QWidget *widget)
@@ -74,7 +94,10 @@ void FocusRing::mark(QWidget *focused)
     m_ring = new QWidget(focused);
     m_ring->setObjectName(QStringLiteral("focusRing"));
     m_ring->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_ring->setBackgroundRole(QPalette::Highlight);
+    QPalette colors = focused->window()->palette();
+    colors.setColor(QPalette::Window, ringColor(colors));
+    m_ring->setPalette(colors);
+    m_ring->setBackgroundRole(QPalette::Window); // and not that of the button around it
     m_ring->setAutoFillBackground(true);
     place();
     m_ring->show();

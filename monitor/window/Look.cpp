@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Monitor {
@@ -59,6 +60,25 @@ QColor mixed(const QColor &first, const QColor &second, double share)
     return {mix(first.red(), second.red()),
             mix(first.green(), second.green()),
             mix(first.blue(), second.blue())};
+}
+
+namespace {
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](double share) {
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
+        + 0.0722 * linear(color.blueF());
+}
+
+} // namespace
+
+double contrast(const QColor &one, const QColor &other)
+{
+    const double a = luminance(one), b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
 void dress(QWidget *widget, State state)

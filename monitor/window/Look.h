@@ -34,6 +34,8 @@ QColor ink(State state);
 QColor word(State state, bool onDark);
 //! Returns ground and text of a state for a style sheet.
 QString styleSheet(State state);
+//! Returns how far two colours are apart, from 1 to 21 (WCAG 2.1, "contrast ratio").
+double contrast(const QColor &one, const QColor &other);
 //! Returns a colour between two: \a second at a \a share of 1, \a first at 0.
 QColor mixed(const QColor &first, const QColor &second, double share);
 //! Gives a widget the ground of a state, and text that is read on it.

@@ -54,7 +54,7 @@ inline QStringList paleParts(QWidget *window, int &looked)
         const QString text = label ? label->text()
             : button               ? button->text()
             : box                  ? box->currentText()
-            : line                 ? line->text()
+            : line                 ? line->text() + line->placeholderText()
                                    : QString();
         const bool hasSymbol = button && !button->icon().isNull();
         if (!part->isVisibleTo(window) || !part->isEnabled() || part->visibleRegion().isEmpty()

@@ -88,10 +88,10 @@ private Q_SLOTS:
         QVERIFY2(looked > 60, qPrintable(QString::number(looked)));
     }
 
-    //! The mark has the colour of the palette; that of a desktop is the choice of the person.
     void theFocusIsSeen_data()
     {
         QTest::addColumn<int>("choice");
+        QTest::newRow("as the desktop") << int(Appearance::Choice::Desktop);
         QTest::newRow("light") << int(Appearance::Choice::Light);
         QTest::newRow("dark") << int(Appearance::Choice::Dark);
     }

@@ -63,6 +63,7 @@ RVXScope::RVXScope(QWidget *parent)
     qRegisterMetaType<YScaleMode>("Corvale_Qt::RVXScope::YScaleMode");
     qRegisterMetaType<TimeAxis>("Corvale_Qt::RVXScope::TimeAxis");
     d->ui.setupUi(this);
+    d->bufferSizeRoom = new LabelRoom(d->ui.bufferSizeLabel);
     setFocusProxy(d->ui.plotView);
     d->setUpButtons();
     d->ui.scaleYCombo->addItems(yRangeTexts(PercentRanges));
@@ -250,6 +251,7 @@ void RVXScope::hideConfig(bool hide)
     Q_D(RVXScope);
     d->ui.saveButton->setVisible(!hide);
     d->ui.bufferSizeLabel->setVisible(!hide);
+    d->bufferSizeRoom->setVisible(!hide);
     d->ui.modeSelect->setVisible(!hide);
 }
 

@@ -346,8 +346,7 @@ void RVXScopePrivate::reserveBufferSizeWidth()
 {
     const QString widest =
         RVXScopePlotView::tr("%1 Samples").arg(RVXAbstractDeviceDataModel::maxBufferSize);
-    ui.bufferSizeLabel->setMinimumWidth(
-        ui.bufferSizeLabel->fontMetrics().horizontalAdvance(widest));
+    bufferSizeRoom->reserve(ui.bufferSizeLabel->fontMetrics().horizontalAdvance(widest));
 }
 
 bool RVXScopePrivate::save(const QString &fileName)

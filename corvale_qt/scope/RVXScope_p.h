@@ -8,6 +8,7 @@
 #include "corvale_qt/scope/PanelState_p.h"
 #include "corvale_qt/scope/PlotModeTabs_p.h"
 #include "corvale_qt/scope/RVXScope.h"
+#include "corvale_qt/widgets/LabelRoom_p.h"
 
 #include "ui_RVXScope.h"
 
@@ -67,6 +68,7 @@ public:
     RVXScope *const q_ptr;
     Q_DECLARE_PUBLIC(RVXScope)
     Ui::RVXScope ui{};
+    LabelRoom *bufferSizeRoom = nullptr; //!< a widget of the form
     QPointer<QAbstractItemModel> baseModel;
     RVXAveragingProxyModel *const averaging;
     RVXZeroingProxyModel *const zeroing;

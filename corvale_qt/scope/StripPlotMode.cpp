@@ -2,6 +2,7 @@
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
+#include "corvale_qt/scope/QuietScrollBar_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
@@ -144,6 +145,7 @@ StripRequest StripPlotMode::currentRequest() const
 void StripPlotMode::setScrollBar(const StripScrollBar &scrolling)
 {
     QScrollBar *bar = m_context.surface.scrollBar();
+    const QuietScrollBar quiet(*bar);
     m_scrollUnits = scrolling.units;
     bar->setRange(0, scrolling.maximum);
     bar->setPageStep(scrolling.pageStep);

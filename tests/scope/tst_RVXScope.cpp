@@ -6,6 +6,7 @@
 #include "tests/scope/FileDialogAnswer.h"
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/Mouse.h"
+#include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
 
@@ -495,6 +496,38 @@ private Q_SLOTS:
         QCOMPARE(saves, 1);
         QCOMPARE(panel.device.rowCount(), 2);
         QCOMPARE(window.hosts.join(' '), QString("Ctrl+S Ctrl+L"));
+    }
+
+    //! The number of samples changes with each reading. The window is not laid out for it, and no other control is painted.
+    void aReadingPaintsNoOtherControl()
+    {
+        DevicePanel panel(1, {{1, {5}}});
+        panel.plotView()->setTimeSpan(1.0);
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        double time =
+            1000.0; // so long after the first reading that the slider does not move for another one
+        const auto append = [&](int count) {
+            QVector<PanelDevice::Sample> samples;
+            for (int i = 0; i < count; ++i)
+                samples.append(PanelDevice::Sample{time += 0.001, {5}});
+            panel.device.append(samples);
+            for (int i = 0; i < 4; ++i)
+                QCoreApplication::processEvents();
+        };
+        append(20);
+        const PaintCounter button(panel.control("clearButton"));
+        const PaintCounter bar(panel.plotView()->horizontalScrollBar());
+        auto *const size = panel.control<QLabel>("bufferSizeLabel");
+        const PaintCounter number(size);
+        append(1);
+        append(1);
+        QCOMPARE(size->text(), QString("23 Samples"));
+        QCOMPARE(number.count, 2);
+        QCOMPARE(button.count, 0);
+        QCOMPARE(bar.count, 0);
+        size->setText("a text that is longer than any number of samples is");
+        append(1);
+        QVERIFY(size->width() >= size->sizeHint().width());
     }
 
     void tabOrder()

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+// Private: this header is not installed.
+
+#include <QSize>
+#include <QWidget>
+
+class QLabel;
+
+namespace Corvale_Qt {
+
+/*! The room of a label whose text changes often. Each text of a QLabel that lies in a layout has the whole window laid out anew, which
+    paints more than the label; this one only if the label needs more room than it ever had. */
+class LabelRoom : public QWidget
+{
+public:
+    //! Takes the place of \a label in the layout of its parent, and becomes its parent.
+    explicit LabelRoom(QLabel *label);
+
+    //! Sets the room to \a width, which is wide enough for usual texts, and to the height of a text.
+    void reserve(int width);
+    QSize sizeHint() const override { return m_room; }
+    QSize minimumSizeHint() const override { return m_room; }
+
+protected:
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QLabel *const m_label;
+    QSize m_room;
+};
+
+} // namespace Corvale_Qt

@@ -7,9 +7,9 @@
 #include "monitor/window/Look.h"
 #include "monitor/window/StaleMarks.h"
 #include "monitor/window/ValueDelegate.h"
+#include "monitor/window/ValueTable.h"
 #include <corvale_qt/proxies/RVXLatestPlotDataProxyModel.h>
 #include <corvale_qt/proxies/RVXZeroingProxyModel.h>
-#include <corvale_qt/widgets/RVXTableView.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -31,7 +31,7 @@ LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     , m_latest(new Corvale_Qt::RVXLatestPlotDataProxyModel(this))
     , m_marks(new StaleMarks(this))
     , m_baseline(new QLabel(this))
-    , m_table(new Corvale_Qt::RVXTableView(this))
+    , m_table(new ValueTable(this))
 {
     m_latest->setSiPrefix(true);
     m_zeroed->setSourceModel(&session.model());

@@ -9,7 +9,6 @@ class QModelIndex;
 
 namespace Corvale_Qt {
 class RVXLatestPlotDataProxyModel;
-class RVXTableView;
 class RVXZeroingProxyModel;
 } // namespace Corvale_Qt
 
@@ -18,6 +17,7 @@ namespace Monitor {
 class Baseline;
 class Session;
 class StaleMarks;
+class ValueTable;
 
 /*! The newest value of each channel, with a check box that shows the channel in the plots. Enter toggles the box,
     because Space pauses. */
@@ -53,7 +53,7 @@ private:
     Corvale_Qt::RVXLatestPlotDataProxyModel *m_latest;
     StaleMarks *m_marks;
     QLabel *m_baseline;
-    Corvale_Qt::RVXTableView *m_table;
+    ValueTable *m_table;
 };
 
 } // namespace Monitor

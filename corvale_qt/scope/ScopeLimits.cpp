@@ -20,6 +20,7 @@ constexpr LimitState kLimits[] = {LimitState::LowAlarm,
                                   LimitState::HighAlarm};
 
 constexpr int kMostChanges = 10000;
+constexpr int kJudgedAtOnce = 512; // rows
 
 } // namespace
 
@@ -86,31 +87,35 @@ void ScopeLimits::note(int channel, LimitState state)
         m_cut.insert(channel, state);
 }
 
-void ScopeLimits::add(int channel, LimitWatch &watch, RowRange rows)
-{
-    constexpr int chunk = 512;
-    double x[chunk];
-    double values[chunk];
-    const PlotDataReader reader = m_model.reader();
-    for (int row = rows.first; row <= rows.last; row += chunk) {
-        const int count = std::min(chunk, rows.last - row + 1);
-        reader.read(0, row, count, x);
-        reader.read(channel, row, count, values);
-        for (int i = 0; i < count; ++i) {
-            if (watch.add(x[i], values[i]))
-                note(channel, watch.state());
-        }
-    }
-}
-
 void ScopeLimits::judge(RowRange rows)
 {
     if (m_watches.isEmpty())
         return;
     const int channels = m_model.channelCount();
-    for (auto watch = m_watches.begin(); watch != m_watches.end() && watch.key() <= channels;
-         ++watch)
-        add(watch.key(), *watch, rows);
+    const PlotDataReader reader = m_model.reader();
+    double x[kJudgedAtOnce];
+    for (int row = rows.first; row <= rows.last; row += kJudgedAtOnce) {
+        const RowRange part{row, std::min(row + kJudgedAtOnce - 1, rows.last)};
+        reader.read(0, row, part.size(), x);
+        for (auto watch = m_watches.begin(); watch != m_watches.end() && watch.key() <= channels;
+             ++watch)
+            add(reader, watch.key(), *watch, part, x);
+    }
+}
+
+//! Judges rows, of which there are kJudgedAtOnce at most, at the times \a x.
+void ScopeLimits::add(const PlotDataReader &reader,
+                      int channel,
+                      LimitWatch &watch,
+                      RowRange rows,
+                      const double *x)
+{
+    double values[kJudgedAtOnce];
+    reader.read(channel, rows.first, rows.size(), values);
+    for (int i = 0; i < rows.size(); ++i) {
+        if (watch.add(x[i], values[i]))
+            note(channel, watch.state());
+    }
 }
 
 void ScopeLimits::judgeAnew()

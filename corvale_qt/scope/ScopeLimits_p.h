@@ -18,6 +18,7 @@ class QwtPlot;
 
 namespace Corvale_Qt {
 
+class PlotDataReader;
 class ScopeAxes;
 class ScopeModel;
 
@@ -63,7 +64,11 @@ public:
 
 private:
     LimitWatch watchAnew(int channel, const ChannelLimits &limits) const;
-    void add(int channel, LimitWatch &watch, RowRange rows);
+    void add(const PlotDataReader &reader,
+             int channel,
+             LimitWatch &watch,
+             RowRange rows,
+             const double *x);
     void note(int channel, LimitState state);
     template<typename LineOf>
     void show(LineOf lineOf);

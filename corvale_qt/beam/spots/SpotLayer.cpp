@@ -98,12 +98,17 @@ public:
                 bands[size_t(band)].push_back(row);
             m_stale |= pixels;
         }
+        const bool isAnew = m_stale == m_image.rect();
         QRect part(0, 0, m_image.width(), height);
         for (const std::vector<int> &rows : bands) {
             for (const int row : rows)
                 m_shades.add(spots.at(row), part);
+            if (isAnew) // while the shades are in the cache
+                m_shades.paint(m_image, part & m_image.rect());
             part.translate(0, height);
         }
+        if (isAnew)
+            m_stale = QRect();
     }
 
     bool redraw(const SpotList &spots, const QRectF &changed) override

@@ -11,7 +11,7 @@ namespace Corvale_Qt {
 namespace {
 
 //! With fewer ranges, comparing each with each costs nothing.
-constexpr int fewRanges = 64;
+constexpr std::size_t fewRanges = 64;
 
 //! Neighbouring rows, from the first to the last.
 struct Span
@@ -87,11 +87,11 @@ Spans without(const Spans &all, const Spans &others)
     return left;
 }
 
-//! Replaces \a before, what is selected, and emits the difference as the selection model would.
+//! Replaces \a before, what is selected, by \a rows and emits the difference as the selection model would.
 void replace(QItemSelectionModel &selection,
              const Table &table,
              const QItemSelection &before,
-             const QItemSelection &rows,
+             const Spans &rows,
              QItemSelectionModel::SelectionFlags command)
 {
     {
@@ -99,9 +99,12 @@ void replace(QItemSelectionModel &selection,
         const QSignalBlocker quiet(&selection);
         selection.select(QItemSelection(), QItemSelectionModel::Clear);
         command.setFlag(QItemSelectionModel::Clear, false);
-        selection.select(rows, command);
+        selection.select(table.selectionOf(rows), command);
     }
-    const Spans last = spansOf(before), now = spansOf(selection.selection());
+    // What is selected now is known: asking for it would copy thousands of ranges several times.
+    const bool selects = command & (QItemSelectionModel::Select | QItemSelectionModel::Toggle)
+        && !command.testFlag(QItemSelectionModel::Deselect);
+    const Spans last = spansOf(before), now = selects ? rows : Spans();
     const Spans added = without(now, last), removed = without(last, now);
     if (!added.empty() || !removed.empty())
         Q_EMIT selection.selectionChanged(table.selectionOf(added), table.selectionOf(removed));
@@ -117,7 +120,7 @@ void selectRows(QItemSelectionModel &selection,
     const QAbstractItemModel &model = *selection.model();
     const bool wholeRows = command.testFlag(QItemSelectionModel::Rows);
     const Table table{model, parent, wholeRows ? model.columnCount(parent) - 1 : 0};
-    const QItemSelection chosen = table.selectionOf(spansOf(rows));
+    const Spans chosen = spansOf(rows);
     // The selection model would make rows of these ranges again, and compare each with each.
     command.setFlag(QItemSelectionModel::Rows, false);
     // A class derived from it may have signals of its own.
@@ -133,7 +136,7 @@ void selectRows(QItemSelectionModel &selection,
             return;
         }
     }
-    selection.select(chosen, command);
+    selection.select(table.selectionOf(chosen), command);
 }
 
 } // namespace Corvale_Qt

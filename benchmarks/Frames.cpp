@@ -15,6 +15,7 @@
 
 #include <QPainter>
 
+#include <array>
 #include <cmath>
 #include <numeric>
 
@@ -115,9 +116,9 @@ public:
     }
 
     //! Draws with as many device pixels to a pixel, along each axis, as \a ratio says.
-    QImage draw(int ratio = 1) { return drawItem(m_picture, ratio); }
+    const QImage &draw(int ratio = 1) { return drawItem(m_picture, ratio); }
     //! Draws the same cells with stock Qwt.
-    QImage drawStock(int ratio) { return drawItem(m_stock, ratio); }
+    const QImage &drawStock(int ratio) { return drawItem(m_stock, ratio); }
     QImage drawSlowly() const
     {
         QImage image(canvasSide, canvasSide, QImage::Format_RGB32);
@@ -133,10 +134,16 @@ public:
     }
 
 private:
-    QImage drawItem(const QwtPlotItem &item, int ratio)
+    static QImage emptyCanvas(int ratio)
     {
         QImage image(ratio * QSize(canvasSide, canvasSide), QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
+        return image;
+    }
+    //! Draws on a canvas that stays, as that of a window does: new memory for each frame would cost more than the picture.
+    const QImage &drawItem(const QwtPlotItem &item, int ratio)
+    {
+        QImage &image = m_canvases[size_t(ratio - 1)];
         image.fill(Qt::black);
         QPainter painter(&image);
         item.draw(&painter, m_x, m_y, QRectF(0, 0, canvasSide, canvasSide));
@@ -160,6 +167,7 @@ private:
     const QwtScaleMap m_y;
     const std::unique_ptr<QwtLinearColorMap> m_colors;
     const QwtInterval m_range{0.0, 200.0};
+    std::array<QImage, 2> m_canvases{emptyCanvas(1), emptyCanvas(2)};
     CellPicture m_picture;
     QwtPlotSpectrogram m_stock;
 };

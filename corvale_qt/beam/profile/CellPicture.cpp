@@ -5,7 +5,6 @@
 
 #include <qwt_scale_map.h>
 
-#include <QImage>
 #include <QPainter>
 
 #include <algorithm>
@@ -221,15 +220,18 @@ void CellPicture::draw(QPainter *painter,
         && std::none_of(m_values.begin(), m_values.end(), [](double value) {
                               return std::isnan(value);
                           });
-    QImage image(size, hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32);
+    const QImage::Format format = hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32;
+    // Megabytes of new memory would cost more than the picture.
+    if (m_image.size() != size || m_image.format() != format)
+        m_image = QImage(size, format);
     std::vector<double> values(columns.size());
     std::vector<QRgb> colors(size_t(m_columns.count()));
     for (int y = 0; y < size.height(); ++y) {
         const Place &row = rows[size_t(y)];
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        auto *line = reinterpret_cast<QRgb *>(m_image.scanLine(y));
         const bool repeats = y > 0 && rows[size_t(y) - 1].cell == row.cell;
         if (repeats && (row.cell < 0 || !m_smoothing)) {
-            std::copy_n(reinterpret_cast<const QRgb *>(image.constScanLine(y - 1)),
+            std::copy_n(reinterpret_cast<const QRgb *>(m_image.constScanLine(y - 1)),
                         size.width(),
                         line);
             continue;
@@ -256,8 +258,8 @@ void CellPicture::draw(QPainter *painter,
             });
         }
     }
-    image.setDevicePixelRatio(ratio);
-    painter->drawImage(canvasRect.topLeft(), image);
+    m_image.setDevicePixelRatio(ratio);
+    painter->drawImage(canvasRect.topLeft(), m_image);
 }
 
 CellEdges cellEdges(const DetectorLayout &layout, bool alongX)

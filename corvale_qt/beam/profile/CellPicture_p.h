@@ -8,6 +8,7 @@
 #include <qwt_color_map.h>
 #include <qwt_plot_item.h>
 
+#include <QImage>
 #include <QVector>
 
 #include <memory>
@@ -82,6 +83,7 @@ private:
     ColorTable m_table; //!< of the map, if it is a linear one
     bool m_isTabled = false;
     bool m_smoothing = false;
+    mutable QImage m_image; //!< of the last picture, whose memory the next one uses
 };
 
 //! Returns the edges of a detector's cells along x or, if \a alongX is false, along y.

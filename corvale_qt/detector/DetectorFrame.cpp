@@ -116,13 +116,15 @@ void takeSums(const DetectorFrame &frame, Axis axis, BeamProfile &profile)
     const bool alongX = axis == Axis::X;
     profile.readings.fill(0, alongX ? image.columns : image.rows);
     double *sums = profile.readings.data();
+    const double *charge = image.charges.constData();
     for (int r = 0; r < image.rows; ++r) {
-        for (int c = 0; c < image.columns; ++c) {
-            const int cell = r * image.columns + c;
-            sums[alongX ? c : r] += image.charges[cell];
-            if (has(frame, cell, CellFlag::Saturated))
-                profile.setFlag(alongX ? c : r, CellFlag::Saturated);
-        }
+        for (int c = 0; c < image.columns; ++c)
+            sums[alongX ? c : r] += *charge++;
+    }
+    for (int cell = 0; cell < frame.flags.size(); ++cell) {
+        if (frame.flags[cell].testFlag(CellFlag::Saturated))
+            profile.setFlag(alongX ? cell % image.columns : cell / image.columns,
+                            CellFlag::Saturated);
     }
     profile.shareOfHoles = shareOfHoles(frame, image);
     // The image holds charges, also where the readings are densities.

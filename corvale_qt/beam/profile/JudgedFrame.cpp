@@ -146,11 +146,13 @@ void fillMatrixRaster(JudgedFrame &frame)
 {
     const DetectorFrame &cells = frame.cells;
     frame.beam.raster = cells.values;
+    double &max = frame.beam.calc.max;
+    const bool anyUnwired = cells.layout.unwiredCells() > 0;
     for (int cell = 0; cell < cells.values.size(); ++cell) {
-        if (cells.layout.readingAt(cell) < 0)
+        if (anyUnwired && cells.layout.readingAt(cell) < 0)
             frame.beam.raster[cell] = std::nan("");
         else
-            frame.beam.calc.max = std::max(frame.beam.calc.max, cells.values[cell]);
+            max = std::max(max, cells.values[cell]);
     }
 }
 

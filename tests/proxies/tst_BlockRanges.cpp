@@ -63,14 +63,14 @@ private Q_SLOTS:
                 stack.model.Clear();
             else
                 stack.model.setData(stack.model.index(0, 1), Qt::Unchecked, Qt::CheckStateRole);
-            compare(stack);
+            compare(stack, step % 3 == 2);
             if (QTest::currentTestFailed())
                 QFAIL(qPrintable(QString("step %1: %2").arg(step).arg(what)));
         }
     }
 
 private:
-    void compare(Stack &stack)
+    void compare(Stack &stack, bool all)
     {
         const int rows = stack.model.rowCount() - 1;
         for (const RVXAbstractPlotDataModel *model :
@@ -78,7 +78,7 @@ private:
               static_cast<const RVXAbstractPlotDataModel *>(&stack.averaging),
               static_cast<const RVXAbstractPlotDataModel *>(&stack.zeroing)}) {
             for (int i = 0; i < 6 && rows > 0; ++i) {
-                const int length = std::min(rows, i == 0 ? rows : 1 + stack.below(3000));
+                const int length = std::min(rows, all && i == 0 ? rows : 1 + stack.below(3000));
                 const int first = 1 + stack.below(rows - length + 1);
                 const RVXSeriesData series(*model, 1, first, first + length - 1);
                 QCOMPARE(series.boundingRect(), boundsByHand(series));

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Devices merged with their own averages and zeros, and an average of it all: every number after every step of a long
 // random history. CORVALE_QT_TEST_STEPS in the environment sets the number of steps, for runs under a sanitizer.
+#include "corvale_qt/models/RVXBulkPlotData.h"
 #include "tests/proxies/Averages.h"
 #include "tests/proxies/ProxyTest.h"
 
 #include <QPointer>
+
+#include <vector>
 
 using namespace Corvale_Qt;
 
@@ -131,7 +134,7 @@ public:
                     return QStringLiteral("average of row %1, channel %2").arg(row).arg(c);
             }
         }
-        return account->error();
+        return account->error() + differenceInBulk();
     }
 
     //! Deletes all models one after the other, while listeners read from those that are left.
@@ -156,6 +159,19 @@ public:
     QString act;
 
 private:
+    //! Returns where a chunk that reaches beyond the rows at both ends has other numbers than the cells.
+    QString differenceInBulk() const
+    {
+        std::vector<double> chunk(size_t(merged->rowCount()) + 3);
+        for (int column = 0; column <= columns.size(); ++column) {
+            RVXBulkPlotData::of(merged.get())->read(column, -1, int(chunk.size()), chunk.data());
+            for (size_t i = 0; i < chunk.size(); ++i) {
+                if (!same(chunk[i], merged->doubleData(int(i) - 1, column)))
+                    return QStringLiteral("chunk of channel %1, row %2").arg(column).arg(i - 1);
+            }
+        }
+        return QString();
+    }
     void add(QAbstractItemModel *model)
     {
         merged->addSourceModel(model, channel);

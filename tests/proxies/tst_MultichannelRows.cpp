@@ -161,7 +161,14 @@ private Q_SLOTS:
                 }
             }
         };
-        for (int n = 1; n <= capacity + 50; ++n) {
+        for (int i = 0; i < 3; ++i) {
+            models[i].setAutoUpdate(false);
+            for (int n = 1; n <= capacity - 20; ++n)
+                tick(i, n);
+            models[i].UpdateView();
+            models[i].setAutoUpdate(true);
+        }
+        for (int n = capacity - 19; n <= capacity + 50; ++n) {
             for (int i = 0; i < 3; ++i)
                 tick(i, n);
         }

@@ -146,6 +146,16 @@ private Q_SLOTS:
         QCOMPARE(labels.removeDuplicates(), 0);
     }
 
+    void longAfterTheStartTicksCanBeToldApart()
+    {
+        ModelView view(1);
+        for (int i = 0; i < 300; ++i)
+            view.model.append({{604800.0 + i * 0.01, 1.0}}); // a week
+        QStringList labels = labelsOf(view, QwtPlot::xBottom);
+        QVERIFY(labels.size() > 2);
+        QCOMPARE(labels.removeDuplicates(), 0);
+    }
+
     void signsStandInFrontInEveryDirection()
     {
         QVector<QImage> pictures;

@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/RVXBulkPlotData.h"
-#include "corvale_qt/models/RVXMultichannelDeviceModel.h"
-#include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
-#include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TextTable.h"
-
-#include <algorithm>
-#include <typeinfo>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -68,39 +61,6 @@ public:
             return QString();
         const int last = int(shown[0]->dataSize()) - 1;
         return QString("%1..%2").arg(shown[0]->sample(0).x()).arg(shown[0]->sample(last).x());
-    }
-};
-
-//! A host's model with rows at seconds 50 to 59, and older readings in five blocks of ten seconds.
-class RememberingModel : public ScopeTestModel, public RVXBulkPlotData, public RVXPlotHistory
-{
-public:
-    RememberingModel()
-        : ScopeTestModel(1)
-    {
-        QVector<Row> rows;
-        for (int second = 50; second < 60; ++second)
-            rows.append({double(second), 1.0});
-        append(rows);
-    }
-    const std::type_info &vouchedType() const override { return typeid(RememberingModel); }
-    void read(int column, int firstRow, int count, double *out) const override
-    {
-        for (int i = 0; i < count; ++i)
-            out[i] = doubleData(firstRow + i, column);
-    }
-    bool xRises() const override { return true; }
-    int levels() const override { return 1; }
-    qint64 firstBlock(int) const override { return 0; }
-    qint64 endBlock(int) const override { return 5; }
-    Interval interval(int, qint64 block) const override
-    {
-        return {10.0 * block, 10.0 * block + 9.0, 10 * block, 10, 1.0F};
-    }
-    bool read(int, int, qint64, int count, Block *out) const override
-    {
-        std::fill_n(out, count, Block{0.0, 2.0, 1.0, 10});
-        return true;
     }
 };
 
@@ -578,73 +538,6 @@ private Q_SLOTS:
         QVERIFY(read().endsWith(", sum: 3 A"));
         view.setCursorEnabled(false);
         QCOMPARE(read(), QString());
-    }
-
-    //! Arrow keys take a marker through the blocks of older readings and back to the rows, and leave out no reading.
-    void arrowsWalkThroughBlocks()
-    {
-        RVXMultichannelDeviceModel model(1);
-        model.setCapacity(100);
-        model.setHistorySpan(1e9);
-        model.setHistoryMemory(1); // few blocks of each level, so that all levels are visited
-        constexpr int rows = 30000;
-        for (int row = 0; row < rows; ++row) // with an outage in the middle
-            model.appendRows({row < rows / 2 ? row : row + 5000.0}, {double(row)});
-        ScopeTestView view(&model);
-        view.setTimeSpan(qInf());
-        view.enablePlotMarker(true);
-        view.SelectPoint1(QPointF(model.doubleData(3, 0), 0.0));
-        view.settle();
-        const auto press = [&view](Qt::Key key) {
-            QTest::keyClick(&view, key);
-            // The first and the last reading that the marker stands on.
-            static const QRegularExpression block("\n(\\d+) to (\\d+)\nof \\d+ readings");
-            const auto found = block.match(view.markerText(0));
-            const int row = int(view.markerStatistics().first.reading);
-            return found.hasMatch()
-                ? qMakePair(found.captured(1).toInt(), found.captured(2).toInt())
-                : qMakePair(row, row);
-        };
-        QPair<int, int> at(rows - 98, rows - 98); // row 3 of the model
-        int presses = 0;
-        for (; at.first > 0 && presses < 2000; ++presses) {
-            const auto next = press(Qt::Key_Left);
-            QVERIFY2(next.first < at.first && next.second >= at.first - 1,
-                     qPrintable(view.markerText(0)));
-            at = next;
-        }
-        QCOMPARE(at.first, 0);
-        QCOMPARE(press(Qt::Key_Left), at); // there is nothing older
-        for (; at.second < rows - 98 && presses < 4000; ++presses) {
-            const auto next = press(Qt::Key_Right);
-            QVERIFY2(next.second > at.second && next.first <= at.second + 1,
-                     qPrintable(view.markerText(0)));
-            at = next;
-        }
-        QCOMPARE(view.markerStatistics().first.row, 3);
-        QTest::keyClick(&view, Qt::Key_Left, Qt::ShiftModifier); // 2 rows and 8 blocks
-        QCOMPARE(view.markerStatistics().first.row, 0);
-        QTest::keyClick(&view, Qt::Key_Right, Qt::ShiftModifier);
-        QCOMPARE(view.markerStatistics().first.row, 3);
-    }
-
-    //! All rows of a host's model may leave while its blocks stay; there is nothing behind the newest block then.
-    void arrowsEndWithTheBlocksWithoutRows()
-    {
-        RememberingModel model;
-        ScopeTestView view(&model);
-        view.setTimeSpan(qInf());
-        view.enablePlotMarker(true);
-        view.SelectPoint1(QPointF(35.0, 0.0));
-        view.settle();
-        QCOMPARE(view.markerX(0), 35.0);
-        model.remove(1, model.rowCount() - 1);
-        for (int presses = 0; presses < 3; ++presses)
-            QTest::keyClick(&view, Qt::Key_Right);
-        QCOMPARE(view.plotMarker(0)->xValue(), 40.0); // where the newest block begins
-        view.settle();
-        QTest::keyClick(&view, Qt::Key_Right, Qt::ShiftModifier);
-        QVERIFY(!view.hasMarker(0));
     }
 };
 

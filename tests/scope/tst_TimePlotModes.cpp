@@ -385,21 +385,6 @@ private Q_SLOTS:
         QCOMPARE(view.xText(), QString("100..199"));
     }
 
-    void longAfterTheStartTicksCanBeToldApart()
-    {
-        ModelView view(1);
-        const double week = 604800.0;
-        for (int i = 0; i < 300; ++i)
-            view.model.append({{week + i * 0.01, 1.0}});
-        view.settle();
-        const QwtScaleDraw *draw = view.qwtPlot()->axisScaleDraw(QwtPlot::xBottom);
-        QStringList labels;
-        for (double tick : draw->scaleDiv().ticks(QwtScaleDiv::MajorTick))
-            labels << draw->label(tick).text();
-        QVERIFY(labels.size() > 2);
-        QCOMPARE(labels.removeDuplicates(), 0);
-    }
-
     void outagesAreShaded()
     {
         for (const int mode : {View::StripMode, View::ScopeMode}) {

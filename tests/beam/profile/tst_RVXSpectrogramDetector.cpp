@@ -98,13 +98,7 @@ struct DetectorDisplay : BeamDisplay
         check(box, false);
         const QImage without = canvas();
         check(box, true);
-        const QImage with = canvas();
-        QRect bounds;
-        forEachPixel(with, [&](int x, int y) {
-            if (with.pixel(x, y) != without.pixel(x, y))
-                bounds |= QRect(x, y, 1, 1);
-        });
-        return QRectF(bounds).center();
+        return QRectF(differingArea(canvas(), without)).center();
     }
 
     DetectorLayout layout;
@@ -232,29 +226,26 @@ private Q_SLOTS:
 
     void verdictsAreSaidOnlyOfWhatDescribesTheData_data()
     {
-        columns<QString, QString, QString>("readings", "verdict", "reason");
-        row("a beam", "beam", "DATA VALID", "");
-        row("pedestal of 20 %, regression", "pedestal", "DATA VALID, FIT POOR", "residuals");
-        row("flat field", "flat", "DATA NOT VALID", "");
-        row("dark", "dark", "DATA NOT VALID", "");
-        row("one hot wire alone", "hot", "DATA NOT VALID", "");
+        const DetectorLayout layout = DetectorLayout::fromDescription(harp());
+        QVector<double> hot(32, 0.0);
+        hot[4] = hot[20] = 1e-9;
+        columns<QVector<double>, QString, QString>("frame", "verdict", "reason");
+        row("a beam", beam(layout, {3, 2}, {5, 5}), "DATA VALID", "");
+        row("pedestal of 20 %, regression",
+            beam(layout, {3, 2}, {5, 5}, 1e-9, 2e-10),
+            "DATA VALID, FIT POOR",
+            "residuals");
+        row("flat field", QVector<double>(32, 1e-9), "DATA NOT VALID", "");
+        row("dark", QVector<double>(32, 0.0), "DATA NOT VALID", "");
+        row("one hot wire alone", hot, "DATA NOT VALID", "");
     }
     void verdictsAreSaidOnlyOfWhatDescribesTheData()
     {
-        QFETCH(QString, readings);
+        QFETCH(QVector<double>, frame);
         QFETCH(QString, verdict);
         QFETCH(QString, reason);
         DetectorDisplay display(harp());
         QVERIFY(display.feedBeam({3, 2}, {5, 5}).valid);
-        QVector<double> frame(32, 0.0);
-        if (readings == "beam")
-            frame = beam(display.layout, {3, 2}, {5, 5});
-        else if (readings == "pedestal")
-            frame = beam(display.layout, {3, 2}, {5, 5}, 1e-9, 2e-10);
-        else if (readings == "flat")
-            frame.fill(1e-9);
-        else if (readings == "hot")
-            frame[4] = frame[20] = 1e-9;
         const SpectrogramCalc calc = display.feed(frame);
         const QStringList lines = display.validity().split('\n');
         QCOMPARE(lines.first(), verdict);
@@ -375,7 +366,7 @@ private Q_SLOTS:
         QVERIFY(near(current.peakInNoise / charge.peakInNoise, 1, 1e-9));
     }
 
-    //! A setting holds for the frame on the screen at once, and whoever follows the numbers hears of it.
+    //! A setting takes effect on the frame on the screen at once, and the new numbers are announced.
     void settingsHoldForTheShownFrame()
     {
         for (const bool sidebar : {true, false}) {

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -86,26 +84,6 @@ private Q_SLOTS:
             fresh.assign(plain);
             QCOMPARE(textOf(list), textOf(fresh));
         }
-    }
-
-    void squaresKeepTheirCentre()
-    {
-        QCOMPARE(makeSquare(QRectF(0, 0, 4, 10)), QRectF(-3, 0, 10, 10));
-        QCOMPARE(makeSquare(QRect(0, 0, 4, 10)), QRect(-3, 0, 10, 10));
-        QCOMPARE(makeSquare(QRectF()), QRectF());
-    }
-
-    void picturesFitTheViewport()
-    {
-        const QRectF square(-5, -5, 10, 10);
-        const std::tuple<QRect, QRectF, QRect> cases[] = {
-            {{0, 0, 300, 160}, square, {70, 0, 160, 160}},
-            {{0, 0, 160, 300}, square, {0, 70, 160, 160}},
-            {{0, 0, 301, 200}, square, {51, 0, 199, 200}}, // half a pixel is rounded up
-            {{0, 0, 300, 160}, QRectF(), {70, 0, 160, 160}},
-            {{0, 0, 0, 160}, square, QRect()}};
-        for (const auto &[viewport, bounds, picture] : cases)
-            QCOMPARE(pictureRect(viewport, bounds), picture);
     }
 
     void nearestIsWithinItsOwnSigma()

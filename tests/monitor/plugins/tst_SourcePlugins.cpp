@@ -15,7 +15,9 @@
 #include <cmath>
 #include <thread>
 
-Q_DECLARE_METATYPE(std::function<void(CorvaleMonitor::SourceReceiver &)>)
+using CorvaleMonitor::SourceReceiver;
+using Script = std::function<void(SourceReceiver &)>;
+Q_DECLARE_METATYPE(Script)
 
 using namespace Monitor;
 using CorvaleMonitor::SourceState;
@@ -29,7 +31,7 @@ class ScriptedPlugin : public CorvaleMonitor::SourcePlugin
 public:
     QString check(const QString &) const override { return {}; }
     std::unique_ptr<CorvaleMonitor::SourceConnection>
-    open(const QString &, const std::shared_ptr<CorvaleMonitor::SourceReceiver> &to) override
+    open(const QString &, const std::shared_ptr<SourceReceiver> &to) override
     {
         receiver = to;
         return std::make_unique<CorvaleMonitor::SourceConnection>();
@@ -39,7 +41,7 @@ public:
         receiver->add(1, &time, values.data());
     }
 
-    std::shared_ptr<CorvaleMonitor::SourceReceiver> receiver;
+    std::shared_ptr<SourceReceiver> receiver;
 };
 
 //! A source of that plugin, open.
@@ -47,7 +49,7 @@ struct Scripted
 {
     Scripted() { source->start(); }
     //! Delivers from another thread, as plugins do, and lets the source take it.
-    void deliver(const std::function<void(CorvaleMonitor::SourceReceiver &)> &script)
+    void deliver(const Script &script)
     {
         std::thread([&] {
             script(*plugin.receiver);
@@ -167,85 +169,79 @@ private Q_SLOTS:
         qputenv("EPICS_CA_AUTO_ADDR_LIST", "NO");
     }
 
+    void init()
+    {
+        const bool needsLibrary = QByteArray(QTest::currentTestFunction()).startsWith("epics");
+        if (needsLibrary && !hasEpics())
+            QSKIP("libca is not installed (scripts/install-dependencies test)");
+    }
+
     void deliveries_data()
     {
-        using Receiver = CorvaleMonitor::SourceReceiver;
-        columns<std::function<void(Receiver &)>, QString>("script", "heard");
-        const auto one = [](Receiver &to, double time, const std::vector<double> &values) {
+        columns<Script, QString>("script", "heard");
+        const auto one = [](SourceReceiver &to, double time, const std::vector<double> &values) {
             to.add(1, &time, values.data());
         };
-        const auto newRow =
-            [](const char *name, const std::function<void(Receiver &)> &script, const char *heard) {
-                QTest::newRow(name) << script << QString(heard);
-            };
-        newRow(
-            "channels",
-            [=](Receiver &to) {
+        row("channels",
+            Script([=](SourceReceiver &to) {
                 to.begin(channels(2));
                 const double times[] = {0, 0.5};
                 const double values[] = {1, 2, 3, std::nan("")};
                 to.add(2, times, values);
                 to.note("WARNING a note");
                 one(to, 1, {4, 5});
-            },
+            }),
             "start channels c1:nA c2:nA | 0: 1 2 | 0.5: 3 - | event WARNING a note | 1: 4 5");
-        newRow(
-            "a plane of strips",
-            [=](Receiver &to) {
+        row("a plane of strips",
+            Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Strips, 3, 0));
                 one(to, 0, {1, 2, 3});
-            },
+            }),
             "start strips frames, strips 3 + 0, positions in cells, sum:pC max:pC x:cells "
             "sigma_x:cells | 0: 1 2 3");
-        newRow(
-            "a matrix",
-            [=](Receiver &to) {
+        row("a matrix",
+            Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Matrix, 3, 1));
                 one(to, 0, {1, 2, 3});
-            },
+            }),
             "start pixels frames, matrix 1 x 3, positions in cells, sum:pC max:pC x:cells "
             "sigma_x:cells y:cells sigma_y:cells | 0: 1 2 3");
-        newRow(
-            "times that go back, and one that is none",
-            [=](Receiver &to) {
+        row("times that go back, and one that is none",
+            Script([=](SourceReceiver &to) {
                 to.begin(channels(1));
                 for (const double time : {1.0, 2.0, 1.5, std::nan(""), 3.0})
                     one(to, time, {time});
-            },
+            }),
             "start channels c1:nA | refused 3 back | refused 4 unreadable | 1: 1 | 2: 2 | 3: 3");
-        newRow(
-            "readings before their stream",
-            [=](Receiver &to) {
+        row("readings before their stream",
+            Script([=](SourceReceiver &to) {
                 one(to, 0, {1});
                 to.begin(channels(1));
                 one(to, 1, {2});
-            },
+            }),
             "start channels c1:nA | 1: 2");
-        newRow(
-            "a matrix that is too large, and what follows it",
-            [=](Receiver &to) {
+        row("a matrix that is too large, and what follows it",
+            Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Matrix, 257, 2));
                 one(to, 0, std::vector<double>(514));
-            },
+            }),
             "");
-        newRow(
-            "a matrix whose number of values no machine can count",
-            [=](Receiver &to) {
+        row("a matrix whose number of values no machine can count",
+            Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Matrix, 1 << 30, 1 << 30));
                 one(to, 0, {1});
-            },
+            }),
             "");
-        newRow(
-            "no channels",
-            [](Receiver &to) {
+        row("no channels",
+            Script([](SourceReceiver &to) {
                 to.begin(channels(0));
-            },
+            }),
             "");
     }
 
     void deliveries()
     {
-        QFETCH(std::function<void(CorvaleMonitor::SourceReceiver &)>, script);
+        QFETCH(Script, script);
         QFETCH(QString, heard);
         Scripted scripted;
         scripted.deliver(script);
@@ -257,7 +253,7 @@ private Q_SLOTS:
     void clockThatWasSetBack()
     {
         Scripted scripted;
-        scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+        scripted.deliver([](SourceReceiver &to) {
             to.begin(channels(1));
             for (int i = 0; i < 12; ++i) {
                 const double time = i == 0 ? 100.0 : i;
@@ -271,7 +267,7 @@ private Q_SLOTS:
     void channelsBeyondTheMost()
     {
         Scripted scripted;
-        scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+        scripted.deliver([](SourceReceiver &to) {
             to.begin(channels(300));
             std::vector<double> values(300);
             for (std::size_t i = 0; i < values.size(); ++i)
@@ -292,14 +288,14 @@ private Q_SLOTS:
         for (const bool isReconnecting : {true, false}) {
             Scripted scripted;
             scripted.source->setReconnecting(isReconnecting);
-            scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+            scripted.deliver([](SourceReceiver &to) {
                 SourceStream stream = channels(1);
                 stream.onChange = true;
                 to.begin(stream);
                 to.setState(SourceState::Live, "live");
             });
             QVERIFY(scripted.source->isHolding()); // silence means nothing
-            scripted.deliver([](CorvaleMonitor::SourceReceiver &to) {
+            scripted.deliver([](SourceReceiver &to) {
                 to.setState(SourceState::Lost, "the server is gone");
             });
             QCOMPARE(scripted.source->state(), isReconnecting ? State::Retrying : State::Failed);
@@ -318,7 +314,7 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
 
         Scripted fast;
-        fast.deliver([](CorvaleMonitor::SourceReceiver &to) {
+        fast.deliver([](SourceReceiver &to) {
             to.begin(channels(1));
             const std::vector<double> zeros(PluginQueue::mostValues);
             to.add(1, zeros.data(), zeros.data());
@@ -375,7 +371,7 @@ private Q_SLOTS:
         QVERIFY(error.contains("install the package corvale-monitor-tango"));
     }
 
-    void addressesOfEpics()
+    void addressesOfVariables()
     {
         ManualClock clock;
         for (const char *address : {"ca:", "ca:A,,B", "ca:A B"}) {
@@ -393,8 +389,6 @@ private Q_SLOTS:
     //! Values of two variables side by side; what did not change keeps its value.
     void epicsChannels()
     {
-        if (!hasEpics())
-            QSKIP("libca is not installed (scripts/install-dependencies test)");
         Laboratory lab;
         lab.open("ca:POS,CUR");
         QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 1.5 20"), 15000);
@@ -426,8 +420,6 @@ private Q_SLOTS:
     //! A waveform with more values than a plane of strips may have is kept whole.
     void epicsWaveform()
     {
-        if (!hasEpics())
-            QSKIP("libca is not installed (scripts/install-dependencies test)");
         Laboratory lab;
         lab.open("ca:PROFILE");
         QTRY_VERIFY_WITH_TIMEOUT(!lab.log->times.isEmpty(), 15000);
@@ -441,17 +433,14 @@ private Q_SLOTS:
     void epicsThatCannotBeShown_data()
     {
         columns<QString, QString>("address", "why");
-        QTest::newRow("a waveform beside a value") << "ca:PROFILE,POS"
-                                                   << "cannot be read together";
-        QTest::newRow("more values than memory holds")
-            << "ca:ENDLESS"
-            << "ENDLESS has 2147483647 values; a window shows at most 65536";
+        row("a waveform beside a value", "ca:PROFILE,POS", "cannot be read together");
+        row("more values than memory holds",
+            "ca:ENDLESS",
+            "ENDLESS has 2147483647 values; a window shows at most 65536");
     }
 
     void epicsThatCannotBeShown()
     {
-        if (!hasEpics())
-            QSKIP("libca is not installed (scripts/install-dependencies test)");
         QFETCH(QString, address);
         QFETCH(QString, why);
         Laboratory lab;
@@ -463,8 +452,6 @@ private Q_SLOTS:
     //! Sources that are left in the midst of connecting, and one whose name is meant to confuse.
     void epicsSwitchedOften()
     {
-        if (!hasEpics())
-            QSKIP("libca is not installed (scripts/install-dependencies test)");
         Laboratory lab;
         for (int i = 0; i < 20; ++i) {
             lab.open(i % 2 ? "ca:POS,CUR" : "ca:PROFILE");
@@ -479,17 +466,14 @@ private Q_SLOTS:
         QCOMPARE(lab.log->sink.header().channels.first().name, QString("<b>%3</b>"));
         QVERIFY2(told.startsWith("<b>%3</b>: "), told);
         QVERIFY2(told.endsWith(':' + QByteArray::number(lab.port) + ", 1 x nA\n"), told);
-        QTRY_COMPARE_WITH_TIMEOUT(lab.server->subscriptions(),
-                                  1,
-                                  15000); // of the others, none is left
+        // Of the others, none is left.
+        QTRY_COMPARE_WITH_TIMEOUT(lab.server->subscriptions(), 1, 15000);
     }
 
     /*! A name that nobody has is reported, and the others are read; those come back after the server was killed. A waveform
         that comes back with another length begins another part. CORVALE_QT_RESTARTS is how often that happens, once without it: the library takes up to ten seconds to search again. */
     void epicsServerThatDies()
     {
-        if (!hasEpics())
-            QSKIP("libca is not installed (scripts/install-dependencies test)");
         Laboratory lab;
         lab.open("ca:POS,CUR,NOBODY");
         SourceFactory factory(lab.clock, {});
@@ -524,8 +508,6 @@ private Q_SLOTS:
     //! Variables of two servers, one of which only the list of addresses leads to, like one behind a gateway.
     void epicsAddressList()
     {
-        if (!hasEpics())
-            QSKIP("libca is not installed (scripts/install-dependencies test)");
         Laboratory lab;
         ChannelAccessServer::Variable distant;
         distant.values = {7};
@@ -544,8 +526,6 @@ private Q_SLOTS:
     //! A server that is stopped keeps its connections and answers nothing: it is missing until it goes on, and so are its values.
     void epicsServerThatIsStopped()
     {
-        if (!hasEpics())
-            QSKIP("libca is not installed (scripts/install-dependencies test)");
         Laboratory lab;
         qputenv("EPICS_CA_CONN_TMO", "1"); // seconds without a sign of life
         const auto restore = qScopeGuard([] {
@@ -565,29 +545,25 @@ private Q_SLOTS:
         lab.source.reset(); // and nobody waits for the server
     }
 
-    void epicsLibraryThatIsMissing_data()
+    void libraryThatIsMissing_data()
     {
-        columns<QStringList, QString>("files", "why");
+        columns<QString, QString>("files", "why");
         row("none",
-            QStringList{"libca",
-                        "libca.so",
-                        "libca.so.4.14.4",
-                        "libca.so.4.14.2",
-                        "libca.so.4.13.5"},
+            "libca libca.so libca.so.4.14.4 libca.so.4.14.2 libca.so.4.13.5",
             "the Channel Access client library (libca) was not found; install the package "
             "libca4.13.5, or set EPICS_BASE to the folder of an installation");
         row("another library",
-            QStringList(),
+            "",
             "base/lib/linux/libca.so is no Channel Access client library that can be used");
     }
 
     //! What the program says where that library is missing: files that are no libraries hide an installed one.
-    void epicsLibraryThatIsMissing()
+    void libraryThatIsMissing()
     {
-        QFETCH(QStringList, files);
+        QFETCH(QString, files);
         QFETCH(QString, why);
         const QTemporaryDir folder;
-        for (const QString &file : files)
+        for (const QString &file : files.split(' ', Qt::SkipEmptyParts))
             putFile(folder.filePath(file), "this is no library");
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

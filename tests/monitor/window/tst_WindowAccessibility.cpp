@@ -4,6 +4,7 @@
 #include "monitor/window/Appearance.h"
 #include "monitor/window/BigText.h"
 #include "monitor/window/EventLog.h"
+#include "monitor/window/TriggerDialog.h"
 #include "tests/monitor/support/Contrast.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/FocusMark.h"
@@ -40,6 +41,40 @@ private Q_SLOTS:
         QWidget *states = w.window.statusBar()->findChild<QLabel *>("notices");
         QVERIFY(heard(states, QAccessible::Name).contains("PAUSED"));
         QVERIFY(heard(states, QAccessible::Description).contains("Space"));
+    }
+
+    void theTriggerIsSetByKeyboard()
+    {
+        WindowInTest w(file("trigger.xui"));
+        w.source->begin(StreamKind::Channels, 2, "nA");
+        w.run(300);
+        QVERIFY(QTest::qWaitForWindowActive(&w.window));
+        QTest::keyClick(&w.window, Qt::Key_F7);
+        QCOMPARE(w.window.displays().currentDisplay(), QString("scope"));
+        auto *dialog = w.window.findChild<TriggerDialog *>();
+        QVERIFY(dialog->isVisible());
+        const auto type = [&](const char *field, const char *text) {
+            auto *edit = dialog->findChild<QLineEdit *>(field);
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        };
+        QTest::keyClick(dialog->findChild<QComboBox *>("mode"), 'N'); // Normal
+        QTest::keyClick(dialog->findChild<QComboBox *>("channel"), Qt::Key_Down);
+        QTest::keyClick(dialog->findChild<QComboBox *>("edge"), 'F');
+        type("level", "1000.5");
+        type("hysteresis", "0.5");
+        type("holdOff", "2");
+        const auto *view = w.window.displays().scope()->plotView();
+        const Corvale_Qt::SweepTrigger trigger = view->trigger();
+        QCOMPARE(trigger.mode, Corvale_Qt::SweepTrigger::Mode::Normal);
+        QCOMPARE(trigger.channel, 2);
+        QCOMPARE(trigger.edge, Corvale_Qt::SweepTrigger::Edge::Falling);
+        QCOMPARE(QPointF(trigger.level, trigger.hysteresis), QPointF(1000.5, 0.5));
+        QCOMPARE(trigger.holdOff, 2.0);
+        QCOMPARE(dialog->findChild<QLabel *>("state")->text(), QString("Armed"));
+        type("level", "1,5");
+        QVERIFY(dialog->findChild<QLabel *>("state")->text().contains("decimal point"));
+        QCOMPARE(view->trigger().level, 1.0); // what was typed before the comma
     }
 
     //! Text and symbols stand out from what is behind them, in the window and on the pages of its settings.

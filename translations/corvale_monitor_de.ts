@@ -146,6 +146,10 @@
         <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
         <translation>%1 Messwerte wurden aus den Anzeigen gelöscht. Eine Minute lang lassen sie sich zurückholen (%2).</translation>
     </message>
+    <message>
+        <source>%1 reading was cleared from the displays. For a minute it can be brought back (%2).</source>
+        <translation>%1 Messwert wurde aus den Anzeigen gelöscht. Eine Minute lang lässt er sich zurückholen (%2).</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::CommonTape</name>
@@ -208,6 +212,10 @@
     <message>
         <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
         <translation>%1 wird komprimiert. Auch ohne Warten geht nichts verloren.</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed, and one more file is waiting. Nothing is lost if you do not wait.</source>
+        <translation>%1 wird komprimiert, und eine weitere Datei wartet. Auch ohne Warten geht nichts verloren.</translation>
     </message>
 </context>
 <context>
@@ -573,6 +581,25 @@
     </message>
 </context>
 <context>
+    <name>Monitor::FirstHint</name>
+    <message>
+        <source>Do not show again</source>
+        <translation>Nicht mehr zeigen</translation>
+    </message>
+    <message>
+        <source>This beam is simulated.</source>
+        <translation>Dieser Strahl ist simuliert.</translation>
+    </message>
+    <message>
+        <source>This is %1.</source>
+        <translation>Das ist %1.</translation>
+    </message>
+    <message>
+        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
+        <translation> Datei &gt; Öffnen... spielt eine Aufzeichnung ab, Datei &gt; Verbinden... liest ein Gerät. Leertaste hält an, Strg+R zeichnet auf, F1 zeigt die ersten Schritte.</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::FrameFeeder</name>
     <message>
         <source>arb. units</source>
@@ -921,6 +948,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
         <translation>%1 Spalten nach den ersten %2 bleiben unberücksichtigt; ein Strom von Bildern darf mehr haben</translation>
     </message>
+    <message>
+        <source>%1 column beyond the first %2 is left out; a stream of frames may have more</source>
+        <translation>%1 Spalte nach den ersten %2 bleibt unberücksichtigt; ein Strom von Bildern darf mehr haben</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::LimitActions</name>
@@ -1223,6 +1254,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>PAUSED, 1 reading waits</source>
+        <translation>ANGEHALTEN, 1 Messwert wartet</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1253,10 +1288,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>%1 - Corvale Monitor</source>
         <translation>%1 - Corvale Monitor</translation>
-    </message>
-    <message>
-        <source>Do not show again</source>
-        <translation>Nicht mehr zeigen</translation>
     </message>
 </context>
 <context>
@@ -1879,6 +1910,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>%1: no reading has arrived yet</source>
         <translation>%1: noch ist kein Messwert gekommen</translation>
     </message>
+    <message>
+        <source>%1: %2 line could not be read: %3. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>%1: %2 Zeile war nicht lesbar: %3. Eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SourceSwitch</name>
@@ -1968,6 +2003,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>Einige Zeilen sind unbrauchbar; die erste ist %1</translation>
+    </message>
+    <message>
+        <source>Read as %1 channel, layout %2:</source>
+        <translation>Gelesen als %1 Kanal, Anordnung %2:</translation>
     </message>
 </context>
 <context>
@@ -3192,18 +3231,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
 </context>
 <context>
     <name>Monitor::WindowRun</name>
-    <message>
-        <source>This beam is simulated.</source>
-        <translation>Dieser Strahl ist simuliert.</translation>
-    </message>
-    <message>
-        <source>This is %1.</source>
-        <translation>Das ist %1.</translation>
-    </message>
-    <message>
-        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
-        <translation> Datei &gt; Öffnen... spielt eine Aufzeichnung ab, Datei &gt; Verbinden... liest ein Gerät. Leertaste hält an, Strg+R zeichnet auf, F1 zeigt die ersten Schritte.</translation>
-    </message>
     <message>
         <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
         <translation>%1 hat keine Daten für die Anzeige „%2“; --view scope zeigt Messwerte jeder Art</translation>

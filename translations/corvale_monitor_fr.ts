@@ -146,6 +146,10 @@
         <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
         <translation>%1 mesures ont été effacées des affichages. Pendant une minute, elles peuvent être rétablies (%2).</translation>
     </message>
+    <message>
+        <source>%1 reading was cleared from the displays. For a minute it can be brought back (%2).</source>
+        <translation>%1 mesure a été effacée des affichages. Pendant une minute, elle peut être rétablie (%2).</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::CommonTape</name>
@@ -208,6 +212,10 @@
     <message>
         <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
         <translation>%1 est en cours de compression. Rien n&apos;est perdu si vous n&apos;attendez pas.</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed, and one more file is waiting. Nothing is lost if you do not wait.</source>
+        <translation>%1 est en cours de compression, et un autre fichier attend. Rien n&apos;est perdu si vous n&apos;attendez pas.</translation>
     </message>
 </context>
 <context>
@@ -573,6 +581,25 @@
     </message>
 </context>
 <context>
+    <name>Monitor::FirstHint</name>
+    <message>
+        <source>Do not show again</source>
+        <translation>Ne plus montrer</translation>
+    </message>
+    <message>
+        <source>This beam is simulated.</source>
+        <translation>Ce faisceau est simulé.</translation>
+    </message>
+    <message>
+        <source>This is %1.</source>
+        <translation>Voici %1.</translation>
+    </message>
+    <message>
+        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
+        <translation> Fichier &gt; Ouvrir... joue un enregistrement, Fichier &gt; Connecter... lit un instrument. Espace met en pause, Ctrl+R enregistre, F1 montre les premiers pas.</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::FrameFeeder</name>
     <message>
         <source>arb. units</source>
@@ -921,6 +948,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
         <translation>%1 colonnes au-delà des %2 premières ne sont pas prises en compte&#xa0;; un flux d&apos;images peut en avoir plus</translation>
     </message>
+    <message>
+        <source>%1 column beyond the first %2 is left out; a stream of frames may have more</source>
+        <translation>%1 colonne au-delà des %2 premières n&apos;est pas prise en compte&#xa0;; un flux d&apos;images peut en avoir plus</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::LimitActions</name>
@@ -1223,6 +1254,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
     </message>
+    <message>
+        <source>PAUSED, 1 reading waits</source>
+        <translation>EN PAUSE, 1 mesure en attente</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1253,10 +1288,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>%1 - Corvale Monitor</source>
         <translation>%1 - Corvale Monitor</translation>
-    </message>
-    <message>
-        <source>Do not show again</source>
-        <translation>Ne plus montrer</translation>
     </message>
 </context>
 <context>
@@ -1879,6 +1910,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <source>%1: no reading has arrived yet</source>
         <translation>%1&#xa0;: aucune mesure n&apos;est encore arrivée</translation>
     </message>
+    <message>
+        <source>%1: %2 line could not be read: %3. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>%1&#xa0;: %2 ligne n&apos;a pas pu être lue&#xa0;: %3. Une ligne doit être t,v1,v2,... avec des points décimaux.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SourceSwitch</name>
@@ -1968,6 +2003,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>Certaines lignes sont inutilisables&#xa0;; la première est %1</translation>
+    </message>
+    <message>
+        <source>Read as %1 channel, layout %2:</source>
+        <translation>Lu comme %1 canal, disposition %2&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -3192,18 +3231,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
 </context>
 <context>
     <name>Monitor::WindowRun</name>
-    <message>
-        <source>This beam is simulated.</source>
-        <translation>Ce faisceau est simulé.</translation>
-    </message>
-    <message>
-        <source>This is %1.</source>
-        <translation>Voici %1.</translation>
-    </message>
-    <message>
-        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
-        <translation> Fichier &gt; Ouvrir... joue un enregistrement, Fichier &gt; Connecter... lit un instrument. Espace met en pause, Ctrl+R enregistre, F1 montre les premiers pas.</translation>
-    </message>
     <message>
         <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
         <translation>%1 n&apos;a pas de données pour l&apos;affichage «&#xa0;%2&#xa0;»&#xa0;; --view scope montre toute sorte de mesures</translation>

@@ -146,6 +146,10 @@
         <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
         <translation>%1 個の測定値を表示から消去しました。1 分以内なら元に戻せます (%2)。</translation>
     </message>
+    <message>
+        <source>%1 reading was cleared from the displays. For a minute it can be brought back (%2).</source>
+        <translation>%1 個の測定値を表示から消去しました。1 分以内なら元に戻せます (%2)。</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::CommonTape</name>
@@ -208,6 +212,10 @@
     <message>
         <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
         <translation>%1 を圧縮中です。待たなくても何も失われません。</translation>
+    </message>
+    <message>
+        <source>%1 is being compressed, and one more file is waiting. Nothing is lost if you do not wait.</source>
+        <translation>%1 を圧縮中で、他に 1 個のファイルが待機しています。待たなくても何も失われません。</translation>
     </message>
 </context>
 <context>
@@ -573,6 +581,25 @@
     </message>
 </context>
 <context>
+    <name>Monitor::FirstHint</name>
+    <message>
+        <source>Do not show again</source>
+        <translation>今後表示しない</translation>
+    </message>
+    <message>
+        <source>This beam is simulated.</source>
+        <translation>このビームはシミュレーションです。</translation>
+    </message>
+    <message>
+        <source>This is %1.</source>
+        <translation>これは %1 です。</translation>
+    </message>
+    <message>
+        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
+        <translation>「ファイル &gt; 開く...」で記録を再生、「ファイル &gt; 接続...」で装置を読み取ります。Space で一時停止、Ctrl+R で記録、F1 ではじめにを表示します。</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::FrameFeeder</name>
     <message>
         <source>arb. units</source>
@@ -921,6 +948,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
         <translation>最初の %2 列より後の %1 列は使われません。フレームのストリームならより多くの列を使えます</translation>
     </message>
+    <message>
+        <source>%1 column beyond the first %2 is left out; a stream of frames may have more</source>
+        <translation>最初の %2 列より後の %1 列は使われません。フレームのストリームならより多くの列を使えます</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::LimitActions</name>
@@ -1223,6 +1254,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>PAUSED, 1 reading waits</source>
+        <translation>一時停止、1 個の測定値が待機</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::MonitorWindow</name>
@@ -1253,10 +1288,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>%1 - Corvale Monitor</source>
         <translation>%1 - Corvale Monitor</translation>
-    </message>
-    <message>
-        <source>Do not show again</source>
-        <translation>今後表示しない</translation>
     </message>
 </context>
 <context>
@@ -1879,6 +1910,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>%1: no reading has arrived yet</source>
         <translation>%1: まだ測定値が届いていません</translation>
     </message>
+    <message>
+        <source>%1: %2 line could not be read: %3. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>%1: %2 行を読めませんでした: %3。行は小数点を使った t,v1,v2,... でなければなりません。</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SourceSwitch</name>
@@ -1968,6 +2003,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>使用できない行があります。最初のものは %1</translation>
+    </message>
+    <message>
+        <source>Read as %1 channel, layout %2:</source>
+        <translation>%1 チャンネル、配置 %2 として読み取り:</translation>
     </message>
 </context>
 <context>
@@ -3192,18 +3231,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
 </context>
 <context>
     <name>Monitor::WindowRun</name>
-    <message>
-        <source>This beam is simulated.</source>
-        <translation>このビームはシミュレーションです。</translation>
-    </message>
-    <message>
-        <source>This is %1.</source>
-        <translation>これは %1 です。</translation>
-    </message>
-    <message>
-        <source> File &gt; Open... plays a recording, File &gt; Connect... reads an instrument. Space pauses, Ctrl+R records, F1 shows the first steps.</source>
-        <translation>「ファイル &gt; 開く...」で記録を再生、「ファイル &gt; 接続...」で装置を読み取ります。Space で一時停止、Ctrl+R で記録、F1 ではじめにを表示します。</translation>
-    </message>
     <message>
         <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
         <translation>%1 には表示「%2」のデータがありません。--view scope ならどの種類の測定値も表示できます</translation>

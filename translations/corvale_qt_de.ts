@@ -381,6 +381,10 @@
         <comment>UTC+1 or UTC+2</comment>
         <translation>%1 oder %2</translation>
     </message>
+    <message>
+        <source>%1 reading belongs to no cell: %2 left out</source>
+        <translation>%1 Messwert gehört zu keiner Zelle: %2 bleiben unberücksichtigt</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>
@@ -556,21 +560,45 @@
 </context>
 <context>
     <name>Corvale_Qt::DetectorMode</name>
-    <message>
-        <source>average of %1 frames</source>
-        <translation>Mittel über %1 Bilder</translation>
+    <message numerus="yes">
+        <source>average of %n frames</source>
+        <translation>
+            <numerusform>Mittel über %n Bild</numerusform>
+            <numerusform>Mittel über %n Bilder</numerusform>
+        </translation>
     </message>
     <message>
-        <source>taking the background: %1 frames to come</source>
-        <translation>Untergrund wird aufgenommen: noch %1 Bilder</translation>
+        <source>taking the background: 1 frame to come</source>
+        <translation>Untergrund wird aufgenommen: noch 1 Bild</translation>
+    </message>
+    <message numerus="yes">
+        <source>taking the background: %n frames to come</source>
+        <translation>
+            <numerusform>Untergrund wird aufgenommen: noch %n Bild</numerusform>
+            <numerusform>Untergrund wird aufgenommen: noch %n Bilder</numerusform>
+        </translation>
     </message>
     <message>
-        <source>background of %1 frames subtracted</source>
-        <translation>Untergrund aus %1 Bildern abgezogen</translation>
+        <source>background of 1 frame subtracted</source>
+        <translation>Untergrund aus 1 Bild abgezogen</translation>
     </message>
     <message>
-        <source>background of %1 frames not subtracted</source>
-        <translation>Untergrund aus %1 Bildern nicht abgezogen</translation>
+        <source>background of 1 frame not subtracted</source>
+        <translation>Untergrund aus 1 Bild nicht abgezogen</translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frames subtracted</source>
+        <translation>
+            <numerusform>Untergrund aus %n Bild abgezogen</numerusform>
+            <numerusform>Untergrund aus %n Bildern abgezogen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frames not subtracted</source>
+        <translation>
+            <numerusform>Untergrund aus %n Bild nicht abgezogen</numerusform>
+            <numerusform>Untergrund aus %n Bildern nicht abgezogen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1125,12 +1153,6 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
         <translation> s</translation>
     </message>
     <message>
-        <source>%1
-%2 samples would go.</source>
-        <translation>%1
-%2 Messwerte gingen verloren.</translation>
-    </message>
-    <message>
         <source>&amp;Remove the samples</source>
         <translation>Messwerte &amp;verwerfen</translation>
     </message>
@@ -1209,6 +1231,22 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1
+1 sample would go.</source>
+        <translation>%1
+1 Messwert ginge verloren.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+%n samples would go.</source>
+        <translation>
+            <numerusform>%1
+%n Messwert ginge verloren.</numerusform>
+            <numerusform>%1
+%n Messwerte gingen verloren.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -381,6 +381,10 @@
         <comment>UTC+1 or UTC+2</comment>
         <translation>%1 ou %2</translation>
     </message>
+    <message>
+        <source>%1 reading belongs to no cell: %2 left out</source>
+        <translation>%1 mesure n&apos;appartient à aucune cellule&#xa0;: %2 ne sont pas prises en compte</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>
@@ -556,21 +560,45 @@
 </context>
 <context>
     <name>Corvale_Qt::DetectorMode</name>
-    <message>
-        <source>average of %1 frames</source>
-        <translation>moyenne de %1 images</translation>
+    <message numerus="yes">
+        <source>average of %n frames</source>
+        <translation>
+            <numerusform>moyenne de %n image</numerusform>
+            <numerusform>moyenne de %n images</numerusform>
+        </translation>
     </message>
     <message>
-        <source>taking the background: %1 frames to come</source>
-        <translation>acquisition du fond&#xa0;: encore %1 images</translation>
+        <source>taking the background: 1 frame to come</source>
+        <translation>acquisition du fond&#xa0;: encore 1 image</translation>
+    </message>
+    <message numerus="yes">
+        <source>taking the background: %n frames to come</source>
+        <translation>
+            <numerusform>acquisition du fond&#xa0;: encore %n image</numerusform>
+            <numerusform>acquisition du fond&#xa0;: encore %n images</numerusform>
+        </translation>
     </message>
     <message>
-        <source>background of %1 frames subtracted</source>
-        <translation>fond de %1 images soustrait</translation>
+        <source>background of 1 frame subtracted</source>
+        <translation>fond de 1 image soustrait</translation>
     </message>
     <message>
-        <source>background of %1 frames not subtracted</source>
-        <translation>fond de %1 images non soustrait</translation>
+        <source>background of 1 frame not subtracted</source>
+        <translation>fond de 1 image non soustrait</translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frames subtracted</source>
+        <translation>
+            <numerusform>fond de %n image soustrait</numerusform>
+            <numerusform>fond de %n images soustrait</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frames not subtracted</source>
+        <translation>
+            <numerusform>fond de %n image non soustrait</numerusform>
+            <numerusform>fond de %n images non soustrait</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1125,12 +1153,6 @@ Fermer une fenêtre remet sa page en place.</translation>
         <translation> s</translation>
     </message>
     <message>
-        <source>%1
-%2 samples would go.</source>
-        <translation>%1
-%2 mesures seraient perdues.</translation>
-    </message>
-    <message>
         <source>&amp;Remove the samples</source>
         <translation>&amp;Supprimer les mesures</translation>
     </message>
@@ -1209,6 +1231,22 @@ Fermer une fenêtre remet sa page en place.</translation>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>%1
+1 sample would go.</source>
+        <translation>%1
+1 mesure serait perdue.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+%n samples would go.</source>
+        <translation>
+            <numerusform>%1
+%n mesure serait perdue.</numerusform>
+            <numerusform>%1
+%n mesures seraient perdues.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

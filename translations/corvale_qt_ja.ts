@@ -381,6 +381,10 @@
         <comment>UTC+1 or UTC+2</comment>
         <translation>%1 または %2</translation>
     </message>
+    <message>
+        <source>%1 reading belongs to no cell: %2 left out</source>
+        <translation>%1 個の測定値がどのセルにも属していません: %2 は除外されました</translation>
+    </message>
 </context>
 <context>
     <name>Corvale_Qt::AxisLine</name>
@@ -556,21 +560,41 @@
 </context>
 <context>
     <name>Corvale_Qt::DetectorMode</name>
-    <message>
-        <source>average of %1 frames</source>
-        <translation>%1 フレームの平均</translation>
+    <message numerus="yes">
+        <source>average of %n frames</source>
+        <translation>
+            <numerusform>%n フレームの平均</numerusform>
+        </translation>
     </message>
     <message>
-        <source>taking the background: %1 frames to come</source>
-        <translation>バックグラウンド取得中: 残り %1 フレーム</translation>
+        <source>taking the background: 1 frame to come</source>
+        <translation>バックグラウンド取得中: 残り 1 フレーム</translation>
+    </message>
+    <message numerus="yes">
+        <source>taking the background: %n frames to come</source>
+        <translation>
+            <numerusform>バックグラウンド取得中: 残り %n フレーム</numerusform>
+        </translation>
     </message>
     <message>
-        <source>background of %1 frames subtracted</source>
-        <translation>%1 フレームのバックグラウンドを差し引き済み</translation>
+        <source>background of 1 frame subtracted</source>
+        <translation>1 フレームのバックグラウンドを差し引き済み</translation>
     </message>
     <message>
-        <source>background of %1 frames not subtracted</source>
-        <translation>%1 フレームのバックグラウンドは差し引かれていません</translation>
+        <source>background of 1 frame not subtracted</source>
+        <translation>1 フレームのバックグラウンドは差し引かれていません</translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frames subtracted</source>
+        <translation>
+            <numerusform>%n フレームのバックグラウンドを差し引き済み</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frames not subtracted</source>
+        <translation>
+            <numerusform>%n フレームのバックグラウンドは差し引かれていません</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1124,12 +1148,6 @@ Close a window to put its page back.</source>
         <translation> s</translation>
     </message>
     <message>
-        <source>%1
-%2 samples would go.</source>
-        <translation>%1
-%2 個の測定値が失われます。</translation>
-    </message>
-    <message>
         <source>&amp;Remove the samples</source>
         <translation>測定値を削除(&amp;R)</translation>
     </message>
@@ -1208,6 +1226,20 @@ Close a window to put its page back.</source>
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>%1
+1 sample would go.</source>
+        <translation>%1
+1 個の測定値が失われます。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+%n samples would go.</source>
+        <translation>
+            <numerusform>%1
+%n 個の測定値が失われます。</numerusform>
+        </translation>
     </message>
 </context>
 <context>

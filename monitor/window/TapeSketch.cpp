@@ -178,8 +178,9 @@ void TapeSketch::paintOutline(QPainter *painter) const
 std::vector<bool> TapeSketch::columnsInGaps() const
 {
     std::vector<bool> columns(std::size_t(std::max(m_band.width(), 0)));
+    const bool hasOthers = !m_survey.lanes.isEmpty(); // whose gaps are marked as well
     for (const TapeSurvey::Mark &mark : m_survey.marks) {
-        if (mark.kind != TapeMark::Kind::Gap)
+        if (mark.kind != TapeMark::Kind::Gap || hasOthers)
             continue;
         const int end = xOf(mark.position + mark.length);
         for (int x = xOf(mark.position) + 1; x < end; ++x)

@@ -116,7 +116,8 @@ double TapeIndex::positionOf(const TapeSpot &spot) const
     if (m_parts.empty())
         return 0.0;
     const Part &its = part(std::clamp(spot.part, 0, parts() - 1));
-    return its.begin + std::clamp(spot.time, its.firstTime, its.lastTime) - its.firstTime;
+    // In the order of end(), beyond which rounding would lead otherwise.
+    return its.begin + (std::clamp(spot.time, its.firstTime, its.lastTime) - its.firstTime);
 }
 
 TapeSpot TapeIndex::spotAt(double position) const
@@ -131,7 +132,8 @@ TapeSpot TapeIndex::spotAt(double position) const
                                         });
     const auto number = int(after - m_parts.begin()) - 1;
     const Part &its = part(number);
-    return {number, std::clamp(its.firstTime + position - its.begin, its.firstTime, its.lastTime)};
+    return {number,
+            std::clamp(its.firstTime + (position - its.begin), its.firstTime, its.lastTime)};
 }
 
 ReadPoint TapeIndex::entryBefore(const TapeSpot &spot, qint64 rows, qint64 bytes, int *part) const

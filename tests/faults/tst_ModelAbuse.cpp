@@ -14,6 +14,7 @@ using Model = QAbstractItemModel;
 namespace {
 
 constexpr int places = 10;
+constexpr int sumEvery = 4; //!< steps; a sum that is wrong stays wrong
 //! Steps of each heap: a hundred thousand in all, or a fifth of that where the sanitizers take their time.
 #ifdef __SANITIZE_ADDRESS__
 constexpr int usualSteps = 3400;
@@ -95,6 +96,8 @@ public:
     {
         for (const QPointer<Model> &model : m_models) {
             QString text = faultOf(model);
+            if (m_steps % sumEvery == 0)
+                text += sumFaultOf(model);
             if (showsMerged(model))
                 m_checks.remove(model);
             else if (!m_checks.contains(model))
@@ -141,6 +144,9 @@ private:
         connect(model, &QObject::destroyed, this, [this, model] {
             m_checks.remove(model);
             m_below.remove(model);
+            // Another model may have its address soon.
+            for (QSet<const Model *> &below : m_below)
+                below.remove(model);
         });
         if (below(2))
             addMeddler(model);
@@ -191,10 +197,11 @@ private:
             proxy->setSourceModel(source);
     }
 
-    //! Removes a source, but not the first one: it would stay without being heard.
+    //! Removes a source, but not the first one, or what may be it: it would stay without being heard.
     static void removeSource(RVXMultichannelProxyModel &merged, Model *source)
     {
-        if (merged.mapToSource(merged.index(0, 1)).model() != source)
+        const QModelIndex first = merged.mapToSource(merged.index(0, 1));
+        if (first.isValid() && first.model() != source)
             merged.removeSourceModel(source);
     }
 
@@ -361,15 +368,6 @@ private:
         }
     }
 
-    //! Returns the first column whose channel has that name; 0 if there is none.
-    static int columnCalled(const Model *items, const char *name)
-    {
-        for (int i = 1; i < items->columnCount(); ++i)
-            if (items->index(0, i).data().toString() == QLatin1String(name))
-                return i;
-        return 0;
-    }
-
     //! Returns how the table of a proxy differs from what it is by definition.
     static QString faultOf(const Model *model)
     {
@@ -391,11 +389,28 @@ private:
             for (int column = 0; column < (isZeroing ? 1 : equal); ++column)
                 if (!same(proxy->doubleData(row, column), source->doubleData(row, column)))
                     return QStringLiteral("row %1, column %2").arg(row).arg(column);
-        const auto *computed = qobject_cast<const RVXComputedChannelsProxyModel *>(proxy);
+        return {};
+    }
+
+    //! Returns the first column whose channel has that name; 0 if there is none.
+    static int columnCalled(const Model *items, const char *name)
+    {
+        for (int i = 1; i < items->columnCount(); ++i)
+            if (items->index(0, i).data().toString() == QLatin1String(name))
+                return i;
+        return 0;
+    }
+
+    //! Returns how the computed sum of a proxy differs from that of its source's channels.
+    static QString sumFaultOf(const Model *model)
+    {
+        const auto *proxy = qobject_cast<const RVXComputedChannelsProxyModel *>(model);
+        const Model *items = proxy ? proxy->sourceModel() : nullptr;
+        const auto *source = dynamic_cast<const RVXAbstractPlotDataModel *>(items);
+        if (!source || proxy->computedChannels().isEmpty() || !proxy->fault().isEmpty())
+            return {};
         const int ch1 = columnCalled(items, "ch1"), ch2 = columnCalled(items, "ch2");
-        const bool hasSum = computed && !computed->computedChannels().isEmpty()
-            && computed->fault().isEmpty() && ch1 > 0 && ch2 > 0;
-        for (int row = 1; hasSum && row < items->rowCount(); ++row)
+        for (int row = 1; ch1 > 0 && ch2 > 0 && row < items->rowCount(); ++row)
             if (!same(proxy->doubleData(row, items->columnCount()),
                       source->doubleData(row, ch1) + source->doubleData(row, ch2)))
                 return QStringLiteral("row %1, the sum").arg(row);

@@ -257,7 +257,7 @@ void SpotShades::paint(QImage &image, const QRect &part) const
         const size_t first = size_t(y) * size_t(m_style.pixels.width());
         const float *background = m_background.data() + first;
         for (int x = part.left(); x <= part.right(); ++x)
-            line[x] = m_colors[size_t(background[x] * colorSteps + 0.5F)]; // never negative
+            line[x] = m_colors[size_t(qRound(background[x] * colorSteps))];
         for (int x = part.left(); x <= part.right() && !m_negative.empty(); ++x) {
             if (m_negative[first + size_t(x)] != 0.0F)
                 line[x] = mixed(first + size_t(x));

@@ -17,8 +17,6 @@
 #include <vector>
 
 class QLabel;
-class QPointF;
-class QRectF;
 class QwtPlot;
 class QwtPlotGrid;
 class QwtPlotHistogram;
@@ -84,7 +82,6 @@ class CORVALE_QT_EXPORT RVXScopePlotView : public QAbstractItemView
     //! Whether the strip chart begins at its first sample and grows, instead of showing time before it; false at first.
     Q_PROPERTY(
         bool beginAtFirst READ beginsAtFirst WRITE setBeginAtFirst NOTIFY beginAtFirstChanged)
-
     //! Whether the strip chart moves by whole pixels while it follows the samples, which costs less; false at first.
     Q_PROPERTY(
         bool movesByPixels READ movesByPixels WRITE setMovesByPixels NOTIFY movesByPixelsChanged)
@@ -203,23 +200,18 @@ public:
     void SetPlotMode(PlotMode mode);
     //! Switches to another mode, also while there is no model. Emits plotModeChanged() if it is another one.
     void setPlotMode(PlotMode mode);
-    //! Returns the mode that was set last.
-    PlotMode plotMode() const;
+    PlotMode plotMode() const; //!< Returns the mode that was set last.
     /*! Sets the full-scale range, initially [-1, 1], in the unit of the model. Returns false and changes nothing if both
         limits are as before or one is not finite. The next SetYScaleMode() applies the range to the y axis. */
     bool SetRange(double min, double max);
-    //! Returns minimum and maximum of the full-scale range.
-    std::pair<double, double> range() const;
-    //! Returns the minimum of the full-scale range.
-    double yMinimum() const;
-    //! Returns the maximum of the full-scale range.
-    double yMaximum() const;
+    std::pair<double, double> range() const; //!< Returns both ends of the full-scale range.
+    double yMinimum() const; //!< Returns the minimum of the full-scale range.
+    double yMaximum() const; //!< Returns the maximum of the full-scale range.
     //! Sets the minimum of the full-scale range and applies it to the y axis. Ignores a number that is not finite.
     void setYMinimum(double minimum);
     //! Sets the maximum of the full-scale range and applies it to the y axis. Ignores a number that is not finite.
     void setYMaximum(double maximum);
-    //! Returns the scale mode that was set last; AutoScale at the start.
-    PlotScales yScaleMode();
+    PlotScales yScaleMode(); //!< Returns the scale mode that was set last; AutoScale at the start.
     //! Scales the y axis, and the companion widgets. Emits yScaleModeChanged() if the mode is another one.
     void setYScaleMode(PlotScales mode);
     //! Returns whether the y axis shows only a tenth of the negative range.
@@ -242,8 +234,7 @@ public:
     /*! Sets whether the strip chart shows no time before its first sample. While there are fewer samples than the chart has
         room for, it then shows all of them, and its width grows with them to the one that is set. */
     void setBeginAtFirst(bool begin);
-    //! Returns whether the strip chart moves by whole pixels.
-    bool movesByPixels() const;
+    bool movesByPixels() const; //!< Returns whether the strip chart moves by whole pixels.
     /*! Sets whether the strip chart moves by whole pixels while it follows the samples and shows a time span. It then ends at the newest
         sample or less than a pixel later, and a frame only draws what has come since the one before, for models with a bulk
         interface of the library. At 25 frames a second, steps are seen where less than a second is shown. */
@@ -280,7 +271,7 @@ public:
     void setRangeUnit(const QString &symbol);
     //! Sets the range that the right axis shows while its channels are in the unit of the range. Ignores numbers that are not finite.
     void setRightRange(const ValueRange &range);
-    //! Has the right axis follow its channels, or their full scale, again.
+    //! Lets the right axis follow its channels, or their full scale, again.
     void resetRightRange();
     //! Returns a value of a channel on the right axis as text in rightUnit(), without the unit.
     QString toRightValue(double value) const;
@@ -309,8 +300,7 @@ public:
     void setSecondAxis(bool on);
     //! Returns the y axis that a channel, counted from 1, was drawn on in the last plot.
     ChannelAxis channelAxis(int channel) const;
-    //! Returns whether a y axis that follows the data has hysteresis.
-    bool hasHysteresis() const;
+    bool hasHysteresis() const; //!< Returns whether a y axis that follows the data has hysteresis.
     /*! Sets whether a y axis that follows the data has hysteresis, so that it does not move with noise: it grows at once, and
         shrinks only after 50 plots whose data would take at most 70 % of it. */
     void setHysteresis(bool on);
@@ -321,13 +311,11 @@ public:
     void setFullScaleFromData(bool on);
     //! Sets the range back to [-1, 1], as if none had been set.
     void resetRange();
-    //! Returns whether the y axis is logarithmic.
-    bool isLogarithmic() const;
+    bool isLogarithmic() const; //!< Returns whether the y axis is logarithmic.
     /*! Sets whether the y axis is logarithmic. A line on the canvas names the channels with values that are 0 or negative and so
         have no place there. A range that begins at 0 or below is shown from a ten-thousandth of its upper end on. */
     void setLogarithmic(bool on);
-    //! Returns whether a legend is shown below the plot.
-    bool isLegendVisible() const;
+    bool isLegendVisible() const; //!< Returns whether a legend is shown below the plot.
     //! Shows or hides a ScopeLegend below the plot. It is hidden in modes that show a companion widget.
     void setLegendVisible(bool visible);
     //! Returns the channel whose curve is drawn above the others; 0 for none.
@@ -338,14 +326,12 @@ public:
     bool hasBarNames() const;
     //! Sets whether names of channels, where they have room, stand below the bars of the histogram instead of letters and numbers.
     void setBarNames(bool on);
-    //! Returns whether the canvas is white.
-    bool hasLightCanvas() const;
+    bool hasLightCanvas() const; //!< Returns whether the canvas is white.
     //! Sets whether the canvas is white. Curves and bars whose colour is too bright for it are then drawn in a darker one.
     void setLightCanvas(bool light);
 
     // Gaps, limits and the trigger.
-    //! Returns how many usual intervals without a reading are an outage; 0 if none is looked for.
-    double gapIntervals() const;
+    double gapIntervals() const; //!< Returns how many usual intervals are an outage; 0 for none.
     /*! Sets how many usual intervals without a reading are an outage; 3 suits most instruments, 0 looks for none. Strip chart
         and sweeps then draw no line across an outage and shade its time, and integrals between markers leave it out; the label
         of the second marker says how much time they cover. The usual interval is the median of some 32 intervals around a
@@ -360,28 +346,24 @@ public:
     void setChannelLimits(int channel, const ChannelLimits &limits);
     //! Returns how the newest reading of a channel lies among its limits, with hysteresis.
     LimitState limitState(int channel) const;
-    //! Returns at which readings the sweeps of ScopeMode begin.
-    SweepTrigger trigger() const;
+    SweepTrigger trigger() const; //!< Returns at which readings the sweeps of ScopeMode begin.
     /*! Sets at which readings the sweeps of ScopeMode begin, and arms the trigger. The time of a sweep is then 0 at its trigger,
         and the plot says what the trigger does: "Armed", "Triggered" or "Auto". The level is in the unit of the model. Ignores
         a trigger that is not valid. */
     void setTrigger(const SweepTrigger &trigger);
-    //! Returns what the trigger did at the last plot of sweeps.
-    TriggerState triggerState() const;
+    TriggerState triggerState() const; //!< Returns what the trigger did at the last plot of sweeps.
 
     //! Sets a label that shows the number of buffered samples as "<n> Samples". It is not owned; null removes it.
     void SetBufferSizeLabel(QLabel *label);
     //! Sets whether clicks place markers; initially they do not. Switching this off removes both markers.
     void enablePlotMarker(bool enable);
-    //! Returns whether clicks place markers.
-    bool areMarkersEnabled() const;
+    bool areMarkersEnabled() const; //!< Returns whether clicks place markers.
     //! Returns what the markers read of the newest samples, also while hidden; in scope mode, a visible view reads the shown sweep.
     ScopeMarkerStatistics markerStatistics() const;
     //! Returns whether the last plot drew a reading: a finite sample of a curve, or its bar. Modes of companion widgets draw none.
     bool showsReadings() const;
 
-    //! Returns whether a user may zoom and pan.
-    bool isInteractive() const;
+    bool isInteractive() const; //!< Returns whether a user may zoom and pan.
     /*! Sets whether a user may zoom and pan. The wheel then zooms x about the pointer, with Ctrl y; a drag moves the picture,
         with Shift it draws a rectangle that is zoomed to; a double click and End show the newest samples again, Backspace the
         window before. The user's guide has the table of keys. A click still places a marker. */
@@ -396,8 +378,7 @@ public:
     void zoomToX(double left, double right);
     //! Zooms only the y axis, see zoomTo().
     void zoomToY(double bottom, double top);
-    //! Returns what the x axis says.
-    TimeAxis timeAxis() const;
+    TimeAxis timeAxis() const; //!< Returns what the x axis says.
     //! Sets what the x axis says, and the markers and the cursor with it. Ignores a number that is not a TimeAxis.
     void setTimeAxis(TimeAxis axis);
     //! Returns the moment at which x is 0; invalid for 1970-01-01 00:00 UTC.
@@ -406,12 +387,11 @@ public:
     void setTimeOrigin(const QDateTime &origin);
     //! Returns up to which x the strip chart reaches at least; NaN for its newest sample.
     double timeEnd() const;
-    /*! Has the strip chart reach up to \a end, in units of x, while it follows the samples and shows a time span, if that is
+    /*! Extends the strip chart up to \a end, in units of x, while it follows the samples and shows a time span, if that is
         later than its newest sample; NaN for its newest sample. Charts of several models that get the same moment stay side by
         side, also when one of the models has no more samples. */
     void setTimeEnd(double end);
-    //! Returns whether a line follows the pointer.
-    bool isCursorEnabled() const;
+    bool isCursorEnabled() const; //!< Returns whether a line follows the pointer.
     //! Sets whether a line follows the pointer, with a box that lists the time and the readings of the nearest sample.
     void setCursorEnabled(bool enabled);
     //! Returns whether the label of the second marker also shows difference, extremes, integral and slope.
@@ -438,28 +418,23 @@ public:
         Centre-of-gravity items do not use it. */
     void upload_MLFC_calibration_table(std::vector<double> *table);
 
-    //! Sets whether the spectrogram shows a pixel matrix instead of strips.
-    void setPixelated(bool pixelated);
-    //! Returns the companion widget of PositionMode, which the view owns.
-    RVXPositionPlot *positionPlot();
-    // ---- Places of the channels ----
-
     /*! Sets the detector that the channels come from. If it has strips, one reading for each channel, the bars of the histogram
         stand at the places of the strips, in the unit of the layout and less pedestal and gain, and statistics are computed on
         places and widths (RVX_StatisticsHistogramItem::estimate()). Two planes stand side by side. Other layouts, and an empty one,
         leave the bars at the numbers of their channels. */
     void setDetectorLayout(const DetectorLayout &layout);
-    //! Returns the detector that was set.
-    DetectorLayout detectorLayout() const;
+    DetectorLayout detectorLayout() const; //!< Returns the detector that was set.
 
+    //! Sets whether the spectrogram shows a pixel matrix instead of strips.
+    void setPixelated(bool pixelated);
+    //! Returns the companion widget of PositionMode, which the view owns.
+    RVXPositionPlot *positionPlot();
     //! Returns the companion widget of SpectrogramMode, which the view owns.
     RVXSpectrogram *spectrogram();
-    //! Returns the companion widget of SplitMode, which the view owns.
-    RVXSplitPlot *splitPlot();
+    RVXSplitPlot *splitPlot(); //!< Returns the companion widget of SplitMode, which the view owns.
 
-    //! Returns an invalid index: a sample has no area on the screen.
+    //! Returns an invalid index, and visualRect() an empty rectangle: a sample has no area on the screen.
     QModelIndex indexAt(const QPoint &point) const override;
-    //! Returns an empty rectangle: a sample has no area on the screen.
     QRect visualRect(const QModelIndex &index) const override;
     /*! In strip mode, sets the scroll bar to half of the axis plus the x of the sample, for every hint. The value is in
         units of x instead of those of the scroll bar; hosts rely on it. */
@@ -595,12 +570,9 @@ protected Q_SLOTS:
     void scrollTo(int value);
 
 protected:
-    //! Returns the plot, which the view owns.
-    QwtPlot *qwtPlot();
-    //! Returns the grid of the plot, which the view owns.
-    QwtPlotGrid *grid();
-    //! Returns the bars of the histogram, which the view owns.
-    QwtPlotHistogram *histogram();
+    QwtPlot *qwtPlot(); //!< Returns the plot, which the view owns.
+    QwtPlotGrid *grid(); //!< Returns the grid of the plot, which the view owns.
+    QwtPlotHistogram *histogram(); //!< Returns the bars of the histogram, which the view owns.
     //! Returns marker 0 or 1; null for any other index.
     QSharedPointer<QwtPlotMarker> plotMarker(int index);
 

@@ -27,7 +27,7 @@ public:
     ValueRange range(const RingSpans &spans, int first, int last);
     //! Drops all ranges.
     void forget();
-    //! Has \a spans use these ranges; \a number is the index of their first row among all numbers that the ring ever took.
+    //! Makes \a spans use these ranges; \a number is the index of their first row among all numbers that the ring ever took.
     void serve(RingSpans &spans, qint64 number);
 
 private:

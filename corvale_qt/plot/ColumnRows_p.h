@@ -36,10 +36,10 @@ public:
                 const QVector<int> &breaks);
     //! Returns whether the last update was for this x, grid and columns.
     bool isAbout(const SeriesSpans &samples, const PixelGrid &grid, const ColumnSpan &shown) const;
-    //! Has the next update look at everything, since the breaks may have changed.
+    //! Makes the next update look at everything, since the breaks may have changed.
     void beginFrame() { m_isCurrent = false; }
 
-    //! Returns whether the rows of \a samples can be known again: the ring of x has an index for each row.
+    //! Returns whether the rows of \a samples can be recognised: the ring of x has an index for each row.
     static bool canFollow(const SeriesSpans &samples);
 
     const QVector<Column> &columns() const { return m_columns; }

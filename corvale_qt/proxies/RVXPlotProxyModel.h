@@ -94,7 +94,7 @@ public:
     QItemSelection mapSelectionToSource(const QItemSelection &selection) const override;
     QItemSelection mapSelectionFromSource(const QItemSelection &selection) const override;
 
-    //! Has the source write its samples: the file does not contain the values of the proxy.
+    //! Lets the source write its samples: the file does not contain the values of the proxy.
     bool SaveDataToFile(const QString &fileName) const override;
     void Clear() override;
     int PlotWidthHintPoints() const override;

@@ -29,7 +29,7 @@ public:
     //! Sets whether channels are told apart by their units; otherwise all have the unit of the model, and the first place.
     void setApart(bool on);
     bool areApart() const { return m_areApart; }
-    //! Has the model asked again: its units, or the channels that are shown, may be others.
+    //! Makes the next request ask the model again, since its units or the shown channels may have changed.
     void outdate() { m_isOutdated = true; }
 
     //! Returns a number that is another one after each change of places or units.

@@ -27,7 +27,7 @@ public:
     HoverReading readingAt(double x) const override;
 
 private:
-    //! Has the bars stand at the places of a detector's strips, or at the numbers of their channels.
+    //! Puts the bars at the places of a detector's strips, or at the numbers of their channels.
     void prepareAxis();
     double markerPlace(int channel) const;
     double plotDivisor() const;

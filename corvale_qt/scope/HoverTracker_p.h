@@ -21,7 +21,7 @@ public:
     explicit HoverTracker(RVXScopePlotViewPrivate &view);
     ~HoverTracker() override;
 
-    //! Has the plot read again soon, because it was drawn anew.
+    //! Reads the plot again soon, because it was redrawn.
     void plotted();
 
     bool eventFilter(QObject *canvas, QEvent *event) override;

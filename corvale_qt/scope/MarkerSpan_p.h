@@ -33,7 +33,7 @@ public:
                                    double unitScale,
                                    const TimeGaps &gaps);
 
-    //! Has the statistics computed anew when they are asked for.
+    //! Makes the next request compute the statistics again.
     void forget() { m_isKnown = false; }
     //! Follows an insertion of rows that begins at \a start.
     void rowsInserted(int start);

@@ -31,7 +31,7 @@ namespace Corvale_Qt {
 class ScopeLegend;
 struct CanvasLook;
 
-//! Has the plot made when its axes or its canvas are about to be painted.
+//! Makes the plot when its axes or its canvas are about to be painted.
 class RVXScopePlotViewEventFilter : public QObject
 {
 public:
@@ -91,12 +91,12 @@ public:
     //! Follows channels by their names, which may stand elsewhere after a reset.
     void followNames();
     void plotMode();
-    //! Has the event loop tell hosts of the channels whose limit state has changed, if there are any.
+    //! Announces from the event loop the channels whose limit state has changed, if there are any.
     void announceLimitsLater();
     void announceLimits();
-    //! Has the event loop tell hosts that channels may be drawn on other axes, if they may.
+    //! Announces from the event loop that channels may be drawn on other axes, if they may.
     void announceAxesLater();
-    //! Has the event loop tell hosts that the trigger does something else, if it does.
+    //! Announces the new state of the trigger from the event loop, if it has changed.
     void announceTriggerLater();
     //! Tells hosts that the statistics, or what the markers read, have changed.
     void announce();

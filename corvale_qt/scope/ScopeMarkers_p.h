@@ -89,7 +89,7 @@ public:
     void forgetChannelsAfter(int last);
     //! Forgets the markers' places in the sweep and what they read, because the plot mode is another one.
     void forgetSweep();
-    //! Has the samples between the markers looked at anew.
+    //! Makes the next update read the samples between the markers again.
     void forgetSpan() { m_span.forget(); }
     //! Forgets the markers' rows: their samples are found again by time.
     void forgetRows();

@@ -234,7 +234,7 @@ void ScopeNavigation::plotted()
     announceLater(); // the scroll bar may have reached its end
 }
 
-//! Has the event loop tell whether the picture is held: a slot may delete the view, which may be in the middle of a change.
+//! Announces from the event loop whether the picture is held: a slot may delete the view, which may be in the middle of a change.
 void ScopeNavigation::announceLater()
 {
     if (d.context.hold.isHeld() == m_announcedHeld)

@@ -56,7 +56,7 @@ followingLeft(const PlotDataReader &reader, const StripWindow &window, const Str
     return request.beginsAtFirst && hasTimeBefore ? window.oldest : left;
 }
 
-/*! Has a window of constant width move by whole pixels: it ends at the newest sample, or less than a pixel later. Its pixel columns
+/*! Moves a window of constant width by whole pixels: it ends at the newest sample, or less than a pixel later. Its pixel columns
     are those of any other moment, and what is drawn in them stays. */
 void alignToPixels(StripWindow &window, double width, int pixels)
 {

@@ -21,7 +21,7 @@ public:
     using QObject::QObject;
     ~UnitsWatch() override;
 
-    //! Listens to \a model and those below, in place of the models before; null for none.
+    //! Listens to \a model and the models below it instead of the former ones; null for none.
     void follow(const QAbstractItemModel *model);
 
 Q_SIGNALS:

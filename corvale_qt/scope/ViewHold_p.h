@@ -67,7 +67,7 @@ public:
     RowRange part(int firstOfPart, int lastRow) const;
     //! Moves the rows along with rows \a start to \a end, which the model has removed.
     void rowsRemoved(int start, int end);
-    //! Has the rows searched anew.
+    //! Makes the next request search the rows again.
     void forgetRows();
 
 private:

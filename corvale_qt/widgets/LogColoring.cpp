@@ -88,7 +88,7 @@ void LogColoring::colorPortion()
         m_plain.setPosition(first.position() - 1, QTextCursor::KeepAnchor);
 }
 
-/*! Has the blocks from \a first to \a last coloured and laid out together, by marking them as changed. If they
+/*! Colours and lays out the blocks from \a first to \a last together, by marking them as changed. If they
     changed one by one, the document would move all following blocks for each of them. */
 void LogColoring::color(const QTextBlock &first, const QTextBlock &last)
 {

@@ -65,11 +65,11 @@ private:
     const ResultInput m_input;
     Corvale_Qt::VerdictLimits m_verdictLimits;
     bool m_channelsAreProfile = false;
-    bool m_hasBegun = false; //!< whether the publication was told what follows
-    StreamHeader m_header; //!< that it was told
+    bool m_hasBegun = false; //!< whether the publication was given a header
+    StreamHeader m_header; //!< the header that the publication was given
     CorvaleMonitor::ResultStream m_stream; //!< the same in its words
     CorvaleMonitor::Results m_told; //!< the results that were given last
-    qint64 m_toldAcquisition = 0; //!< of which they are
+    qint64 m_toldAcquisition = 0; //!< the acquisition that m_told belongs to
     bool m_mustTell = true; //!< whether they are to be given again, although no reading has come
     double m_toldAt;
     qint64 m_readingsAtLoss =

@@ -82,7 +82,7 @@ QVector<int> ComputedStream::formerColumns(const ComputedStream &former, int mea
         const int same = indexOfSame(former.m_channels, m_channels[i]);
         own[i] = same < 0 || former.m_expressions.count() == 0 ? 0 : measured + 1 + same;
     }
-    // Whatever may use a channel that is computed anew is computed anew itself.
+    // A channel that may use a recomputed one is recomputed as well.
     const auto usesNew = [this, own](int i) {
         for (int other = 0; other < m_expressions.count(); ++other)
             if (own[other] == 0 && m_channels[i].expression.contains(m_channels[other].name))

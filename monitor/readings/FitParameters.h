@@ -16,7 +16,7 @@ struct FitParameters
     //! 0 for a threshold or 1 for a window, threshold as a share of the peak, half width in channels.
     QVector<double> centreOfGravity = {0.0, 0.1, 10.0};
 
-    //! Returns the same as options of the estimators.
+    //! Returns these parameters as options of the estimators.
     Corvale_Qt::EstimatorOptions options() const;
 };
 

@@ -16,7 +16,7 @@ namespace Monitor {
 
 namespace {
 
-//! Has the names in the folder of a file written to the disk. Some file systems cannot, and need not.
+//! Writes the directory of a file to the disk. Some file systems cannot, and need not.
 void syncFolder(const QString &path)
 {
     const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());

@@ -80,7 +80,7 @@ public:
     //! Returns whether any reading was played since the start, or since the last seek().
     bool hasPlayed() const { return m_hasPlayed; }
 
-    /*! Has the caller lead the file, or lets it go on by itself. A file that is led plays only what playTo() asks for,
+    /*! Lets the caller lead the file, or lets it play by itself. A file that is led plays only what playTo() asks for,
         and nothing of its options but how it is read holds: the caller repeats it and leaves out what is not wanted. */
     void setLed(bool on);
     bool isLed() const { return m_limit.has_value(); }

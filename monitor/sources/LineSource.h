@@ -66,7 +66,7 @@ private:
     LineSplitter m_splitter;
     Backoff m_backoff;
     std::optional<double> m_retryAt;
-    //! Has the time looked at when the next attempt is due, since the ticks of a resting clock are too far apart.
+    //! Fires when the next attempt is due, since the ticks of a resting clock are too far apart.
     QTimer m_retryWake{this};
     double m_startedAt = 0.0;
     double m_longestSilence = 0.0;

@@ -16,7 +16,7 @@ void setTcpOption(const QTcpSocket &socket, int option, int value)
     ::setsockopt(int(socket.socketDescriptor()), IPPROTO_TCP, option, &value, sizeof(value));
 }
 
-//! Has the system probe a silent peer early; by default it waits for two hours.
+//! Makes the system probe a silent peer early; by default it waits for two hours.
 void findLostPeer(const QTcpSocket &socket)
 {
 #ifdef Q_OS_LINUX

@@ -79,7 +79,7 @@ QString CommonTape::indexError() const
     return m_isPlaced && m_tracks.empty() ? tr("none of the recordings can be read") : QString();
 }
 
-//! Has all sources say that they are held back, or not.
+//! Marks all sources as held back, or as free again.
 void CommonTape::setPaused(bool paused)
 {
     m_play.setPaused(m_clock.seconds(), paused, m_position);

@@ -42,7 +42,7 @@ struct TapeSurvey
     std::function<QVector<TapeIndex::Range>(int columns)> outline;
 };
 
-//! What a tape says of one of its positions.
+//! What a tape shows about one of its positions.
 struct TapeReadout
 {
     double time = 0.0; //!< in seconds of the recording, the first one if there are several

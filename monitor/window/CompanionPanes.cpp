@@ -164,7 +164,7 @@ void CompanionPanes::refreshIfDue()
         pane->refresh();
 }
 
-//! Has all charts end at the same moment. A source whose clock is wrong keeps to its own newest reading.
+//! Makes all charts end at the same moment. A source whose clock is wrong keeps to its own newest reading.
 void CompanionPanes::alignEnds()
 {
     const std::optional<double> present = m_companions.present();
@@ -177,7 +177,7 @@ void CompanionPanes::alignEnds()
         align(*pane->companion().clock, *pane->displays().scope());
 }
 
-//! Has the time axes say the same, each from the moment at which the times of its source are 0.
+//! Gives all time axes the same labels, each from the moment at which the times of its source are 0.
 void CompanionPanes::alignAxes()
 {
     for (const CompanionPane *pane : qAsConst(m_panes)) {

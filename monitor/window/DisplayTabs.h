@@ -51,7 +51,7 @@ public:
     void restoreWindows(const QMap<QString, QByteArray> &windows);
     //! Sets the limits of the verdicts of profile and histogram, at once; a detector that states its own is judged by those.
     void setVerdictLimits(const Corvale_Qt::VerdictLimits &limits);
-    //! Has the position say "no beam" where the readings, in their unit, add up to less.
+    //! Makes the position display say "no beam" where the sum of the readings, in their unit, is less.
     void setMinimumSum(double sum) { m_position->setMinimumSum(sum); }
     //! Returns whether the front tab has drawn data of this stream.
     bool hasDrawn() const;

@@ -139,7 +139,7 @@ void FrameFeeder::beginStream()
     m_position->setYScale(-reach, reach);
 }
 
-//! Has both displays show the detector of the stream, as large as it is.
+//! Shows the detector of the stream in both displays, at its full size.
 void FrameFeeder::beginDetector()
 {
     using Axis = Corvale_Qt::DetectorLayout::Axis;

@@ -15,7 +15,7 @@ struct Merged
         log.take();
     }
 
-    /*! Has the models do their scripts, and returns what the merged model announces. The part of \a scripts after '/' is
+    /*! Runs the scripts of the models and returns what the merged model announces. The part of \a scripts after '/' is
         for the second model: "append 1 1 / drop 2". */
     QString announced(const QString &scripts)
     {

@@ -357,7 +357,7 @@ private Q_SLOTS:
         QCOMPARE(proxy.index(0, 4).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
         QCOMPARE(table.rowCount(), 4);
 
-        // A channel that is gone is said, and its readings are none until it is back.
+        // A missing channel is reported, and what is computed of it has no readings until it is back.
         source.setChannelName(2, "other");
         QCOMPARE(proxy.fault().message(), QString("character 8: no channel is called \"ch2\""));
         QVERIFY(std::isnan(proxy.doubleData(1, 3)) && !proxy.index(1, 3).data().isValid());

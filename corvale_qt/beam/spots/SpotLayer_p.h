@@ -8,7 +8,7 @@
 
 namespace Corvale_Qt {
 
-//! A picture of spots on which each spot lies over those before it.
+//! A picture of spots, each drawn over those before it.
 class SpotLayer
 {
 public:

@@ -40,7 +40,7 @@ public:
     bool read(const std::vector<TangoAttribute> &attributes,
               std::vector<TangoReading> *readings,
               Fault *fault);
-    /*! Has the server send the changes of an attribute, beginning with what it is now. They go to \a queue, which has to live longer
+    /*! Makes the server send the changes of an attribute, beginning with its present value. They go to \a queue, which has to live longer
         than this object. Returns whether the server does; otherwise \a fault says why not, and the attribute can be read. */
     bool subscribe(const TangoAttribute &attribute, TangoEventQueue &queue, Fault *fault);
     //! Asks for nothing. Returns whether the device has answered.

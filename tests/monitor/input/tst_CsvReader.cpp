@@ -393,7 +393,7 @@ private Q_SLOTS:
         QVERIFY(text.endsWith(QString(" %1").arg(cut ? 255 : rows * perRow - 1)));
     }
 
-    //! The rest of a frame that a kill left in a recording is told, and is no bad line.
+    //! The rest of a frame that a kill left in a recording is reported, and does not count as a bad line.
     void aCutRecordingLosesItsLastFrame()
     {
         const QString text = readAll(file("#corvale 2\n#frame 0 2 1\n1\n2\n#frame 1 2 1\n3\n"));

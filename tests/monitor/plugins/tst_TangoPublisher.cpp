@@ -151,7 +151,7 @@ private Q_SLOTS:
         QCOMPARE(monitor.end(), 0);
     }
 
-    //! Several sources under several names; what is beyond its limits, and what is no beam, is said with the value.
+    //! Several sources under several names; each value says whether it is beyond its limits or without a beam.
     void qualitiesAndTimes()
     {
         Monitor monitor;

@@ -177,7 +177,7 @@ private Q_SLOTS:
         QCOMPARE(channels[2].toObject()["max"].toDouble(), -5.0);
     }
 
-    //! Each source has a report, lines and a recording of its own; what is wrong with one of them is told with its name.
+    //! Each source has a report, lines and a recording of its own; a fault of one of them is reported with its name.
     void severalSources()
     {
         putFile(path("east/halo.csv"),

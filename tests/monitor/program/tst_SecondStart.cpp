@@ -36,7 +36,7 @@ private Q_SLOTS:
         const Outcome second = run({"sim:ic4", "--settings", "one.xui"});
         QCOMPARE(second.code, 0);
         QVERIFY2(second.err.contains("open already"), second.err);
-        // Whatever the open window is not told of is an error.
+        // What the open window does not take over is an error.
         const auto refused = [this](const QStringList &arguments) {
             const Outcome outcome = run(arguments + QStringList{"--settings", "one.xui"});
             return outcome.code == 1 ? QString::fromUtf8(outcome.err) : QString();

@@ -369,7 +369,7 @@ private Q_SLOTS:
         Played played(m_dir, {recording(0, {0, 500, 900}), recording(300, {0, 200, 700})}, options);
         played.run(0.55);
         QCOMPARE(textOf(played.told), QString("A@500=1 B@500=1 A@900=2"));
-        played.run(0.1); // the last one, and the past of the beginning
+        played.run(0.1); // the last one, then what lies before the beginning
         QCOMPARE(textOf(played.told), QString("A@0=0 B@300=0"));
         played.run(0.2);
         QCOMPARE(textOf(played.told), QString("A@0=0 B@300=0 A@500=1 B@500=1"));

@@ -182,7 +182,7 @@ private Q_SLOTS:
         QTRY_VERIFY(s.position.showsNoBeam());
     }
 
-    //! "no beam" is said where there is none; a beam that cannot be measured, or lies off the detector, is told apart.
+    //! "no beam" is shown where there is none, and not for a beam that cannot be measured or lies off the detector.
     void theReasonForNoPositionIsTold()
     {
         FedDisplays s;

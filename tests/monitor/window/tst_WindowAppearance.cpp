@@ -499,7 +499,7 @@ private Q_SLOTS:
                  qPrintable(texts.last()));
         QVERIFY(metrics.horizontalAdvance(texts.join(' ')) < field.width());
 
-        // With its room, a state ends before the edge of its ground.
+        // With enough room, a state ends before the edge of its background.
         field.tell(QVector<StatusField::Part>{{"PAUSED", {}, Look::State::Paused}});
         field.resize(field.sizeHint());
         const QImage picture = field.grab().toImage();

@@ -34,7 +34,7 @@ bool needsRing(const QWidget *widget)
 //! Returns the highlight, nearer to the colour of texts where it is pale.
 QColor ringColor(const QPalette &palette)
 {
-    const QColor highlight = palette.color(QPalette::Highlight);
+    const QColor &highlight = palette.color(QPalette::Highlight);
     return highlightContrast(palette) < clearly
         ? Look::mixed(highlight, palette.color(QPalette::WindowText), 0.4)
         : highlight;

@@ -13,6 +13,12 @@ __extension__ using Wide = unsigned __int128;
 
 constexpr int mostDigits = 19; // of which every number fits into 64 bits
 
+// Within a function, each call would make a table anew on its stack unless it is static.
+constexpr std::uint64_t wholePowers[] =
+    {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+constexpr std::array powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                            1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
 //! A number as it is written: digits * 10^exponent.
 struct Decimal
 {
@@ -26,34 +32,47 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-//! Returns whether the eight characters of \a text are digits; each byte of \a text is one of them.
-bool areDigits(std::uint64_t text)
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+
+constexpr std::uint64_t zeros = 0x3030303030303030; // "00000000"
+
+//! Returns how many of the eight characters of \a text are digits before the first other one. The first is in the lowest byte.
+int countDigits(std::uint64_t text)
 {
-    constexpr std::uint64_t upper = 0xf0f0f0f0f0f0f0f0, sixes = 0x0606060606060606,
-                            threes = 0x3333333333333333;
-    return ((text & upper) | (((text + sixes) & upper) >> 4)) == threes;
+    // Either sum has the highest bit of a byte set if it is no digit. What such a byte carries over changes later ones only.
+    constexpr std::uint64_t aboveNine = 0x4646464646464646, highest = 0x8080808080808080;
+    const std::uint64_t others = ((text + aboveNine) | (text - zeros)) & highest;
+    return others == 0 ? 8 : __builtin_ctzll(others) / 8;
 }
 
-//! Returns the number that eight digits are, the first of which is in the lowest byte. Neighbours are joined three times.
-std::uint64_t eightDigits(std::uint64_t text)
+//! Returns the number that eight digits are, each of which is a byte from 0 to 9. Neighbours are joined three times.
+std::uint64_t joinDigits(std::uint64_t digits)
 {
-    text -= 0x3030303030303030;
-    text = (text * 10) + (text >> 8);
+    digits = (digits * 10) + (digits >> 8);
     constexpr std::uint64_t pairs = 0x000000ff000000ff;
     constexpr std::uint64_t first = 0x000f424000000064, second = 0x0000271000000001;
-    return ((text & pairs) * first + ((text >> 16) & pairs) * second) >> 32;
+    return ((digits & pairs) * first + ((digits >> 16) & pairs) * second) >> 32;
 }
 
-const char *readDigits(const char *at, const char *end, std::uint64_t *digits)
+#endif
+
+//! Adds the digits at the beginning of a text to a number. Inlined, so that the number stays in a register.
+[[gnu::always_inline]] inline const char *
+readDigits(const char *at, const char *end, std::uint64_t *digits)
 {
 #if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
     while (end - at >= 8) {
         std::uint64_t text = 0;
         std::memcpy(&text, at, sizeof text);
-        if (!areDigits(text))
-            break;
-        *digits = *digits * 100000000 + eightDigits(text);
-        at += 8;
+        const int count = countDigits(text);
+        if (count == 0)
+            return at;
+        // The digits move up to the last places; zeros come before them.
+        const std::uint64_t last = (text - zeros) << (64 - 8 * count);
+        *digits = *digits * wholePowers[count] + joinDigits(last);
+        at += count;
+        if (count < 8)
+            return at;
     }
 #endif
     for (; at != end && isDigit(*at); ++at)
@@ -154,9 +173,6 @@ bool divide(std::uint64_t digits, int places, double *quotient)
 //! Finds the nearest double. Returns false if that is not certain.
 bool toDouble(const Decimal &decimal, double *number)
 {
-    constexpr std::array powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
     constexpr std::uint64_t mostExact = std::uint64_t(1) << 53;
     const int places = -decimal.exponent;
     const int power = places < 0 ? -places : places;

@@ -572,7 +572,16 @@ private Q_SLOTS:
             QVERIFY2(alone == wanted && inLine[1] == wanted, text.c_str());
         }
         std::array<double, 2> unused{};
-        for (const char *other : {"1", "1,2,3", "1,2,", "1,2x", "1,2 3", "1 2", "1,1e", "1,."})
+        for (const char *other : {"1",
+                                  "1,2,3",
+                                  "1,2,",
+                                  "1,2x",
+                                  "1,2 3",
+                                  "1 2",
+                                  "1,1e",
+                                  "1,.",
+                                  "12/34567,2",
+                                  "12:34567,2"})
             QVERIFY2(!parseNumbers(other, 2, unused.data()), other);
     }
 };

@@ -62,8 +62,8 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
 {
     m_scope->setObjectName(QStringLiteral("scope"));
     m_profile->setObjectName(QStringLiteral("profile"));
-    const FitParameters
-        initial; // also for companions, which have no statistics page to change them
+    // Those of companions stay as they are, since no statistics page changes them.
+    const FitParameters initial;
     m_profile->display()->SetRegressionOptions(false, initial.regression, 1);
     m_profile->display()->SetCoGOptions(false, initial.centreOfGravity, 1);
     m_position->setObjectName(QStringLiteral("position"));

@@ -252,7 +252,7 @@ private Q_SLOTS:
         CurveLayer kept;
         chart.append(4000);
         chart.follow();
-        for (int step = 0; step < 150; ++step) {
+        for (int step = 0; step < 400; ++step) {
             chart.change();
             if (chart.upTo(6) == 0) { // another painter wants a picture between two frames
                 const QScopedValueRollback<QPoint> elsewhere(chart.moved, {9, 5});

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXScope.h"
+#include "monitor/readings/FitParameters.h"
 #include "monitor/window/KeptOptions.h"
 #include "monitor/window/WindowSettings.h"
 #include "tests/support/FuzzTarget.h"
@@ -68,6 +69,9 @@ void tryFile(const QByteArray &content)
         FUZZ_REQUIRE(options.file.speed >= 0.0);
         FUZZ_REQUIRE(options.start >= MonitorOptions::Start::Simulator
                      && options.start <= MonitorOptions::Start::Nothing);
+        const FitParameters fit = keptFitParameters(settings);
+        for (const double parameter : fit.regression + fit.centreOfGravity)
+            FUZZ_REQUIRE(parameter >= 0.0 && std::isfinite(parameter));
         for (const ChannelLimits &limits : settings.limits()) {
             QString fault;
             FUZZ_REQUIRE(limitsFromText(limitsText(limits), &fault) == limits);
@@ -110,7 +114,10 @@ std::vector<std::string> fuzzSeeds()
         iniOf(window().saveGeometry(), window().saveState()),
         scope().saveState().toStdString(),
         "[Monitor]\nlimits=\"a;1;2;3;4\"\nrecent=sim:ic4, a.csv\nwindows-channels=@Invalid()\n",
-        "[StatisticsSetupPage]\npeaks=99999999999\n[Monitor]\ntime-span=all\nstart-with=nothing\n"};
+        "[StatisticsSetupPage]\npeaks=99999999999\n[Monitor]\ntime-span=all\nstart-with=nothing\n",
+        "[StatisticsSetupPage]\ngaussian-fit-regression=true\n"
+        "gaussian-fit-regression-threhold=-inf\n"
+        "gaussian-fit-regression-window=5\ncenter-of-gravity=true\ncenter-of-threshold=20\n"};
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)

@@ -144,5 +144,8 @@ OPEN_FILES = Growing("a file that stays open", 0, 1)
 CRASH = Before("a crash", "os.kill(os.getpid(), signal.SIGSEGV)")
 HANG = Before("a hang", "signal.pause()", patience=2.0)
 MEMORY = Growing("300 MB of memory", 300_000_000, 0)
+# The monitor ends with the program before it, which a driver may kill; 1 is PR_SET_PDEATHSIG.
 WRONG_CODE = Before("another exit code",
-                    "import subprocess\nsubprocess.run(sys.argv[1:])\nsys.exit(1)")
+                    "import ctypes, subprocess\n"
+                    "end_with_me = lambda: ctypes.CDLL(None).prctl(1, signal.SIGKILL)\n"
+                    "subprocess.run(sys.argv[1:], preexec_fn=end_with_me)\nsys.exit(1)")

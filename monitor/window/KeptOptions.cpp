@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <cmath>
+#include <optional>
 
 namespace Monitor {
 
@@ -54,15 +55,22 @@ QString verdictKey(const Corvale_Qt::VerdictLimitField &field)
     return QStringLiteral("verdict-") + QLatin1String(field.key);
 }
 
+//! Returns a number that is kept; none if there is no finite one.
+std::optional<double> keptNumber(const WindowSettings &settings, const QString &key)
+{
+    bool isNumber = false;
+    const double number = settings.text(key).toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
 //! Returns the limits of verdicts; a limit that is not kept, or is no limit, is the usual one.
 Corvale_Qt::VerdictLimits keptVerdictLimits(const WindowSettings &settings)
 {
     Corvale_Qt::VerdictLimits limits;
     for (const Corvale_Qt::VerdictLimitField &field : Corvale_Qt::verdictLimitFields) {
-        bool isNumber = false;
-        const double limit = settings.text(verdictKey(field)).toDouble(&isNumber);
-        if (isNumber && limit >= 0.0 && std::isfinite(limit))
-            limits.*field.limit = limit;
+        const std::optional<double> limit = keptNumber(settings, verdictKey(field));
+        if (limit && *limit >= 0.0)
+            limits.*field.limit = *limit;
     }
     return limits;
 }
@@ -73,14 +81,13 @@ MonitorOptions keptOptions(const WindowSettings &settings)
 {
     MonitorOptions options;
     options.start = MonitorOptions::Start(qMax(0, startNames.indexOf(settings.text(startKey))));
-    bool isNumber = false;
-    const double speed = settings.text(speedKey).toDouble(&isNumber);
-    if (isNumber && speed >= 0.0)
-        options.file.speed = speed;
-    options.rangeLow = settings.text(lowKey).toDouble();
-    options.rangeHigh = settings.text(highKey).toDouble();
+    const std::optional<double> speed = keptNumber(settings, speedKey);
+    if (speed && *speed >= 0.0)
+        options.file.speed = *speed;
+    options.rangeLow = keptNumber(settings, lowKey).value_or(0.0);
+    options.rangeHigh = keptNumber(settings, highKey).value_or(0.0);
     options.detectorFile = settings.text(detectorFileKey);
-    options.minimumSum = settings.text(minimumSumKey).toDouble();
+    options.minimumSum = keptNumber(settings, minimumSumKey).value_or(0.0);
     options.verdictLimits = keptVerdictLimits(settings);
     options.recordFolder = settings.text(folderKey);
     options.rotation = settings.text(rotateKey);

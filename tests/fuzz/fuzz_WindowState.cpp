@@ -47,7 +47,8 @@ std::string iniOf(const QByteArray &geometry, const QByteArray &docks)
 {
     return ("[Monitor]\ngeometry=" + sealed(geometry) + "\ndocks=" + sealed(docks)
             + "\ntime-span=90 "
-              "s\ncolours=1\nlegend=false\nspeed=4\nlimit-low=-1e-6\nlimit-high=1e-6\n")
+              "s\ncolours=1\nlegend=false\nspeed=4\nlimit-low=-1e-6\nlimit-high=1e-6\nminimum-sum="
+              "inf\n")
         .toStdString();
 }
 
@@ -67,6 +68,9 @@ void tryFile(const QByteArray &content)
         FUZZ_REQUIRE(settings.timeSpan() >= 0.0 && settings.palette() >= 0);
         const MonitorOptions options = keptOptions(settings);
         FUZZ_REQUIRE(options.file.speed >= 0.0);
+        for (const double number :
+             {options.file.speed, options.rangeLow, options.rangeHigh, options.minimumSum})
+            FUZZ_REQUIRE(std::isfinite(number));
         FUZZ_REQUIRE(options.start >= MonitorOptions::Start::Simulator
                      && options.start <= MonitorOptions::Start::Nothing);
         const FitParameters fit = keptFitParameters(settings);

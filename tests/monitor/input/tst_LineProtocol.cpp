@@ -572,17 +572,15 @@ private Q_SLOTS:
             QVERIFY2(alone == wanted && inLine[1] == wanted, text.c_str());
         }
         std::array<double, 2> unused{};
-        for (const char *other : {"1",
-                                  "1,2,3",
-                                  "1,2,",
-                                  "1,2x",
-                                  "1,2 3",
-                                  "1 2",
-                                  "1,1e",
-                                  "1,.",
-                                  "12/34567,2",
-                                  "12:34567,2"})
+        for (const char *other : {"1", "1,2,3", "1,2,", "1,2x", "1,2 3", "1 2", "1,1e", "1,."})
             QVERIFY2(!parseNumbers(other, 2, unused.data()), other);
+        // The neighbours of '0' and '9' are no digits, wherever they are among eight characters that are read at once.
+        for (const char neighbour : {'/', ':'})
+            for (std::size_t place = 0; place < 8; ++place) {
+                std::string text = "12345678,2";
+                text[place] = neighbour;
+                QVERIFY2(!parseNumbers(text, 2, unused.data()), text.c_str());
+            }
     }
 };
 

@@ -68,9 +68,9 @@ void tryFile(const QByteArray &content)
         FUZZ_REQUIRE(settings.timeSpan() >= 0.0 && settings.palette() >= 0);
         const MonitorOptions options = keptOptions(settings);
         FUZZ_REQUIRE(options.file.speed >= 0.0);
-        for (const double number :
+        for (const double option :
              {options.file.speed, options.rangeLow, options.rangeHigh, options.minimumSum})
-            FUZZ_REQUIRE(std::isfinite(number));
+            FUZZ_REQUIRE(std::isfinite(option));
         FUZZ_REQUIRE(options.start >= MonitorOptions::Start::Simulator
                      && options.start <= MonitorOptions::Start::Nothing);
         const FitParameters fit = keptFitParameters(settings);

@@ -91,7 +91,8 @@ bool findDecimal(double value, int most, Digits *digits)
     if (decimals < 0)
         return false;
     const double power = powersOfTen[decimals];
-    const auto number = std::int64_t(value * power + 0.5);
+    // A half that is rounded to the wrong side is no number that divides to the value.
+    const auto number = std::int64_t(value * power + 0.5); // NOLINT(bugprone-incorrect-roundings)
     if (double(number) / power != value)
         return false;
     if (number < tenToEight)

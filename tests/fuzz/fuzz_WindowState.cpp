@@ -114,14 +114,16 @@ void tryScope(const QByteArray &state)
 
 std::vector<std::string> fuzzSeeds()
 {
+    const std::string fit = "[StatisticsSetupPage]\ngaussian-fit-regression=true\n"
+                            "gaussian-fit-regression-threhold=-inf\n"
+                            "gaussian-fit-regression-window=5\ncenter-of-gravity=true\n"
+                            "center-of-threshold=20\n";
     return {
         iniOf(window().saveGeometry(), window().saveState()),
         scope().saveState().toStdString(),
         "[Monitor]\nlimits=\"a;1;2;3;4\"\nrecent=sim:ic4, a.csv\nwindows-channels=@Invalid()\n",
         "[StatisticsSetupPage]\npeaks=99999999999\n[Monitor]\ntime-span=all\nstart-with=nothing\n",
-        "[StatisticsSetupPage]\ngaussian-fit-regression=true\n"
-        "gaussian-fit-regression-threhold=-inf\n"
-        "gaussian-fit-regression-window=5\ncenter-of-gravity=true\ncenter-of-threshold=20\n"};
+        fit};
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)

@@ -506,7 +506,8 @@ private Q_SLOTS:
         field.tell(QVector<StatusField::Part>{{"PAUSED", {}, Look::State::Paused}});
         field.resize(field.sizeHint());
         const QImage picture = field.grab().toImage();
-        const int end = int((field.width() - Look::gap / 2) * picture.devicePixelRatio());
+        const int ground = field.width() - Look::gap / 2;
+        const int end = int(ground * picture.devicePixelRatio());
         const QImage edge = picture.copy(end - 2, 0, 2, picture.height());
         QCOMPARE(countPixels(edge,
                              [](const QColor &pixel) {

@@ -160,6 +160,25 @@ private Q_SLOTS:
         QVERIFY(view.markerText(1).startsWith(
             "s: 2.000e+02\nChannel %2 <b>%4</b> %1\n1\n   Period: 100\n"));
     }
+
+    void labelsOfMarkersHaveThePrefix()
+    {
+        ModelView view(1);
+        // A noise of about 1 nA.
+        view.model.appendRows(64, 0.001, [](int, double time) {
+            return 1.8634e-7 + 1e-9 * (qRound(time * 1000) * 7 % 5 - 2);
+        });
+        view.enablePlotMarker(true);
+        view.setSiPrefix(true);
+        view.click(Qt::LeftButton, 0.02, 1.86e-7);
+        view.click(Qt::RightButton, 0.06, 1.86e-7);
+        QVERIFY2(view.markerText(0).endsWith(" nA"), qPrintable(view.markerText(0)));
+        const QString text = view.markerText(1);
+        for (const char *line :
+             {"Period: 40.0000 ms", "Frequency: 25.0000 Hz", "Mean: 186.3", " nA"})
+            QVERIFY2(text.contains(line), qPrintable(text));
+        QVERIFY2(!text.contains("e-"), qPrintable(text));
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_MarkerLabels)

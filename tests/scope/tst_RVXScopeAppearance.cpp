@@ -247,43 +247,6 @@ private Q_SLOTS:
     }
 
     //! Without readings, a chart shows the unit of its channels and the time that it will show, and no numbers of earlier ones.
-    void anEmptyChartClaimsNothing()
-    {
-        const Units::nA nA;
-        ScopeTestModel model(2);
-        model.SetUnits(&nA);
-        ScopeTestView view;
-        QCOMPARE(view.xText() + ' ' + view.yText(), QString("0..1 -1..1"));
-        view.setModel(&model);
-        view.setSiPrefix(true);
-        view.setHysteresis(true);
-        view.setTimeSpan(60.0);
-        view.setTimeAxis(RVXScopePlotView::LocalTime);
-        const auto axes = [&view] {
-            return view.xText() + view.title(QwtPlot::xBottom) + ' ' + view.yText()
-                + view.title(QwtPlot::yLeft);
-        };
-        for (const int mode : {0, 1, 2, 0}) {
-            view.SetPlotMode(mode);
-            const QString empty = mode == 2 ? "0.5..2.5Channel -1..1nA" : "0..60s -1..1nA";
-            QCOMPARE(axes(), empty);
-            model.appendRows(300, 1.0, [](int, double time) {
-                return 2e6 + time;
-            });
-            QVERIFY2(view.y().maxValue() > 1e6, qPrintable(axes()));
-            model.Clear();
-            if (mode != 2) // the first reading of the next run, which draws no curve yet
-                model.show({5.0, 5.0});
-            QCOMPARE(axes(), empty);
-            model.Clear();
-            view.SetYScaleMode(RVXScopePlotView::Normalized);
-            QCOMPARE(view.title(QwtPlot::yLeft), QString("Relative Value"));
-            view.SetYScaleMode(RVXScopePlotView::AutoScale);
-        }
-        view.setLogarithmic(true);
-        QCOMPARE(view.y().maxValue(), 1.0);
-    }
-
     void zeroedStateIsReadable()
     {
         const auto isGreen = [](const QColor &c) {

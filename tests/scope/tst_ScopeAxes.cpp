@@ -213,25 +213,6 @@ private Q_SLOTS:
                  QString("A: -2e-07 -1.5e-07 -1e-07 -5e-08 0 5e-08 1e-07 1.5e-07 2e-07"));
     }
 
-    void labelsOfMarkersHaveThePrefix()
-    {
-        ModelView view(1);
-        // A noise of about 1 nA.
-        view.model.appendRows(64, 0.001, [](int, double time) {
-            return 1.8634e-7 + 1e-9 * (qRound(time * 1000) * 7 % 5 - 2);
-        });
-        view.enablePlotMarker(true);
-        view.setSiPrefix(true);
-        view.click(Qt::LeftButton, 0.02, 1.86e-7);
-        view.click(Qt::RightButton, 0.06, 1.86e-7);
-        QVERIFY2(view.markerText(0).endsWith(" nA"), qPrintable(view.markerText(0)));
-        const QString text = view.markerText(1);
-        for (const char *line :
-             {"Period: 40.0000 ms", "Frequency: 25.0000 Hz", "Mean: 186.3", " nA"})
-            QVERIFY2(text.contains(line), qPrintable(text));
-        QVERIFY2(!text.contains("e-"), qPrintable(text));
-    }
-
     //! Legend, table and marker show the newest reading with the same text, whatever each has shown before.
     void allDisplaysOfAReadingGiveTheSameText()
     {

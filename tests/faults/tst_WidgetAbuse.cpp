@@ -125,14 +125,21 @@ void addPropertyActions(const QMetaProperty &property, QVector<Action> &actions)
     }
 }
 
+//! Returns a value as the argument of a slot that is called by its name. The argument points to the value.
+template<typename Value>
+QArgument<Value> argumentOf(const Value &value)
+{
+    return {QMetaType::typeName(qMetaTypeId<Value>()), value};
+}
+
 //! Adds actions that call a slot, if its arguments are simple.
 void addSlotActions(const QMetaMethod &slot, QVector<Action> &actions)
 {
     if (slot.methodType() != QMetaMethod::Slot || slot.access() != QMetaMethod::Public)
         return;
-    const auto add = [&](auto... arguments) {
-        actions.append([slot, arguments...](Specimen &specimen) {
-            slot.invoke(specimen.widget, Qt::DirectConnection, arguments...);
+    const auto add = [&](auto... values) {
+        actions.append([slot, values...](Specimen &specimen) {
+            slot.invoke(specimen.widget, Qt::DirectConnection, argumentOf(values)...);
         });
     };
     const QList<QByteArray> types = slot.parameterTypes();
@@ -140,14 +147,14 @@ void addSlotActions(const QMetaMethod &slot, QVector<Action> &actions)
         add();
     else if (types == QList<QByteArray>{"int"})
         for (const int number : {0, 1, 2, 3})
-            add(Q_ARG(int, number));
+            add(number);
     else if (types == QList<QByteArray>{"bool"})
         for (const bool on : {true, false})
-            add(Q_ARG(bool, on));
+            add(on);
     else if (types == QList<QByteArray>{"double"})
-        add(Q_ARG(double, 1.0));
+        add(1.0);
     else if (types == QList<QByteArray>{"double", "double"})
-        add(Q_ARG(double, 1.0), Q_ARG(double, 2.0));
+        add(1.0, 2.0);
 }
 
 //! Adds actions of the source: another reading, spot or line.

@@ -56,7 +56,7 @@ public:
     /*! Returns in which of the columns shown a picture may differ from the one at the last call, as spans that rise and do not
         touch. */
     QVector<ColumnSpan> takeStale();
-    //! Has takeStale() return all columns.
+    //! Makes takeStale() return all columns.
     void forgetPicture() { m_isAllStale = true; }
 
 private:

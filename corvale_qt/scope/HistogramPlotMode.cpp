@@ -26,7 +26,7 @@ public:
         d_samples.resize(channels);
     }
 
-    //! Has bar i, counted from 0, stand elsewhere than at i + 1.
+    //! Puts bar i, counted from 0, elsewhere than at i + 1.
     void setPlace(int i, double left, double right)
     {
         d_samples[i].interval = QwtInterval(left, right);

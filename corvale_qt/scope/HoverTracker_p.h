@@ -13,7 +13,7 @@ namespace Corvale_Qt {
 class HoverCursor;
 class RVXScopePlotViewPrivate;
 
-/*! Follows the pointer over the canvas and has the cursor show what the plot reads there. While the pointer rests and the plot
+/*! Follows the pointer over the canvas and makes the cursor show what the plot reads there. While the pointer rests and the plot
     moves, the readings are shown ten times a second: nobody reads faster, and each plot would pay for it. */
 class HoverTracker : public QObject
 {

@@ -80,13 +80,13 @@ public:
 
     //! Makes the plot that is pending, so that the markers read the newest samples, even if nothing is painted.
     void plotForMarkers();
-    //! Has announce() called by the event loop if a host listens and there may be something to tell.
+    //! Calls announce() from the event loop if a host listens and there may be something to tell.
     void announceLater();
     // What the readings are watched for follows the model and the plots.
     void cellsChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
     void restart();
     void dropSweep();
-    //! Has what is set for a channel follow it, and tells hosts.
+    //! Moves what is set for a channel along with it, and tells hosts.
     void followChannels(const ChannelMoves &now);
     //! Follows channels by their names, which may stand elsewhere after a reset.
     void followNames();

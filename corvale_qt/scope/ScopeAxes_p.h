@@ -73,7 +73,7 @@ public:
     QStringList namesWithoutAxis() const;
     //! Returns whether the right axis is shown.
     bool hasRight() const { return m_hasRight; }
-    //! Has y axes that follow the data show [-1, 1], as there are none; Qwt would show [0, 1000].
+    //! Shows [-1, 1] on y axes that follow the data, as there are none; Qwt would show [0, 1000].
     void showEmpty();
     //! Sets up the x axis for time.
     void prepareTimeAxis();
@@ -87,7 +87,7 @@ public:
     const ValueAxis &values(int axis = QwtPlot::yLeft) const { return m_values[size_t(axis)]; }
     void setYTitle(int axis, const QString &title);
     void setXTitle(const QString &title);
-    //! Has the axes show their scales, those that follow the data first.
+    //! Shows the scales that were set, and those of the data on axes that follow them.
     void update();
 
 private:

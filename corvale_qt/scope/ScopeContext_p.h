@@ -58,7 +58,7 @@ struct ScopeContext
     //! Begins again with row 1 of the model.
     void restart();
 
-    //! Has what is set for a channel follow it. Returns the numbers of the channels whose limits are others.
+    //! Moves what is set for a channel along with it. Returns the numbers of the channels whose limits are others.
     QVector<int> followChannels(const ChannelMoves &now);
     // The model announces rows and cells; the markers, the sweep and the start of the strip chart follow.
     void rowsInserted(int start, int end);

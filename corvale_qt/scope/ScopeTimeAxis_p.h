@@ -35,7 +35,7 @@ public:
     //! Sets whether x counts from a trigger, so that it is no moment.
     void setFromTrigger(bool fromTrigger) { m_isFromTrigger = fromTrigger; }
 
-    //! Has the next range be set in any case, because the axis was another one in between.
+    //! Makes sure that the next range is set, because the axis was another one in between.
     void restart() { m_numbered.reset(); }
     //! Sets range and ticks of the axis. A range that is not finite changes nothing.
     void show(double left, double right);

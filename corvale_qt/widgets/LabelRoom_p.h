@@ -10,8 +10,8 @@ class QLabel;
 
 namespace Corvale_Qt {
 
-/*! The room of a label whose text changes often. Each text of a QLabel that lies in a layout has the whole window laid out anew, which
-    paints more than the label; this one only if the label needs more room than it ever had. */
+/*! The room of a label whose text changes often. Each text of a QLabel that lies in a layout lays the whole window out anew, which
+    paints more than the label; in this room a text does so only if it needs more room than the ones before. */
 class LabelRoom : public QWidget
 {
 public:

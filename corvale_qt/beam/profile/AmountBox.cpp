@@ -13,7 +13,7 @@ void AmountBox::setUnit(const AmountUnit &unit)
     m_prefix = unit.prefix();
     if (unit.takesPrefix && value() != minimum())
         m_prefix.follow(value());
-    setSuffix(unitText()); // has the text made anew, also where the unit that is shown stays
+    setSuffix(unitText()); // makes the text anew, even if the unit that is shown stays
 }
 
 void AmountBox::showAmount(double amount)

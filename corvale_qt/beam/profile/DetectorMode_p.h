@@ -52,6 +52,8 @@ public:
     bool verdictEnabled = false; //!< with a layout, frames are judged anyway
 
 private:
+    static QString missingText(int frames);
+    static QString backgroundText(int frames, bool isSubtracted);
     void mirror();
 
     DetectorLayout m_layout;
@@ -60,9 +62,6 @@ private:
     bool m_invertY = false;
 
     Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::DetectorMode)
-
-    static QString missingText(int frames);
-    static QString backgroundText(int frames, bool isSubtracted);
 };
 
 } // namespace Corvale_Qt

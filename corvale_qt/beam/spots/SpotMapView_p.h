@@ -57,7 +57,7 @@ public:
     void recreateFBO();
 
     SpotDifferences differences() const;
-    //! Has differencesChanged() and doseScaleChanged() emitted later if anybody listens.
+    //! Emits differencesChanged() and doseScaleChanged() later if anything listens.
     void announceDifferences();
 
     void follow(const SpotMapView *target);

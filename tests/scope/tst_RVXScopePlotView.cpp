@@ -108,13 +108,19 @@ private Q_SLOTS:
         limits.highAlarm = 6.5;
         view.setChannelLimits(2, limits);
         changed.clear();
-        view.model.appendRows(12001, 1.0, [](int, double time) {
+        const auto alternating = [](int, double time) {
             return std::fmod(time, 2.0) == 0.0 ? 9.0 : 5.0;
-        });
+        };
+        view.model.appendRows(12001, 1.0, alternating);
         QCOMPARE(view.limitState(2), LimitState::HighAlarm);
         QCoreApplication::sendPostedEvents();
         QCOMPARE(changed.last()[1].value<LimitState>(), LimitState::HighAlarm);
         QVERIFY(changed.size() < 10100);
+        // None of many readings that come together is left out.
+        changed.clear();
+        view.model.appendRows(1200, 1.0, alternating);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(changed.size(), 1200);
     }
 
     //! What is set for a channel stays with it when other channels come, go and change places.

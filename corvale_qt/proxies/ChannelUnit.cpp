@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
+#include "corvale_qt/proxies/UpstreamChain_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
-#include <QAbstractProxyModel>
+#include <QAbstractItemModel>
 
 namespace Corvale_Qt {
 
@@ -21,8 +22,7 @@ const RVXAbstractPlotDataModel *plotModelOf(const QAbstractItemModel *model)
     while (model) {
         if (const auto *plot = dynamic_cast<const RVXAbstractPlotDataModel *>(model))
             return plot;
-        const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model);
-        model = proxy ? proxy->sourceModel() : nullptr;
+        model = sourceOf(model);
     }
     return nullptr;
 }

@@ -193,8 +193,7 @@ void RVXLatestPlotDataProxyModelPrivate::followUnits()
     const QAbstractItemModel *model = source;
     while (model) {
         unitConnections << connectUnitsChanged(model, q, SLOT(UpdateHeaders()));
-        const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model);
-        model = proxy ? proxy->sourceModel() : nullptr;
+        model = sourceOf(model);
     }
     readUnits();
 }

@@ -2,6 +2,7 @@
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/proxies/ReadingPrefixes_p.h"
+#include "corvale_qt/proxies/UpstreamChain_p.h"
 
 #include <algorithm>
 #include <vector>
@@ -26,11 +27,12 @@ Readings readingsOf(const QAbstractItemModel *model)
         const auto *averaging = qobject_cast<const RVXAveragingProxyModel *>(proxy);
         const bool passesOn = (zeroing && (!zeroing->isZeroed() || readings.zeros.isEmpty()))
             || (averaging && averaging->averaging() == 1);
-        if (!passesOn || !proxy->sourceModel())
+        const QAbstractItemModel *const source = sourceOf(proxy);
+        if (!passesOn || !source)
             break;
         if (zeroing && zeroing->isZeroed())
             readings.zeros = zeroing->zeros();
-        readings.model = proxy->sourceModel();
+        readings.model = source;
     }
     return readings;
 }

@@ -2,9 +2,17 @@
 #include "corvale_qt/proxies/RVXMultichannelProxyModel_p.h"
 #include "corvale_qt/proxies/UpstreamChain_p.h"
 
+#include <QAbstractProxyModel>
 #include <QSet>
 
 namespace Corvale_Qt {
+
+QAbstractItemModel *sourceOf(const QAbstractItemModel *model)
+{
+    const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model);
+    QObject *const source = proxy ? proxy->sourceModel() : nullptr;
+    return qobject_cast<QAbstractItemModel *>(source); // it may be no more than a QObject
+}
 
 bool standsOn(const QAbstractItemModel *model, const QAbstractItemModel *other)
 {
@@ -20,8 +28,8 @@ bool standsOn(const QAbstractItemModel *model, const QAbstractItemModel *other)
         seen.insert(next);
         if (const auto *merged = dynamic_cast<const RVXMultichannelProxyModel *>(next))
             left += RVXMultichannelProxyModelPrivate::models(*merged);
-        else if (const auto *proxy = dynamic_cast<const QAbstractProxyModel *>(next))
-            left += proxy->sourceModel();
+        else
+            left += sourceOf(next);
     }
     return false;
 }

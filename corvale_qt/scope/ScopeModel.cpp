@@ -4,11 +4,12 @@
 #include "corvale_qt/plot/CanvasColors_p.h"
 #include "corvale_qt/proxies/ChannelUnit_p.h"
 #include "corvale_qt/proxies/ReadingPrefixes_p.h"
+#include "corvale_qt/proxies/UpstreamChain_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/ScopeTimeAxis_p.h"
 #include "corvale_qt/units/MeasurementUnit.h"
 
-#include <QAbstractProxyModel>
+#include <QAbstractItemModel>
 
 #include <algorithm>
 
@@ -157,11 +158,8 @@ QVariantList ScopeModel::deviceFits(int row) const
 QAbstractItemModel *ScopeModel::innermost(QAbstractItemModel *model)
 {
     // A proxy that merges several models has no single source: it is the innermost model itself.
-    auto *proxy = qobject_cast<QAbstractProxyModel *>(model);
-    while (proxy && proxy->sourceModel()) {
-        model = proxy->sourceModel();
-        proxy = qobject_cast<QAbstractProxyModel *>(model);
-    }
+    while (QAbstractItemModel *const source = sourceOf(model))
+        model = source;
     return model;
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/proxies/UpstreamChain_p.h"
 #include "corvale_qt/proxies/UpstreamSignals_p.h"
 #include "corvale_qt/scope/UnitsWatch_p.h"
 
-#include <QAbstractProxyModel>
+#include <QAbstractItemModel>
 
 namespace Corvale_Qt {
 
@@ -13,8 +14,7 @@ void UnitsWatch::follow(const QAbstractItemModel *model)
     stop();
     while (model) {
         m_connections.append(connectUnitsChanged(model, this, SIGNAL(changed())));
-        const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model);
-        model = proxy ? proxy->sourceModel() : nullptr;
+        model = sourceOf(model);
     }
 }
 

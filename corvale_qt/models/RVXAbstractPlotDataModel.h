@@ -25,7 +25,7 @@ class CORVALE_QT_EXPORT RVXAbstractPlotDataModel
 {
 public:
     //! Item roles of plot models, in addition to Qt's.
-    enum ItemRole {
+    enum ItemRole : int {
         //! A cell's doubleData() as a double.
         NumericValueRole = 33,
         /*! At the cell (last row, 0): fits that the device calculated, a QVariantList with mean, sigma and peak height for

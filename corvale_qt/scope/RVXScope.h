@@ -103,7 +103,7 @@ public:
     Q_ENUM(PlotMode)
 
     //! The tabs that a panel can have, one for each PlotMode.
-    enum PlotTab {
+    enum PlotTab : int {
         StripTab = 0x01,
         ScopeTab = 0x02,
         HistogramTab = 0x04,

@@ -172,7 +172,7 @@ public:
     Q_ENUM(PlotScales)
 
     //! Statistics that can be shown on the histogram.
-    enum HistogramItemTypes {
+    enum HistogramItemTypes : int {
         GaussabolaItem = 0,
         CenterOfGravityItem = 1,
         RegressionItem = 2,

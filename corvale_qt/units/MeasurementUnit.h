@@ -11,7 +11,7 @@ namespace Units {
 
 /*! Codes of the units, as stored in files and passed between programs. Each quantity has a block of 16 codes; the gaps
     are part of the numbering. */
-enum MeasurementUnitType {
+enum MeasurementUnitType : int {
     Type_Unknown = 0,
     Type_A = 16,
     Type_mA = 17,

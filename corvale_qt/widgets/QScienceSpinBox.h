@@ -23,7 +23,7 @@ class CORVALE_QT_EXPORT QScienceSpinBox : public QDoubleSpinBox
 
 public:
     //! What a step with arrow key, page key or wheel does to the value.
-    enum SteppingMode {
+    enum SteppingMode : int {
         AdditiveSteps = 0, //!< A step adds singleStep.
         /*! A step multiplies by stepFactor; ten steps at once multiply by at most one decade, or by one step if
             that is more. From 0 a step adds singleStep. */

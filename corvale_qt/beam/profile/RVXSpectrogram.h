@@ -93,7 +93,7 @@ public:
     // ---- A described detector, and verdicts ----
 
     //! The colour maps.
-    enum ColorMap {
+    enum ColorMap : int {
         Greyscale, //!< from black to white
         Color, //!< from black over blue, green and yellow to red
         Viridis, //!< rises evenly in brightness, also for colour-blind eyes

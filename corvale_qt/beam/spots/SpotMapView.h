@@ -51,7 +51,7 @@ public:
     };
 
     //! The logical columns from which a spot is read.
-    enum MapColumn {
+    enum MapColumn : int {
         SigmaColumn = 1,
         XColumn = 2,
         YColumn = 3,
@@ -60,7 +60,7 @@ public:
     Q_ENUM(MapColumn)
 
     //! What the map shows.
-    enum DisplayMode {
+    enum DisplayMode : int {
         //! The spots.
         Data = 0,
         //! The difference: blue where the dose is above that of the target, red where it is below.

@@ -6,9 +6,8 @@ function(corvale_qt_compile_folders target)
     return()
   endif()
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
-  # In one source of several, gcc takes it for an error that a class of a private header holds what only its own source knows. A
-  # name that hides one of another source is no fault either.
-  target_compile_options(${target} PRIVATE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+  # In one source of several, gcc takes it for an error that a class of a private header holds what only its own source knows.
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
   get_target_property(sources ${target} SOURCES)
   get_target_property(base ${target} SOURCE_DIR)
   foreach(source IN LISTS sources)

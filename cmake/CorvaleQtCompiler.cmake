@@ -19,7 +19,11 @@ endif()
 add_library(corvale_qt_flags INTERFACE)
 # The order of products and sums is part of what the models promise: no fused multiply-add.
 target_compile_options(corvale_qt_flags INTERFACE
-  -ffp-contract=off -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wshadow
+  -ffp-contract=off -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
+  # Qt's logging macros use what clang takes for an extension of GNU's.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>
+  # Of several sources compiled as one, a name that hides one of another source is no fault.
+  $<$<NOT:$<BOOL:${CORVALE_QT_COMPILE_FOLDERS}>>:-Wshadow>
   $<$<BOOL:${CORVALE_QT_WARNINGS_AS_ERRORS}>:-Werror>)
 target_compile_definitions(corvale_qt_flags INTERFACE
   QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS)

@@ -44,8 +44,20 @@ if(CORVALE_QT_SANITIZE)
     CONTENT "int dlclose(void *handle);\nint dlclose(void *handle) { (void)handle; return 0; }\n")
   enable_language(C)
   add_library(corvale_qt_nodlclose MODULE "${PROJECT_BINARY_DIR}/nodlclose.c")
-  execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libasan.so
-    OUTPUT_VARIABLE corvale_qt_asan_library OUTPUT_STRIP_TRAILING_WHITESPACE)
+  set(corvale_qt_preloaded "$<TARGET_FILE:corvale_qt_nodlclose>")
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Its sanitizer is a library that must be loaded before all others; that of clang is part of the program.
+    execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libasan.so
+      OUTPUT_VARIABLE sanitizer_library OUTPUT_STRIP_TRAILING_WHITESPACE)
+    string(PREPEND corvale_qt_preloaded "${sanitizer_library}:")
+  endif()
+endif()
+
+# Without it a report of clang's sanitizers names no functions, and what is let through by their names would be reported.
+find_program(LLVM_SYMBOLIZER_PROGRAM NAMES llvm-symbolizer-14 llvm-symbolizer)
+set(corvale_qt_symbolizer "")
+if(LLVM_SYMBOLIZER_PROGRAM)
+  set(corvale_qt_symbolizer "ASAN_SYMBOLIZER_PATH=${LLVM_SYMBOLIZER_PROGRAM}")
 endif()
 
 set(corvale_qt_runtime_dir "${PROJECT_BINARY_DIR}/runtime")
@@ -56,7 +68,7 @@ file(CHMOD "${corvale_qt_runtime_dir}" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_
 # search for leaks now and then reads an address that never was one, and ends a test with OpenGL whose cases all passed.
 function(corvale_qt_test_properties test)
   set_tests_properties(${test} PROPERTIES
-    ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=1;XDG_RUNTIME_DIR=${corvale_qt_runtime_dir};XDG_STATE_HOME=${corvale_qt_runtime_dir};LSAN_OPTIONS=suppressions=${corvale_qt_lsan_suppressions}:print_suppressions=0;ASAN_OPTIONS=intercept_tls_get_addr=0;UBSAN_OPTIONS=print_stacktrace=1"
+    ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;QT_SCALE_FACTOR=1;XDG_RUNTIME_DIR=${corvale_qt_runtime_dir};XDG_STATE_HOME=${corvale_qt_runtime_dir};LSAN_OPTIONS=suppressions=${corvale_qt_lsan_suppressions}:print_suppressions=0;ASAN_OPTIONS=intercept_tls_get_addr=0;UBSAN_OPTIONS=print_stacktrace=1;${corvale_qt_symbolizer}"
     FAIL_REGULAR_EXPRESSION "QObject::connect:;QObject::disconnect:;QMetaObject::connectSlotsByName:"
     # A test that skips every case it has (no real readings, no OpenGL) is shown as skipped.
     SKIP_REGULAR_EXPRESSION "Totals: 2 passed, 0 failed, [1-9][0-9]* skipped")
@@ -113,7 +125,7 @@ function(corvale_qt_add_display_test test program)
   endif()
   set(preload "")
   if(CORVALE_QT_SANITIZE)
-    set(preload env "LD_PRELOAD=${corvale_qt_asan_library}:$<TARGET_FILE:corvale_qt_nodlclose>")
+    set(preload env "LD_PRELOAD=${corvale_qt_preloaded}")
   endif()
   add_test(NAME ${test} COMMAND "${XVFB_RUN_PROGRAM}" -a -s "-screen 0 1280x1024x24"
     ${preload} $<TARGET_FILE:${program}>)

@@ -64,7 +64,8 @@ void SweepSamples::takeChannel(const ScopeModel &model, RowRange rows, int chann
     model.reader().read(channel, rows.first, rows.size(), values.data());
     const std::unique_ptr<QwtSeriesData<QPointF>> series(
         model.plot()->seriesData(channel, rows.first, rows.last));
-    if (!series || typeid(*series) == typeid(RVXSeriesData))
+    const QwtSeriesData<QPointF> *const given = series.get();
+    if (!given || typeid(*given) == typeid(RVXSeriesData))
         return;
     // A series of a class that the host defines may give other points than the cells of the model.
     points.reserve(int(series->size()));

@@ -434,7 +434,7 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
     //! A file gets its name when it is whole, and replaces another one only if it may.
     void aFileIsWholeOrMissing()
     {
-        const auto write = [this](bool overwrite, NexusOutput *output) {
+        const auto write = [](bool overwrite, NexusOutput *output) {
             StreamHeader header;
             header.channels = {{"a", "nA"}};
             if (!output->start("test", overwrite, RecordingFile::usualMode))

@@ -1714,10 +1714,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>&amp;Bis:</translation>
     </message>
     <message>
-        <source>Times of the file, in seconds. They hold for files that are opened from now on, until the end of the program.</source>
-        <translation>Zeiten der Datei in Sekunden. Sie gelten für Dateien, die ab jetzt geöffnet werden, bis zum Ende des Programms.</translation>
-    </message>
-    <message>
         <source>Lowest &amp;limit:</source>
         <translation>U&amp;ntere Grenze:</translation>
     </message>
@@ -1764,10 +1760,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
         <translation>„%1“ ist keine Zahl. Mit Dezimalpunkt schreiben, etwa 1.5 oder -1e-6.</translation>
-    </message>
-    <message>
-        <source>There is nothing between %1 s and %2 s: the first time must be the earlier one.</source>
-        <translation>Zwischen %1 s und %2 s liegt nichts: Die erste Zeit muss die frühere sein.</translation>
     </message>
     <message>
         <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
@@ -1840,6 +1832,14 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>
         <translation>Was aus einer Datei wird, sobald nichts mehr in sie geschrieben wird. Der Monitor liest alle diese Formen.</translation>
+    </message>
+    <message>
+        <source>Times of the file, in seconds, or numbers of readings that have no times. They hold for files that are opened from now on, until the end of the program.</source>
+        <translation>Zeiten der Datei in Sekunden, oder Nummern von Messwerten, die keine Zeiten haben. Sie gelten für Dateien, die ab jetzt geöffnet werden, bis zum Ende des Programms.</translation>
+    </message>
+    <message>
+        <source>There is nothing between %1 and %2: the first time must be the earlier one.</source>
+        <translation>Zwischen %1 und %2 liegt nichts: Die erste Zeit muss die frühere sein.</translation>
     </message>
 </context>
 <context>
@@ -2114,10 +2114,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Einen Messwert weiter (Punkt)</translation>
     </message>
     <message>
-        <source>How many times as fast as the recording was taken</source>
-        <translation>Faktor der Geschwindigkeit; 1 ist so schnell, wie aufgezeichnet wurde</translation>
-    </message>
-    <message>
         <source>Speed of the tape</source>
         <translation>Tempo des Bands</translation>
     </message>
@@ -2134,10 +2130,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Nichts wiederholen (Rücktaste)</translation>
     </message>
     <message>
-        <source>The time of the reading that is shown, as the recording has it</source>
-        <translation>Die Zeit des gezeigten Messwerts, wie sie in der Aufzeichnung steht</translation>
-    </message>
-    <message>
         <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
         <translation>Klicken oder ziehen, um dorthin zu gehen; mit Umschalt ziehen, um ein Stück zu wiederholen. Tasten: links und rechts (mit Umschalt zehnmal so weit), Pos1, Ende, Bild auf und Bild ab zu Ereignissen und Lücken.</translation>
     </message>
@@ -2152,6 +2144,29 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>%1/%2: </source>
         <translation>%1/%2: </translation>
+    </message>
+    <message>
+        <source>How many times as fast as the recording was taken; of readings without times, 1 x shows %1 a second</source>
+        <translation>Faktor der Geschwindigkeit; 1 ist so schnell, wie aufgezeichnet wurde. Von Messwerten ohne Zeiten zeigt 1 x %1 in der Sekunde</translation>
+    </message>
+    <message>
+        <source>The time of the reading that is shown, as the recording has it; its number where the recording has no times</source>
+        <translation>Die Zeit des gezeigten Messwerts, wie sie in der Aufzeichnung steht; seine Nummer, wo die Aufzeichnung keine Zeiten hat</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>spot %1 of %2</source>
+        <translation>Spot %1 von %2</translation>
+    </message>
+    <message>
+        <source>reading %1 of %2</source>
+        <translation>Messwert %1 von %2</translation>
     </message>
 </context>
 <context>
@@ -2482,10 +2497,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>%1: the name of a picture must end in .png, .svg or .pdf</source>
         <translation>%1: der Name eines Bildes muss auf .png, .svg oder .pdf enden</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
     </message>
     <message>
         <source>it is not a regular file</source>

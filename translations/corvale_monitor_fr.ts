@@ -1714,10 +1714,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Ju&amp;squ&apos;à&#xa0;:</translation>
     </message>
     <message>
-        <source>Times of the file, in seconds. They hold for files that are opened from now on, until the end of the program.</source>
-        <translation>Temps du fichier, en secondes. Valables pour les fichiers ouverts désormais, jusqu&apos;à la fin du programme.</translation>
-    </message>
-    <message>
         <source>Lowest &amp;limit:</source>
         <translation>Limite &amp;basse&#xa0;:</translation>
     </message>
@@ -1764,10 +1760,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
         <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre. L&apos;écrire avec un point décimal, comme 1.5 ou -1e-6.</translation>
-    </message>
-    <message>
-        <source>There is nothing between %1 s and %2 s: the first time must be the earlier one.</source>
-        <translation>Il n&apos;y a rien entre %1 s et %2 s&#xa0;: le premier temps doit être le plus tôt.</translation>
     </message>
     <message>
         <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
@@ -1840,6 +1832,14 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>
         <translation>Ce que devient un fichier dès que plus rien n’y est écrit. Le moniteur lit toutes ces formes.</translation>
+    </message>
+    <message>
+        <source>Times of the file, in seconds, or numbers of readings that have no times. They hold for files that are opened from now on, until the end of the program.</source>
+        <translation>Temps du fichier, en secondes, ou numéros des mesures qui n&apos;ont pas de temps. Valables pour les fichiers ouverts désormais, jusqu&apos;à la fin du programme.</translation>
+    </message>
+    <message>
+        <source>There is nothing between %1 and %2: the first time must be the earlier one.</source>
+        <translation>Il n&apos;y a rien entre %1 et %2&#xa0;: le premier temps doit être le plus tôt.</translation>
     </message>
 </context>
 <context>
@@ -2114,10 +2114,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Une mesure en avant (point)</translation>
     </message>
     <message>
-        <source>How many times as fast as the recording was taken</source>
-        <translation>Combien de fois plus vite que l&apos;enregistrement</translation>
-    </message>
-    <message>
         <source>Speed of the tape</source>
         <translation>Vitesse de lecture</translation>
     </message>
@@ -2134,10 +2130,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Ne rien répéter (Retour arrière)</translation>
     </message>
     <message>
-        <source>The time of the reading that is shown, as the recording has it</source>
-        <translation>Le temps de la mesure affichée, tel que dans l&apos;enregistrement</translation>
-    </message>
-    <message>
         <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
         <translation>Cliquer ou glisser pour s&apos;y rendre, glisser avec Maj pour répéter un passage. Touches&#xa0;: gauche et droite (dix fois plus loin avec Maj), Début, Fin, Page haut et Page bas vers les événements et les trous.</translation>
     </message>
@@ -2152,6 +2144,29 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>%1/%2: </source>
         <translation>%1/%2&#xa0;: </translation>
+    </message>
+    <message>
+        <source>How many times as fast as the recording was taken; of readings without times, 1 x shows %1 a second</source>
+        <translation>Combien de fois plus vite que l&apos;enregistrement&#xa0;; pour des mesures sans temps, 1 x en montre %1 par seconde</translation>
+    </message>
+    <message>
+        <source>The time of the reading that is shown, as the recording has it; its number where the recording has no times</source>
+        <translation>Le temps de la mesure affichée, tel que dans l&apos;enregistrement&#xa0;; son numéro si l&apos;enregistrement n&apos;a pas de temps</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>spot %1 of %2</source>
+        <translation>spot %1 sur %2</translation>
+    </message>
+    <message>
+        <source>reading %1 of %2</source>
+        <translation>mesure %1 sur %2</translation>
     </message>
 </context>
 <context>
@@ -2482,10 +2497,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>%1: the name of a picture must end in .png, .svg or .pdf</source>
         <translation>%1&#xa0;: le nom d&apos;une image doit se terminer par .png, .svg ou .pdf</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
     </message>
     <message>
         <source>it is not a regular file</source>

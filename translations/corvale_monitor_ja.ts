@@ -1714,10 +1714,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>終了(&amp;T):</translation>
     </message>
     <message>
-        <source>Times of the file, in seconds. They hold for files that are opened from now on, until the end of the program.</source>
-        <translation>ファイル内の時刻 (秒)。これから開くファイルに、プログラムの終了まで適用されます。</translation>
-    </message>
-    <message>
         <source>Lowest &amp;limit:</source>
         <translation>下限(&amp;L):</translation>
     </message>
@@ -1764,10 +1760,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
         <translation>「%1」は数値ではありません。1.5 や -1e-6 のように、ピリオドを小数点として入力してください。</translation>
-    </message>
-    <message>
-        <source>There is nothing between %1 s and %2 s: the first time must be the earlier one.</source>
-        <translation>%1 s と %2 s の間には何もありません。最初の時刻を先にしてください。</translation>
     </message>
     <message>
         <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
@@ -1840,6 +1832,14 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>
         <translation>書き込みが終わったファイルをどうするか。モニターはどの形式も読めます。</translation>
+    </message>
+    <message>
+        <source>Times of the file, in seconds, or numbers of readings that have no times. They hold for files that are opened from now on, until the end of the program.</source>
+        <translation>ファイル内の時刻 (秒)。時刻のない測定値ではその番号。これから開くファイルに、プログラムの終了まで適用されます。</translation>
+    </message>
+    <message>
+        <source>There is nothing between %1 and %2: the first time must be the earlier one.</source>
+        <translation>%1 と %2 の間には何もありません。最初の時刻を先にしてください。</translation>
     </message>
 </context>
 <context>
@@ -2114,10 +2114,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>1 測定値進む (ピリオド)</translation>
     </message>
     <message>
-        <source>How many times as fast as the recording was taken</source>
-        <translation>記録時の何倍の速さか</translation>
-    </message>
-    <message>
         <source>Speed of the tape</source>
         <translation>テープの速度</translation>
     </message>
@@ -2134,10 +2130,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>繰り返さない (Backspace)</translation>
     </message>
     <message>
-        <source>The time of the reading that is shown, as the recording has it</source>
-        <translation>表示中の測定値の、記録にある時刻</translation>
-    </message>
-    <message>
         <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
         <translation>クリックかドラッグでその位置へ移動、Shift を押しながらドラッグで区間を繰り返します。キー: 左右 (Shift で 10 倍)、Home、End、Page Up と Page Down でイベントと途切れへ。</translation>
     </message>
@@ -2152,6 +2144,29 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>%1/%2: </source>
         <translation>%1/%2: </translation>
+    </message>
+    <message>
+        <source>How many times as fast as the recording was taken; of readings without times, 1 x shows %1 a second</source>
+        <translation>記録時の何倍の速さか。時刻のない測定値では 1 x で毎秒 %1 個を表示します</translation>
+    </message>
+    <message>
+        <source>The time of the reading that is shown, as the recording has it; its number where the recording has no times</source>
+        <translation>表示中の測定値の、記録にある時刻。記録に時刻がなければその番号</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::TapeText</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>spot %1 of %2</source>
+        <translation>スポット %1 / %2</translation>
+    </message>
+    <message>
+        <source>reading %1 of %2</source>
+        <translation>測定値 %1 / %2</translation>
     </message>
 </context>
 <context>
@@ -2482,10 +2497,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>%1: the name of a picture must end in .png, .svg or .pdf</source>
         <translation>%1: 画像の名前は .png、.svg、.pdf のいずれかで終わる必要があります</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
     </message>
     <message>
         <source>it is not a regular file</source>

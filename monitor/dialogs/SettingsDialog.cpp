@@ -184,7 +184,8 @@ QWidget *SettingsDialog::newFilePage()
     addField(layout,
              tr("&To:"),
              m_to,
-             tr("Times of the file, in seconds. They hold for files that are opened from now on, "
+             tr("Times of the file, in seconds, or numbers of readings that have no times. They "
+                "hold for files that are opened from now on, "
                 "until the end of the program."));
     return page;
 }
@@ -351,7 +352,7 @@ QString SettingsDialog::fault() const
                 .arg(edit->text());
     const MonitorOptions wanted = options();
     if (wanted.file.from > wanted.file.to)
-        return tr("There is nothing between %1 s and %2 s: the first time must be the earlier one.")
+        return tr("There is nothing between %1 and %2: the first time must be the earlier one.")
             .arg(wanted.file.from)
             .arg(wanted.file.to);
     const bool anyLimit = !m_low->text().trimmed().isEmpty() || !m_high->text().trimmed().isEmpty();

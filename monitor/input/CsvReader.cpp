@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace Monitor {
 
 namespace {
@@ -17,8 +19,8 @@ constexpr int longestContext = 1024 * 1024;
 
 CsvReader::CsvReader(StreamSink &sink)
     : m_sink(sink)
-    , m_protocol(std::make_unique<LineProtocol>(m_sink))
 {
+    beginProtocol();
 }
 
 CsvReader::~CsvReader() = default;
@@ -27,8 +29,14 @@ void CsvReader::setImport(const ImportOptions &options)
 {
     m_options = options;
     m_import = options.isUsual() ? nullptr : std::make_unique<TableImport>(options);
-    if (options.interval > 0.0)
-        m_rowInterval = options.interval;
+    m_rowInterval = std::max(options.interval, 0.0);
+    beginProtocol();
+}
+
+void CsvReader::beginProtocol()
+{
+    m_protocol = std::make_unique<LineProtocol>(m_sink);
+    m_protocol->setArrivalCounted(isCounting());
 }
 
 bool CsvReader::open(const QString &path)
@@ -101,7 +109,7 @@ void CsvReader::noteDamage(Damage damage, const QString &text)
 
 void CsvReader::startOver(qint64 offset)
 {
-    m_protocol = std::make_unique<LineProtocol>(m_sink);
+    beginProtocol();
     m_context.clear();
     m_contextTooLong = false;
     m_offset = offset;
@@ -203,11 +211,14 @@ void CsvReader::takeProtocolLine(std::string_view line, bool tooLong)
         m_isRecording = true;
     if (isMetadata && line.substr(0, 6) == "#frame")
         m_frame = pointAtLine();
-    m_protocol->setArrivalTime(double(m_row) * m_rowInterval);
+    m_protocol->setArrivalTime(isCounting() ? double(m_row + 1) : double(m_row) * m_rowInterval);
+    const qint64 badBefore = m_protocol->counts().bad();
     m_protocol->takeLine(line, tooLong);
+    // A row that cannot be read leaves a gap in times, and none in a list.
+    const bool isRead = !isCounting() || m_protocol->counts().bad() == badBefore;
     if (isMetadata || m_protocol->isAtHeader())
         noteContext(line);
-    else if (m_protocol->hasColumns())
+    else if (m_protocol->hasColumns() && isRead)
         ++m_row;
 }
 

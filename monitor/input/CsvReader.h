@@ -12,14 +12,11 @@
 namespace Monitor {
 
 /*! Reads a table from a file, piece by piece: a recording of the monitor, a file that a model of the library saved, or
-    any CSV file with a header line; also if it is compressed by zstd. Rows without a time (lists of spots) are spotInterval
-    seconds apart. */
+    any CSV file with a header line; also if it is compressed by zstd. Rows without a time (lists of spots) are counted: the time of a
+    reading is its number, from 1, unless an interval is given. */
 class CsvReader : public TableReader
 {
 public:
-    //! Seconds between two rows of a table without times.
-    static constexpr double spotInterval = 0.02;
-
     //! \a sink receives what is read; it must outlive the reader.
     explicit CsvReader(StreamSink &sink);
     ~CsvReader() override;
@@ -58,6 +55,8 @@ public:
 private:
     void takeLine(std::string_view line, bool tooLong);
     void takeProtocolLine(std::string_view line, bool tooLong);
+    void beginProtocol();
+    bool isCounting() const { return m_rowInterval == 0.0; }
     ReadPoint pointAtLine() const;
     void noteContext(std::string_view line);
     QByteArray readPiece(int bytes);
@@ -73,7 +72,7 @@ private:
     bool m_isRecording = false;
     bool m_passesDamage = false;
     std::function<void(Damage, const QString &)> m_damageHandler;
-    qint64 m_row = 0; //!< rows of the table that were read
+    qint64 m_row = 0; //!< rows of the table that were read; readings, if they are counted
     qint64 m_offset = 0; //!< bytes of the text that were read
     ReadPoint m_frame; //!< where the present frame begins
     QByteArray m_context;
@@ -81,7 +80,7 @@ private:
     std::unique_ptr<ZstdFrames> m_frames; //!< null if the file is not compressed
     ImportOptions m_options;
     std::unique_ptr<TableImport> m_import; //!< null for what the line protocol describes
-    double m_rowInterval = spotInterval;
+    double m_rowInterval = 0.0; //!< seconds; 0 to count rows without a time
     LineSplitter m_splitter;
     std::unique_ptr<LineProtocol> m_protocol;
     LineCounts m_countsBefore;

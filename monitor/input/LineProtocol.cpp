@@ -29,6 +29,20 @@ bool beginsWith(std::string_view line, std::string_view word)
         && (line.size() == word.size() || line[word.size()] == ' ' || line[word.size()] == '\t');
 }
 
+//! Returns whether a header line has the names of these channels, with their units or without, and nothing else.
+bool areNamesOf(const QVector<Channel> &channels, const QStringList &names)
+{
+    return !channels.isEmpty()
+        && std::equal(channels.begin(),
+                      channels.end(),
+                      names.begin(),
+                      names.end(),
+                      [](const Channel &channel, const QString &name) {
+                          return name == channel.name
+                              || name == channel.name + QLatin1Char('_') + channel.unit;
+                      });
+}
+
 } // namespace
 
 LineProtocol::LineProtocol(StreamSink &sink)
@@ -252,9 +266,9 @@ bool LineProtocol::takeHeader()
     QStringList names;
     for (const std::string_view field : m_fields)
         names.append(cleanText(QString::fromUtf8(field.data(), int(field.size())), maxNameLength));
-    const bool ofARecording = names.first() == QLatin1String("time_s")
+    const bool isTimed = names.first() == QLatin1String("time_s")
         && names.size() == m_metadata.channels().size() + 1;
-    if (ofARecording)
+    if (isTimed || areNamesOf(m_metadata.channels(), names))
         return true; // "#channels" gave the same names, more exactly
     std::unique_ptr<RowReader> rows = MultichannelRowReader::fromHeader(names);
     if (!rows) {
@@ -422,6 +436,7 @@ void LineProtocol::deliver(double time, const double *values)
             ? m_metadata.headerForFrames(m_rows->frames(), m_rows->frameUnit())
             : m_metadata.headerFor(m_rows->channels(), m_rows->kind());
         header.leftOutChannels = m_rows->leftOutChannels();
+        header.hasTimes = m_rows->isTimed() || !m_isArrivalCounted;
         if (!header.detectorFault.isEmpty())
             m_sink.eventNoted(
                 QStringLiteral("the detector is not used: %1").arg(header.detectorFault));

@@ -32,6 +32,8 @@ public:
     void beginStream();
     //! Sets the time in seconds of all following lines that have no time.
     void setArrivalTime(double seconds) { m_arrivalTime = seconds; }
+    //! Sets whether those times are only the numbers of the lines: readings without a time of their own have none then.
+    void setArrivalCounted(bool on) { m_isArrivalCounted = on; }
     //! Takes a line without its line end; \a tooLong if it is only the beginning of a longer line.
     void takeLine(std::string_view line, bool tooLong);
     //! Ends the stream: hands on the readings that were held back.
@@ -76,6 +78,7 @@ private:
     StreamSink &m_sink;
     LineCounts m_counts;
     double m_arrivalTime = 0.0;
+    bool m_isArrivalCounted = false;
     std::string_view m_line; //!< the line that is being taken; empty between lines
     RowReader::Fields m_fields;
 

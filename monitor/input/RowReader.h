@@ -40,6 +40,8 @@ public:
     bool hasFrames() const { return m_frames.readings > 0; }
     //! Returns the number of values in each reading.
     int valuesPerReading() const { return hasFrames() ? m_frames.readings : m_channels.size(); }
+    //! Returns whether the lines have times.
+    virtual bool isTimed() const { return true; }
     //! Returns the number of channels that the table has beyond those that are read.
     virtual int leftOutChannels() const { return 0; }
     //! Calls \a handler for each reading that this line completes. A line without a time gets \a arrivalTime.
@@ -73,6 +75,7 @@ public:
     TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
     bool readPlain(std::string_view line, const RowHandler &handler) override;
+    bool isTimed() const override { return m_timed; }
 
 private:
     const bool m_timed;
@@ -86,6 +89,7 @@ public:
     explicit PlannedRowReader(const ColumnPlan &plan);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
     bool readPlain(std::string_view line, const RowHandler &handler) override;
+    bool isTimed() const override { return m_timeColumn >= 0; }
     int leftOutChannels() const override { return m_leftOut; }
 
 private:

@@ -185,11 +185,21 @@ QVariant MultichannelDeviceModel::deviceSpecificData(const QModelIndex &index, i
     }
 }
 
+const Corvale_Qt::Units::MeasurementUnit *MultichannelDeviceModel::xUnits() const
+{
+    using Corvale_Qt::Units::MeasurementUnit;
+    static const MeasurementUnit spot(1.0, QStringLiteral("spot"), 1.0);
+    static const MeasurementUnit reading(1.0, QStringLiteral("reading"), 1.0);
+    if (m_header.hasTimes)
+        return RVXMultichannelDeviceModel::xUnits();
+    return m_header.kind == StreamKind::Spots ? &spot : &reading;
+}
+
 //! Returns the text of a cell. The name of a channel comes without its unit, which every display shows with the readings.
 QVariant MultichannelDeviceModel::text(const QModelIndex &index) const
 {
     if (index.column() == 0)
-        return QString::number(doubleData(index.row(), 0), 'f', 3);
+        return QString::number(doubleData(index.row(), 0), 'f', m_header.hasTimes ? 3 : 0);
     if (index.row() > 0)
         return RVXMultichannelDeviceModel::deviceSpecificData(index, Qt::DisplayRole);
     return m_header.channels[index.column() - 1].name;
@@ -230,16 +240,16 @@ bool MultichannelDeviceModel::writeRows(QIODevice &file) const
     // While somebody watches, readings may come and leave, and so may the model.
     const bool isWatched = SaveProgress::isWatched();
     const ReadingBlock copied = isWatched ? shownReadings() : ReadingBlock();
-    QByteArray text = recordingHeader(m_header.hasFrames() ? m_header.ofNumbers() : m_header,
-                                      QStringLiteral("saved from the monitor's buffer"));
+    const StreamHeader header = m_header.hasFrames() ? m_header.ofNumbers() : m_header;
+    QByteArray text = recordingHeader(header, QStringLiteral("saved from the monitor's buffer"));
     std::vector<double> values(static_cast<std::size_t>(channels));
     for (int row = 1; row <= rows; ++row) {
         if (isWatched) {
-            appendRecordingRow(&text, copied.time(row - 1), copied.values(row - 1), channels);
+            appendRecordingReading(&text, header, copied.time(row - 1), copied.values(row - 1));
         } else {
             for (std::size_t i = 0; i < values.size(); ++i)
                 values[i] = receivedValue(row, int(i));
-            appendRecordingRow(&text, doubleData(row, 0), values.data(), channels);
+            appendRecordingReading(&text, header, doubleData(row, 0), values.data());
         }
         if (text.size() < recordingPiece)
             continue;

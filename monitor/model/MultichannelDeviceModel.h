@@ -63,6 +63,8 @@ public:
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override;
     const std::type_info &vouchedType() const override { return typeid(MultichannelDeviceModel); }
 
+    //! Returns seconds, or "spot" or "reading" if they are only counted.
+    const Corvale_Qt::Units::MeasurementUnit *xUnits() const override;
     //! Saves the rows as a recording, which the monitor and any reader of CSV can open.
     bool SaveDataToFile(const QString &fileName) const override;
     void Clear() override;

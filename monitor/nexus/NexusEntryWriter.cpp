@@ -139,8 +139,11 @@ Hdf5Object NexusEntryWriter::timeData(hid_t group)
                                        H5T_IEEE_F64LE,
                                        {},
                                        hsize_t(chunkRows));
-    m_output.text(time.id(), NexusNames::units, QStringLiteral("s"));
-    m_output.text(time.id(), "long_name", QStringLiteral("time (s)"));
+    const bool isTimed = m_header.hasTimes;
+    m_output.text(time.id(), NexusNames::units, isTimed ? QStringLiteral("s") : QString());
+    m_output.text(time.id(),
+                  "long_name",
+                  isTimed ? QStringLiteral("time (s)") : QStringLiteral("number of the reading"));
     if (m_header.startTime.isValid())
         m_output.text(time.id(), NexusNames::start, isoText(m_header.startTime));
     if (m_header.startUncertainty > 0.0)

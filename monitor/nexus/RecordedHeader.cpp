@@ -29,6 +29,13 @@ void takeLines(LineProtocol *protocol, const QByteArray &text)
         protocol->takeLine({line.constData(), std::size_t(line.size())}, false);
 }
 
+//! Returns whether readings with a header of these lines have times: its line of columns, if there is one, names the time.
+bool haveTimes(const QByteArray &lines)
+{
+    const QByteArray last = lines.trimmed().split('\n').last();
+    return last.startsWith('#') || last.startsWith("time_s,");
+}
+
 } // namespace
 
 RecordedHeader RecordedHeader::of(const StreamHeader &header, const QString &source)
@@ -45,9 +52,11 @@ StreamHeader RecordedHeader::parsed() const
         return {};
     HeaderSink sink;
     LineProtocol protocol(sink);
+    protocol.setArrivalCounted(true);
     takeLines(&protocol, lines);
     // A header is told with the first reading, so the protocol gets one.
     StreamHeader form;
+    form.hasTimes = haveTimes(lines);
     form.frameRows = frameRows;
     if (frameRows > 0)
         form.frameSize = values;

@@ -7,6 +7,7 @@
 #include "monitor/nexus/NexusFiles.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/recording/RecordingRepair.h"
+#include "monitor/sources/PlayClock.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/statistics/BeamEstimates.h"
 #include "monitor/statistics/ProfileFits.h"
@@ -177,6 +178,7 @@ std::optional<SpotErrors> HeadlessFeed::spotErrors() const
 void HeadlessFeed::takeHeader(const StreamHeader &told)
 {
     StreamHeader header = told;
+    m_limit.setPace(PlayClock::paceOf(header.hasTimes));
     if (!m_commandLine.detector.isEmpty()) {
         header.setDetector(m_commandLine.detector);
         if (!header.detectorFault.isEmpty())

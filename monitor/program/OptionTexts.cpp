@@ -3,6 +3,7 @@
 
 #include "monitor/core/Text.h"
 #include "monitor/readings/DetectorPresets.h"
+#include "monitor/sources/PlayClock.h"
 
 namespace Monitor {
 
@@ -28,8 +29,11 @@ QVector<OptionText> readingOptions()
          "N",
          Text::tr("Play a file N times as fast as it was recorded; 0 for as fast as possible.")},
         {"loop", "", Text::tr("Play a file again and again.")},
-        {"from", "SECONDS", Text::tr("Begin at this time of the file.")},
-        {"to", "SECONDS", Text::tr("End at this time of the file.")},
+        {"from",
+         "SECONDS",
+         Text::tr(
+             "Begin at this time of the file; at the reading of this number if it has no times.")},
+        {"to", "SECONDS", Text::tr("End at this time of the file, or at that reading.")},
         {"import",
          "HOW",
          Text::tr(
@@ -124,8 +128,10 @@ QVector<OptionText> outputOptions()
          Text::tr("Show this much time in the strip chart: 90s, 2h, or all that is kept.")},
         {"after",
          "AMOUNT",
-         Text::tr(
-             "End, or take the picture, after this amount of data: 200frames, or 2s of its time.")},
+         Text::tr("End, or take the picture, after this amount of data: 200frames, or 2s of its "
+                  "time (%1 "
+                  "readings each second if it has none).")
+             .arg(countedEachSecond)},
         {"publish",
          "ADDRESS",
          Text::tr("Publish position, sigma, integral, verdict, rate and newest values, for example "

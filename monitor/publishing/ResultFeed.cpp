@@ -202,7 +202,7 @@ void ResultFeed::addValues(Results *results) const
     }
 }
 
-//! Returns the time of the newest reading as the stream states it, or that of its arrival. A list of spots states none.
+//! Returns the time of the newest reading as the stream states it, or that of its arrival. A list states none.
 double ResultFeed::timeOfNewest() const
 {
     const StreamStatistics &statistics = m_input.statistics();
@@ -210,7 +210,7 @@ double ResultFeed::timeOfNewest() const
         return std::numeric_limits<double>::quiet_NaN();
     const double now = secondsEach * double(m_clock.wallTime().toMSecsSinceEpoch());
     const double arrival = isOfToldReading() ? m_told.time : now;
-    if (statistics.header().kind == StreamKind::Spots)
+    if (statistics.header().isList())
         return arrival;
     const std::optional<double> origin = statistics.header().statedOrigin(statistics.firstTime());
     return origin ? *origin + statistics.lastTime() : arrival;

@@ -151,7 +151,9 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
 {
     if (header.hasFrames())
         return frameHeader(header, source);
-    QByteArrayList names, units, columns{"time_s"};
+    QByteArrayList names, units, columns;
+    if (header.hasTimes)
+        columns += "time_s";
     for (int i = 0; i < header.channels.size(); ++i) {
         names += nameField(header.channels[i], i);
         units += unitField(header.channels[i]);
@@ -169,7 +171,8 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
     // The longest names and units do not fit into one line; the units are in the "#unit" line in any case.
     const QByteArray line = columns.join(',');
     const bool fits = line.size() <= LineSplitter::maxLength;
-    return text + (fits ? line : "time_s," + names.join(',')) + "\n";
+    const QByteArray shortLine = (header.hasTimes ? "time_s," : "") + names.join(',');
+    return text + (fits ? line : shortLine) + "\n";
 }
 
 void appendRecordingRow(QByteArray *text, double time, const double *values, int channels)
@@ -184,6 +187,19 @@ void appendRecordingRow(QByteArray *text, double time, const double *values, int
     row.add('\n');
 }
 
+//! Appends the line of a reading without a time. The first of a single value is written out, since an empty line would be none.
+void appendUntimedRow(QByteArray *text, const double *values, int channels)
+{
+    NumberText row(text);
+    for (int i = 0; i < channels; ++i) {
+        if (i > 0)
+            row.add(',');
+        if (!std::isnan(values[i]) || channels == 1)
+            row.add(values[i]);
+    }
+    row.add('\n');
+}
+
 void appendRecordingReading(QByteArray *text,
                             const StreamHeader &header,
                             double time,
@@ -191,8 +207,10 @@ void appendRecordingReading(QByteArray *text,
 {
     if (header.frameRows > 0)
         appendFrame(text, header.frameRows, header.frameSize / header.frameRows, time, values);
-    else
+    else if (header.hasTimes)
         appendRecordingRow(text, time, values, header.valuesPerReading());
+    else
+        appendUntimedRow(text, values, header.valuesPerReading());
 }
 
 void appendRecordingEvent(QByteArray *text, const QString &event)

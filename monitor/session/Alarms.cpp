@@ -82,7 +82,9 @@ void Alarms::take(const LimitLog::Change &change)
     const Channel &channel = m_header.channels[change.channel];
     if (change.state == LimitState::Normal) {
         const LimitExcursion &past = change.excursion;
-        Q_EMIT noted(tr("%1 is within its limits again after %2 s, at worst %3")
+        Q_EMIT noted((m_header.hasTimes
+                          ? tr("%1 is within its limits again after %2 s, at worst %3")
+                          : tr("%1 is within its limits again %2 readings later, at worst %3"))
                          .arg(channel.name,
                               QString::number(past.ended - past.began, 'g', 6),
                               quantity(past.worst, channel.unit)));
@@ -104,7 +106,7 @@ void Alarms::take(const LimitLog::Change &change)
         return;
     }
     entry.isUnacknowledged = entry.isUnacknowledged || isAlarm(change.state);
-    Q_EMIT noted(tr("%1: %2 at t = %3 s")
+    Q_EMIT noted((m_header.hasTimes ? tr("%1: %2 at t = %3 s") : tr("%1: %2 at reading %3"))
                      .arg(text(change.state, channel.name, limit),
                           quantity(change.reading, channel.unit),
                           QString::number(change.time, 'g', 10)));

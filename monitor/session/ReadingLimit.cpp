@@ -21,7 +21,7 @@ const ReadingBlock &ReadingLimit::take(const ReadingBlock &readings)
 bool ReadingLimit::endsWith(double time, qint64 number) const
 {
     const bool enoughReadings = m_readings > 0 && number >= m_readings;
-    const bool enoughTime = m_seconds > 0.0 && time - m_firstTime >= m_seconds;
+    const bool enoughTime = m_seconds > 0.0 && time - m_firstTime >= m_seconds * m_pace;
     return enoughReadings || enoughTime;
 }
 

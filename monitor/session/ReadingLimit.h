@@ -5,7 +5,8 @@
 
 namespace Monitor {
 
-/*! How much of a stream a run takes: a number of readings, a number of seconds of the readings' times, or everything.
+/*! How much of a stream a run takes: a number of readings, a number of seconds of the readings' times, or everything. Readings without times take as
+    long as playing them.
     It cuts exactly after the last reading, whatever the blocks are. */
 class ReadingLimit
 {
@@ -19,6 +20,8 @@ public:
     {
     }
 
+    //! Sets how many units of the readings' times pass in a second, see PlayClock::paceOf().
+    void setPace(double perSecond) { m_pace = perSecond; }
     //! Returns whether there is a limit.
     bool exists() const { return m_readings > 0 || m_seconds > 0.0; }
     //! Returns whether the last reading of the run has been taken.
@@ -31,6 +34,7 @@ private:
 
     qint64 m_readings = 0;
     double m_seconds = 0.0;
+    double m_pace = 1.0;
     qint64 m_taken = 0;
     double m_firstTime = 0.0;
     bool m_reached = false;

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/nexus/NexusSegments.h"
+#include "monitor/sources/PlayClock.h"
 
 #include <algorithm>
 #include <limits>
@@ -128,6 +129,7 @@ void Session::showAnew(const ComputedStream &former)
 void Session::takeHeader(const StreamHeader &told)
 {
     m_told = told;
+    m_limit.setPace(PlayClock::paceOf(told.hasTimes));
     const StreamHeader header = completed(told);
     countAnew(header);
     if (!m_headerWaits)

@@ -38,7 +38,7 @@ QDateTime StreamClock::originDate() const
 
 void StreamClock::begin(const StreamHeader &header)
 {
-    m_hasTimes = header.kind != StreamKind::Spots;
+    m_hasTimes = !header.isList();
     m_origin.reset();
     m_isByArrival = false;
     m_isDated = true;

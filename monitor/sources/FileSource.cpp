@@ -293,6 +293,7 @@ void FileSource::beginPart(Part *part)
     double begin = part->readings.isEmpty() ? 0.0 : part->readings.time(0);
     if (m_sought && m_sought->part == part->number)
         begin = std::max(begin, m_sought->time);
+    m_play.setPace(PlayClock::paceOf(part->header.hasTimes));
     m_play.moveTo(clock().seconds(), begin);
     m_shown = {part->number, begin};
     m_sought.reset();

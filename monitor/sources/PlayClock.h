@@ -5,6 +5,9 @@
 
 namespace Monitor {
 
+//! How many readings without times are played in a second at speed 1.
+inline constexpr double countedEachSecond = 50.0;
+
 //! Which time of a recording is due at which second of the clock, with pauses and changes of speed.
 class PlayClock
 {
@@ -24,7 +27,7 @@ public:
         if (m_paused)
             return m_time;
         return isUnpaced() ? std::numeric_limits<double>::infinity()
-                           : m_time + (now - m_since) * m_speed;
+                           : m_time + (now - m_since) * m_speed * m_pace;
     }
     //! Goes to a time of the recording.
     void moveTo(double now, double time)
@@ -32,6 +35,10 @@ public:
         m_time = time;
         m_since = now;
     }
+    //! Returns how many units of the times of readings pass in a second at speed 1.
+    static double paceOf(bool hasTimes) { return hasTimes ? 1.0 : countedEachSecond; }
+    //! Sets how many units of the recording's times pass in a second at speed 1.
+    void setPace(double perSecond) { m_pace = perSecond; }
     //! Pauses or goes on; \a shown is the time of the last reading that was played.
     void setPaused(double now, bool paused, double shown)
     {
@@ -51,6 +58,7 @@ private:
     }
 
     double m_speed;
+    double m_pace = 1.0;
     bool m_paused = false;
     double m_time = 0.0;
     double m_since = 0.0;

@@ -63,7 +63,7 @@ int widestName(const StreamHeader &header)
 void writeChannels(QTextStream &out, const StreamStatistics &statistics)
 {
     const StreamHeader &header = statistics.header();
-    const bool isList = header.kind == StreamKind::Spots;
+    const bool isList = header.isList();
     const int width = widestName(header);
     QStringList titles{"unit", "n", "mean", "sigma", "min", "max"};
     // The spots of a list have no times over which something could be integrated.
@@ -169,6 +169,8 @@ void writeExcursions(QTextStream &out, const StreamStatistics &statistics)
     const StreamHeader &header = statistics.header();
     const int width = widestName(header);
     bool isFirst = true;
+    const QStringList places = header.hasTimes ? QStringList{"began s", "ended s"}
+                                               : QStringList{"began at no.", "ended at no."};
     for (int i = 0; i < header.channels.size(); ++i) {
         for (const Corvale_Qt::LimitExcursion &excursion : statistics.limitLog().excursions(i)) {
             if (std::exchange(isFirst, false)) {
@@ -176,7 +178,7 @@ void writeExcursions(QTextStream &out, const StreamStatistics &statistics)
                 writeRow(out,
                          QStringLiteral("channel"),
                          width,
-                         {"limit", "began s", "ended s", "worst", "unit"});
+                         QStringList{"limit"} + places + QStringList{"worst", "unit"});
             }
             writeRow(out,
                      header.channels[i].name,
@@ -217,7 +219,7 @@ QJsonArray jsonChannels(const StreamStatistics &statistics)
     QJsonArray channels;
     for (int i = 0; i < statistics.header().channels.size(); ++i) {
         const RunningStatistics &channel = statistics.channel(i);
-        const bool isList = statistics.header().kind == StreamKind::Spots;
+        const bool isList = statistics.header().isList();
         const auto ofTime = [isList](double value) {
             return isList ? QJsonValue() : jsonNumber(value);
         };
@@ -430,6 +432,8 @@ QByteArray StatisticsReport::text() const
     out << "detector  " << stream.header().detector.summary() << "\n";
     if (stream.header().kind == StreamKind::Spots)
         out << "spots     " << stream.readings() << "\n";
+    else if (!stream.header().hasTimes)
+        out << "readings  " << stream.readings() << ", without times\n";
     else
         out << "readings  " << stream.readings() << " from " << number(stream.firstTime())
             << " s to " << number(stream.lastTime()) << " s\n"
@@ -460,7 +464,7 @@ QByteArray StatisticsReport::json() const
 QJsonObject StatisticsReport::object() const
 {
     const StreamStatistics &stream = *statistics;
-    const bool isList = stream.header().kind == StreamKind::Spots;
+    const bool isList = stream.header().isList();
     QJsonObject report{
         {"source", source},
         {"layout", layoutName(stream.header())},

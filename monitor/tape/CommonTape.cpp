@@ -254,6 +254,9 @@ void CommonTape::tellPlacing(int track) const
         Q_EMIT source(track).noted(
             QStringLiteral("WARNING the recording does not state when it was taken: it is played "
                            "from the beginning of the tape"));
+    if (m_tracks[std::size_t(track)].index.isCounted())
+        Q_EMIT source(track).noted(QStringLiteral(
+            "WARNING the recording has readings without times: they are played one a second"));
     if (m_times.movedParts(track) > 0)
         Q_EMIT source(track).noted(
             QStringLiteral("WARNING %1 parts of the recording are played after the part before, "

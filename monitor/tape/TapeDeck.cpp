@@ -16,6 +16,23 @@ namespace {
 constexpr qint64 readingsBefore = 30000;
 constexpr qint64 bytesBefore = qint64(8) * 1024 * 1024;
 
+//! Returns a single stretch of seconds, or one for each part if readings are counted, which begins anew in each part.
+QVector<TapeSurvey::Stretch> stretchesOf(const TapeIndex &index)
+{
+    QVector<TapeSurvey::Stretch> stretches;
+    if (!index.isCounted())
+        return {{0.0, index.firstTime(), index.length()}};
+    for (int i = 0; i < index.parts(); ++i) {
+        const TapeIndex::Part &part = index.part(i);
+        const double length = part.end() - part.begin;
+        if (part.hasTimes)
+            stretches.append({part.begin, part.firstTime, length});
+        else if (part.rows > 0)
+            stretches.append({part.begin, 1.0, length, false});
+    }
+    return stretches;
+}
+
 } // namespace
 
 TapeDeck::TapeDeck(FileSource &source, Clock &clock, const QString &cacheFolder, QObject *parent)
@@ -122,7 +139,14 @@ double TapeDeck::position() const
 
 TapeReadout TapeDeck::readoutOf(const TapeSpot &spot) const
 {
-    return {spot.time, spot.part, m_index.parts(), QDateTime()};
+    TapeReadout readout{spot.time, spot.part, m_index.parts(), QDateTime(), 0, 0, false};
+    if (spot.part < 0 || spot.part >= m_index.parts() || m_index.part(spot.part).hasTimes)
+        return readout;
+    const TapeIndex::Part &part = m_index.part(spot.part);
+    readout.number = qint64(std::floor(std::max(spot.time - part.firstTime, 0.0))) + 1;
+    readout.count = part.rows;
+    readout.isSpot = part.hasSpots;
+    return readout;
 }
 
 TapeReadout TapeDeck::readoutAt(double position) const
@@ -140,7 +164,7 @@ TapeSurvey TapeDeck::surveyOfIndex() const
 {
     TapeSurvey survey;
     survey.length = m_index.length();
-    survey.stretches = {{0.0, m_index.firstTime(), m_index.length()}};
+    survey.stretches = stretchesOf(m_index);
     for (const TapeMark &mark : m_index.marks())
         survey.marks.append(
             {mark.kind, m_index.positionOf(mark.spot), mark.length, mark.text, QString()});

@@ -11,7 +11,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr quint32 format = 2;
+constexpr quint32 format = 3;
 constexpr int sumSize = 20;
 
 QDataStream &operator<<(QDataStream &out, const LineCounts &counts)
@@ -68,6 +68,14 @@ void TapeIndex::addPart(const QByteArray &context)
     m_parts.push_back(part);
 }
 
+void TapeIndex::countLastPart(bool areSpots)
+{
+    if (m_parts.empty())
+        return;
+    m_parts.back().hasTimes = false;
+    m_parts.back().hasSpots = areSpots;
+}
+
 void TapeIndex::dateLastPart(double origin)
 {
     if (!m_parts.empty())
@@ -104,6 +112,13 @@ qint64 TapeIndex::rows() const
     for (const Part &part : m_parts)
         rows += part.rows;
     return rows;
+}
+
+bool TapeIndex::isCounted() const
+{
+    return std::any_of(m_parts.begin(), m_parts.end(), [](const Part &part) {
+        return !part.hasTimes;
+    });
 }
 
 double TapeIndex::length() const
@@ -204,7 +219,7 @@ QByteArray TapeIndex::toBytes() const
     out << format << quint32(m_parts.size());
     for (const Part &part : m_parts)
         out << part.context << part.firstTime << part.lastTime << part.rows << part.begin
-            << part.origin;
+            << part.origin << part.hasTimes << part.hasSpots;
     out << quint32(m_blocks.size());
     for (const TapeBlock &block : m_blocks)
         out << block;
@@ -230,7 +245,7 @@ bool TapeIndex::fromBytes(const QByteArray &bytes)
     m_parts.resize(parts);
     for (Part &part : m_parts)
         in >> part.context >> part.firstTime >> part.lastTime >> part.rows >> part.begin
-            >> part.origin;
+            >> part.origin >> part.hasTimes >> part.hasSpots;
     in >> blocks;
     m_blocks.resize(std::min<quint32>(blocks, maxBlocks));
     for (TapeBlock &block : m_blocks)

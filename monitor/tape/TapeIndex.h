@@ -50,7 +50,8 @@ struct TapeMark
 };
 
 /*! Where the readings of a recording lie in its file, and what they are in outline. Positions on the tape are seconds
-    from its beginning: its parts, whose own times are independent of each other, are laid end to end. */
+    from its beginning, or readings where nothing else is known: its parts, whose own times are independent of each other, are laid end
+    to end. */
 class TapeIndex
 {
 public:
@@ -68,6 +69,8 @@ public:
         double lastTime = 0.0;
         qint64 rows = 0;
         double begin = 0.0; //!< position of its first reading
+        bool hasTimes = true; //!< false if its times only count its readings
+        bool hasSpots = false;
         //! The moment at which t is 0, in seconds since 1970; not a number if the recording does not state it.
         double origin = std::numeric_limits<double>::quiet_NaN();
 
@@ -81,6 +84,8 @@ public:
 
     //! Adds a part, with the lines that describe it.
     void addPart(const QByteArray &context);
+    //! States that the times of the last part only count its readings, which may be spots.
+    void countLastPart(bool areSpots);
     //! States the moment at which t is 0 in the last part, in seconds since 1970.
     void dateLastPart(double origin);
     //! Adds a block of the last part; blocks come in the order of the file.
@@ -98,6 +103,9 @@ public:
     qint64 marksLeftOut() const { return m_marksLeftOut; }
     //! Returns the number of readings.
     qint64 rows() const;
+
+    //! Returns whether readings of some part are only counted.
+    bool isCounted() const;
 
     //! Returns the length of the tape in seconds.
     double length() const;

@@ -58,6 +58,8 @@ public:
         if (!isComplete)
             return;
         index.addPart(point.context);
+        if (!header.hasTimes)
+            index.countLastPart(header.kind == StreamKind::Spots);
         m_header = header;
         // What precedes the part in this block belongs to another one, so reading cannot begin here.
         m_block.isEntry = false;

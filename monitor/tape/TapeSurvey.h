@@ -25,6 +25,7 @@ struct TapeSurvey
         double position = 0.0;
         double time = 0.0;
         double length = 0.0;
+        bool hasTimes = true; //!< false if the times are the numbers of readings
     };
     //! Where one of several recordings lies.
     struct Lane
@@ -49,6 +50,10 @@ struct TapeReadout
     int part = 0;
     int parts = 1;
     QDateTime moment; //!< not valid if it is not known
+    //! The number of the reading in its part, from 1, and how many there are, if they have no times; 0 otherwise.
+    qint64 number = 0;
+    qint64 count = 0;
+    bool isSpot = false;
 };
 
 } // namespace Monitor

@@ -151,7 +151,7 @@ void DisplayTabs::beginStream()
         m_scope->SetRange(header.rangeLow, header.rangeHigh);
     else
         m_scope->plotView()->resetRange();
-    m_span->setTimed(header.kind != StreamKind::Spots); // the order of spots counts
+    m_span->setTimed(!header.isList());
     const bool profiles = !header.hasFrames()
         && (header.kind == StreamKind::Strips || header.kind == StreamKind::Pixels);
     m_scope->SetPlotMode(profiles ? RVXScope::HistogramMode : RVXScope::StripMode);

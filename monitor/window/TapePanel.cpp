@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/TapePanel.h"
 
+#include "monitor/sources/PlayClock.h"
 #include "monitor/tape/Tape.h"
 #include "monitor/window/Look.h"
-#include "monitor/window/TapeSketch.h"
+#include "monitor/window/TapeText.h"
 #include "monitor/window/TapeTimeline.h"
 
 #include <QComboBox>
@@ -14,6 +15,8 @@
 #include <QPainterPath>
 #include <QToolBar>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace Monitor {
 
@@ -82,7 +85,9 @@ TapePanel::TapePanel(std::unique_ptr<Tape> tape, QWidget *parent)
     add(addButton("tapeForth", Sign::Forth, tr("One reading on (period)")), &Tape::stepForwards);
     m_speed = new QComboBox(this);
     m_speed->setObjectName(QStringLiteral("tapeSpeed"));
-    m_speed->setToolTip(tr("How many times as fast as the recording was taken"));
+    m_speed->setToolTip(tr("How many times as fast as the recording was taken; of readings without "
+                           "times, 1 x shows %1 a second")
+                            .arg(countedEachSecond));
     m_speed->setAccessibleName(tr("Speed of the tape"));
     for (const double speed : Tape::speeds())
         m_speed->addItem(speedText(speed), speed);
@@ -94,8 +99,8 @@ TapePanel::TapePanel(std::unique_ptr<Tape> tape, QWidget *parent)
     add(addButton("tapeNoLoop", Sign::NoLoop, tr("Repeat nothing (Backspace)")), &Tape::clearLoop);
     m_position = new QLabel(this);
     m_position->setObjectName(QStringLiteral("tapePosition"));
-    m_position->setToolTip(tr("The time of the reading that is shown, as the recording has it"));
-    m_position->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000:00:00.000  ")));
+    m_position->setToolTip(tr("The time of the reading that is shown, as the recording has it; its "
+                              "number where the recording has no times"));
     m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(m_position);
     m_timeline->setToolTip(
@@ -209,13 +214,23 @@ void TapePanel::refresh()
     m_play->setIcon(icon(m_deck->isPlaying() ? Sign::Pause : Sign::Play));
     m_play->setAccessibleName(m_deck->isPlaying() ? tr("Pause the tape") : tr("Play the tape"));
     showSpeed();
+    keepRoomForPositions();
     showPosition();
+}
+
+//! Gives positions the room of the longest one, so that the time line keeps its width while the tape plays.
+void TapePanel::keepRoomForPositions()
+{
+    const QString last = TapeText::place(m_deck->readoutAt(m_deck->length()), m_deck->length());
+    const int usual = fontMetrics().horizontalAdvance(QStringLiteral("000:00:00.000  "));
+    m_position->setMinimumWidth(
+        std::max(usual, fontMetrics().horizontalAdvance(last + last.left(2))));
 }
 
 void TapePanel::showPosition()
 {
     const TapeReadout here = m_deck->readout();
-    QString text = TapeSketch::exactTimeText(here.time, m_deck->length());
+    QString text = TapeText::place(here, m_deck->length());
     if (here.parts > 1)
         text = tr("%1/%2: ").arg(here.part + 1).arg(here.parts) + text;
     m_position->setText(text);

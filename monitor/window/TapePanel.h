@@ -48,6 +48,7 @@ private:
     void dressButtons();
     void showSpeed();
     void refresh();
+    void keepRoomForPositions();
     void showPosition();
 
     const std::unique_ptr<Tape> m_deck;

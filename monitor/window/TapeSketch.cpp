@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/TapeSketch.h"
 
-#include "monitor/core/Text.h"
 #include "monitor/window/Look.h"
+#include "monitor/window/TapeText.h"
 
 #include <QPainter>
 
@@ -25,43 +25,6 @@ QColor gapColor(const QPalette &palette)
 {
     constexpr double faint = 0.55;
     return Look::mixed(palette.color(QPalette::Base), Look::ground(Look::State::Waiting), faint);
-}
-
-//! Returns the smallest of 1, 2 or 5 times a power of ten that is \a least or more.
-double decimalStep(double least)
-{
-    const double power = std::pow(10.0, std::floor(std::log10(least)));
-    for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * power >= least)
-            return factor * power;
-    return 10.0 * power;
-}
-
-constexpr double shortTape = 100.0; // s
-
-//! Returns whether a time on a tape of that length is written in seconds alone.
-bool isInSeconds(double seconds, double length)
-{
-    constexpr double longestClock = 1e7;
-    return length < shortTape || !(std::abs(seconds) < longestClock);
-}
-
-//! Returns a time like "3:05.2" or "1:02:03".
-QString clockText(double seconds, int decimals)
-{
-    constexpr qint64 minute = 60, hour = 3600;
-    const auto steps = qint64(std::lround(std::pow(10.0, decimals)));
-    const auto all = qint64(std::llround(std::abs(seconds) * double(steps)));
-    const qint64 whole = all / steps;
-    const QLatin1Char zero('0');
-    QString text = QStringLiteral("%1").arg(whole % minute, 2, 10, zero);
-    if (decimals > 0)
-        text += QStringLiteral(".%1").arg(all % steps, decimals, 10, zero);
-    const qint64 minutes = whole % hour / minute;
-    text = whole < hour
-        ? QStringLiteral("%1:%2").arg(minutes).arg(text)
-        : QStringLiteral("%1:%2:%3").arg(whole / hour).arg(minutes, 2, 10, zero).arg(text);
-    return seconds < 0.0 && all > 0 ? QLatin1Char('-') + text : text;
 }
 
 } // namespace
@@ -89,43 +52,6 @@ int TapeSketch::xOf(double position) const
     const bool measurable = length > 0.0 && std::isfinite(length);
     const double share = measurable ? std::clamp(position / length, 0.0, 1.0) : 0.0;
     return m_band.left() + int(std::lround(share * std::max(m_band.width() - 1, 0)));
-}
-
-QString TapeSketch::timeText(double seconds, double length)
-{
-    constexpr double longestNumber = 1e15, splitSecond = 0.01;
-    if (!(std::abs(seconds) < longestNumber))
-        return Text::tr("%1 s").arg(seconds, 0, 'g', 4);
-    if (isInSeconds(seconds, length)) {
-        const int decimals = length < splitSecond ? 6
-            : length < 1.0                        ? 4
-            : length < shortTape                  ? 2
-                                                  : 0;
-        return Text::tr("%1 s").arg(seconds, 0, 'f', decimals);
-    }
-    return clockText(std::copysign(std::floor(std::abs(seconds)), seconds), 0);
-}
-
-QString TapeSketch::exactTimeText(double seconds, double length)
-{
-    constexpr int decimals = 3;
-    return isInSeconds(seconds, length) ? Text::tr("%1 s").arg(seconds, 0, 'f', decimals)
-                                        : clockText(seconds, decimals);
-}
-
-double TapeSketch::timeStep(double length, int most)
-{
-    constexpr double minute = 60.0, hour = 60.0 * minute, day = 24.0 * hour;
-    const double least = length / std::max(most, 1);
-    if (least <= 0.5 * minute)
-        return std::min(decimalStep(least), 0.5 * minute);
-    for (const double minutes : {1.0, 2.0, 5.0, 10.0, 15.0, 30.0})
-        if (minutes * minute >= least)
-            return minutes * minute;
-    for (const double hours : {1.0, 2.0, 3.0, 6.0, 12.0})
-        if (hours * hour >= least)
-            return hours * hour;
-    return decimalStep(std::max(least / day, 1.0)) * day;
 }
 
 void TapeSketch::paint(QPainter *painter) const
@@ -246,10 +172,15 @@ void TapeSketch::paintTimes(QPainter *painter) const
 int TapeSketch::paintTimesOf(const TapeSurvey::Stretch &stretch, int from, QPainter *painter) const
 {
     const double length = m_survey.length, first = stretch.time;
+    const auto textOf = [&](double time) {
+        return stretch.hasTimes ? TapeText::time(time, length) : TapeText::number(time);
+    };
     const int room = 2
-        * std::max(m_metrics.horizontalAdvance(timeText(first, length)),
-                   m_metrics.horizontalAdvance(timeText(first + stretch.length, length)));
-    const double step = timeStep(length, m_band.width() / std::max(room, 1));
+        * std::max(m_metrics.horizontalAdvance(textOf(first)),
+                   m_metrics.horizontalAdvance(textOf(first + stretch.length)));
+    const int most = m_band.width() / std::max(room, 1);
+    const double step =
+        stretch.hasTimes ? TapeText::timeStep(length, most) : TapeText::numberStep(length, most);
     const double firstTick = std::ceil(first / step) * step;
     // Counted, because steps may be too small for the times that they are added to.
     const auto ticks = int((stretch.length + first - firstTick) / step * (1.0 + 1e-9));
@@ -257,7 +188,7 @@ int TapeSketch::paintTimesOf(const TapeSurvey::Stretch &stretch, int from, QPain
         const double time = firstTick + i * step;
         const int x = xOf(stretch.position + time - first);
         painter->drawLine(x, m_band.bottom() + 1, x, m_band.bottom() + 3);
-        const QString text = timeText(time, length);
+        const QString text = textOf(time);
         const int width = m_metrics.horizontalAdvance(text);
         const int right = m_band.right() + margin;
         const int left = std::clamp(x - width / 2, 0, std::max(0, right - width));

@@ -30,12 +30,6 @@ public:
     double positionAt(int x) const;
     //! Returns where a position lies.
     int xOf(double position) const;
-    //! Returns a time as it is written below a tape of that length: "12.34 s", "3:05", "1:02:03".
-    static QString timeText(double seconds, double length);
-    //! Returns a time in the same form, to the millisecond.
-    static QString exactTimeText(double seconds, double length);
-    //! Returns a time that is round on a clock, in seconds; a tape of that length has no more than \a most of them.
-    static double timeStep(double length, int most);
     void paint(QPainter *painter) const;
 
 private:

@@ -3,6 +3,7 @@
 
 #include "monitor/tape/Tape.h"
 #include "monitor/window/TapeSketch.h"
+#include "monitor/window/TapeText.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -176,7 +177,7 @@ QString TapeTimeline::toolTipAt(int x) const
     constexpr int nearEnough = 5;
     const TapeSurvey &survey = m_deck.survey();
     const TapeReadout there = m_deck.readoutAt(positionAt(x));
-    QStringList lines{TapeSketch::exactTimeText(there.time, survey.length)};
+    QStringList lines{TapeText::place(there, survey.length)};
     if (there.parts > 1)
         lines.first() += tr(", part %1 of %2").arg(there.part + 1).arg(there.parts);
     if (there.moment.isValid())
@@ -192,11 +193,11 @@ QString TapeTimeline::toolTipAt(int x) const
             break;
         }
         const QString name = mark.name.isEmpty() ? QString() : mark.name + QStringLiteral(": ");
-        lines.append(name
-                     + (mark.kind == TapeMark::Kind::Gap
-                            ? tr("no readings for %1")
-                                  .arg(TapeSketch::exactTimeText(mark.length, m_deck.length()))
-                            : mark.text));
+        lines.append(
+            name
+            + (mark.kind == TapeMark::Kind::Gap
+                   ? tr("no readings for %1").arg(TapeText::exactTime(mark.length, m_deck.length()))
+                   : mark.text));
     }
     const QString text = lines.join(QLatin1Char('\n'));
     return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;

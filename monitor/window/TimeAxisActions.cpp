@@ -64,7 +64,7 @@ void TimeAxisActions::choose(const QString &name)
 
 void TimeAxisActions::beginStream(const StreamHeader &header)
 {
-    m_hasTime = header.kind != StreamKind::Spots;
+    m_hasTime = !header.isList();
     m_hasClock = m_hasTime && header.startTime.isValid();
     m_waitsForReading = m_hasTime && !m_hasClock;
     m_scope.setTimeOrigin(header.startTime);

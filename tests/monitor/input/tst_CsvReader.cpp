@@ -46,10 +46,16 @@ private Q_SLOTS:
             "frame,time_s,x01,x02,y01,y02\n0,0,1,2,3,4\n1,10,5,6,7,8\n",
             "start strips x01 x02 y01 y02 | 0: 1 2 3 4 | 10: 5 6 7 8");
         row("pixels", "time_s,r01c01,r01c02\n0,1,2\n", "start pixels r01c01 r01c02 | 0: 1 2");
-        row("spots have a pace",
-            "layer,energy_MeV,x_mm,y_mm,mu\n1,80.5,3,4,20\n1,80.5,5,6,21\n1,80.5,7,8,22\n",
-            "start spots layer energy:MeV x:mm y:mm mu | 0: 1 80.5 3 4 20 | 0.02: 1 80.5 5 6 21 | "
-            "0.04: 1 80.5 7 8 22");
+        row("spots are counted, and a bad line is none",
+            "layer,energy_MeV,x_mm,y_mm,mu\n1,80.5,3,4,20\n1,a,5,6,21\n1,80.5,7,8,22\n",
+            "refused 3 ? | start spots counted layer energy:MeV x:mm y:mm mu | 1: 1 80.5 3 4 20 | "
+            "2: 1 80.5 7 8 22");
+        row("spots with times have them",
+            "time_s,x_mm,y_mm,mu\n0.5,3,4,20\n0.7,3,4,21\n",
+            "start spots x:mm y:mm mu | 0.5: 3 4 20 | 0.7: 3 4 21");
+        row("a recording of readings without times",
+            "#corvale 1\n#channels a,b\n#unit nA,\na_nA,b\n3,4\n5,6\n",
+            "> counted a:nA b | 1: 3 4 | 2: 5 6");
         row("channels as the library saves them",
             "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1.000e+00,5.000e+00,1.000e+"
             "00,7.000e+00,\n2.000e+00,6.000e+00,1.500e+00,8.000e+00,\n,,3.000e+00,9.000e+00,\n",
@@ -417,7 +423,7 @@ private Q_SLOTS:
             qint64(10));
         row("spots",
             "dcpt-spot-plans/plan01_spots.csv",
-            "start spots beam layer energy:MeV spot x:mm y:mm mu sigma_x:mm sigma_y:mm",
+            "start spots counted beam layer energy:MeV spot x:mm y:mm mu sigma_x:mm sigma_y:mm",
             qint64(6069));
     }
     void knowsTheRealFiles()

@@ -19,6 +19,8 @@ public:
         QString text = QStringLiteral("start ") + Monitor::kindName(header.kind);
         if (header.hasFrames())
             text += QStringLiteral(" frames, %1,").arg(header.detector.summary());
+        if (!header.hasTimes)
+            text += QStringLiteral(" counted");
         for (const Monitor::Channel &channel : header.channels)
             text += QLatin1Char(' ') + channel.name
                 + (channel.unit.isEmpty() ? QString() : QLatin1Char(':') + channel.unit);

@@ -116,6 +116,36 @@ private Q_SLOTS:
         QCOMPARE(index.spotAt(1e300).time, 16.9);
     }
 
+    //! Spots without times are counted, also behind a line that is none, and where the index comes from its bytes.
+    void spotsHaveNumbers()
+    {
+        QByteArray list = "x_mm,y_mm,mu\n";
+        for (int i = 1; i <= 200; ++i)
+            list += i == 9 ? "0,none,1\n0,0,9\n" : "0,0," + QByteArray::number(i) + '\n';
+        const QString path = m_dir.filePath("spots.csv");
+        putFile(path, list);
+        Deck d(path);
+        d.go({0, 112.0});
+        const TapeReadout readout = d.deck.readout();
+        QCOMPARE(readout.number, qint64(112));
+        QCOMPARE(readout.count, qint64(200));
+        QVERIFY(readout.isSpot);
+        QCOMPARE(d.last(), 112.0);
+        QCOMPARE(d.deck.readoutAt(d.deck.length()).number, qint64(200));
+        QVERIFY(d.deck.survey().marks.isEmpty());
+        QCOMPARE(d.deck.survey().stretches.first().hasTimes, false);
+        d.deck.stepBackwards();
+        d.clock.advance(0.02);
+        QCOMPARE(d.deck.readout().number, qint64(111));
+        d.go({0, 111.5});
+        d.deck.play();
+        d.clock.advance(1.0);
+        QCOMPARE(d.deck.readout().number, qint64(111 + countedEachSecond));
+        TapeIndex again;
+        QVERIFY(again.fromBytes(d.deck.index().toBytes()) && again.isCounted());
+        QVERIFY(!indexOf(m_path).isCounted());
+    }
+
     void anIndexSurvivesItsBytes_data()
     {
         columns<int, bool>("byte", "good");

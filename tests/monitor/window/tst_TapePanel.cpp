@@ -7,6 +7,7 @@
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/TapePanel.h"
 #include "monitor/window/TapeSketch.h"
+#include "monitor/window/TapeText.h"
 #include "monitor/window/TapeTimeline.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/support/Files.h"
@@ -107,6 +108,19 @@ private Q_SLOTS:
         QVERIFY(!session.isStale());
     }
 
+    void numbersOnTheTape()
+    {
+        TapeReadout readout;
+        readout.time = 312.0;
+        readout.number = 312;
+        readout.count = 935;
+        QCOMPARE(TapeText::place(readout, 934.0), QString("reading 312 of 935"));
+        readout.isSpot = true;
+        QCOMPARE(TapeText::place(readout, 934.0), QString("spot 312 of 935"));
+        QCOMPARE(TapeText::numberStep(934.0, 8), 200.0);
+        QCOMPARE(TapeText::numberStep(3.0, 8), 1.0);
+    }
+
     void timesOnTheTape_data()
     {
         columns<double, double, QString, QString>("seconds", "length", "text", "exact");
@@ -122,8 +136,8 @@ private Q_SLOTS:
     {
         QFETCH(double, seconds);
         QFETCH(double, length);
-        QTEST(TapeSketch::timeText(seconds, length), "text");
-        QTEST(TapeSketch::exactTimeText(seconds, length), "exact");
+        QTEST(TapeText::time(seconds, length), "text");
+        QTEST(TapeText::exactTime(seconds, length), "exact");
     }
 
     //! Beside the texts of times stand times that are round on a clock, not in the decimal system.
@@ -141,7 +155,7 @@ private Q_SLOTS:
                      {5.0 * 3600, 6, 3600.0},
                      {604800.0, 5, 2.0 * 86400}};
         for (const auto &given : cases)
-            QCOMPARE(TapeSketch::timeStep(given.length, given.most), given.step);
+            QCOMPARE(TapeText::timeStep(given.length, given.most), given.step);
     }
 
     //! What the controls say is what the table becomes, and what is asked once is remembered.

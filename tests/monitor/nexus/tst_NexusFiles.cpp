@@ -127,6 +127,9 @@ private Q_SLOTS:
                        "\"unit\":\"mm\"},\"wiring\":[2,0,1]}\n")
                 + rowsOf(4, 3));
         row("spots", QByteArray("x_mm,y_mm,mu\n1,2,0.5\n-3,2.25,0.125\n1.5,-2,1\n"));
+        row("channels without times, with gaps",
+            QByteArray("#corvale 1\n#channels a,b\n#unit nA,\n1,2\n,4\nnan,nan\n"));
+        row("a channel without times", QByteArray("#corvale 1\n#channels a\n1\nnan\n3\n"));
         row("two acquisitions, the second with an event before its readings",
             "#corvale 1\n#channels a,b\n#unit nA\n" + rowsOf(3, 2)
                 + "#corvale 1\n#event new\n#channels c\n5,1\n6,2\n#event last\n");
@@ -137,6 +140,8 @@ private Q_SLOTS:
         putFile(path("r.csv"), recording);
         const QByteArray before = readExactly(path("r.csv"));
         QVERIFY2(!before.contains("refused") && before.count('\n') > 4, before);
+        putFile(path("again.csv"), before);
+        QCOMPARE(readExactly(path("again.csv")), before);
         QVERIFY2(convert("r"), qPrintable(m_error));
         QVERIFY(!QFile::exists(path("r.csv")) && isHdf5File(path("r.h5")));
         for (const int piece : {1, 1000, 1000000})

@@ -16,7 +16,8 @@ namespace Monitor {
 namespace {
 
 constexpr int usualBlocks = TapeIndex::maxBlocks / 2;
-constexpr qint64 smallestBlock = 256; // bytes
+// Bytes: fewer than a line has, so that a short file has a block for each reading.
+constexpr qint64 smallestBlock = 8;
 constexpr qint64 largestBlock = 16 * 1024 * 1024;
 
 //! Puts what is read into an index, block by block.

@@ -134,6 +134,8 @@ private Q_SLOTS:
         QCOMPARE(d.deck.readoutAt(d.deck.length()).number, qint64(200));
         QVERIFY(d.deck.survey().marks.isEmpty());
         QCOMPARE(d.deck.survey().stretches.first().hasTimes, false);
+        // The outline of a short file has a block for almost each reading.
+        QVERIFY(d.deck.index().blocks().size() > 150);
         d.deck.stepBackwards();
         d.clock.advance(0.02);
         QCOMPARE(d.deck.readout().number, qint64(111));

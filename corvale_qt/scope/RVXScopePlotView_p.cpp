@@ -5,6 +5,7 @@
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/RVXSplitPlot.h"
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
+#include "corvale_qt/plot/PiecewiseCanvas_p.h"
 #include "corvale_qt/scope/CanvasLook_p.h"
 #include "corvale_qt/scope/CompanionPlotMode_p.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
@@ -57,7 +58,7 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     : q_ptr(view)
     , layout(new QVBoxLayout(view->viewport()))
     , plot(new QwtPlot(view->viewport()))
-    , canvas(new QwtPlotCanvas(plot))
+    , canvas(new PiecewiseCanvas(plot))
     , spectrogram(new RVXSpectrogram(view))
     , positionPlot(new RVXPositionPlot(view))
     , splitPlot(new RVXSplitPlot(view))

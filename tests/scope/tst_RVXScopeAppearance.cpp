@@ -22,6 +22,8 @@
 #include <qwt_plot_curve.h>
 #include <qwt_scale_widget.h>
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -244,6 +246,27 @@ private Q_SLOTS:
         view.qwtPlot()->axisWidget(QwtPlot::xBottom)->update(); // which works as ever
         view.settle();
         QCOMPARE(times.count, 11);
+    }
+
+    // Opaque widgets on the canvas leave a region with holes.
+    void aRegionOfTheCanvasIsCopied()
+    {
+        ModelView view(2, 300);
+        const QImage whole = view.canvas().convertToFormat(QImage::Format_RGB32);
+        for (const int holes : {1, 40}) {
+            QImage expected = whole;
+            QPainter painter(&expected);
+            QRegion region(expected.rect());
+            for (int i = 0; i < holes; ++i) {
+                const QRect hole(7 + 11 * i, 30 + 5 * i, 9, 200);
+                region -= hole;
+                painter.fillRect(hole, Qt::magenta);
+            }
+            QImage copy(whole.size(), QImage::Format_RGB32);
+            copy.fill(Qt::magenta);
+            view.qwtPlot()->canvas()->render(&copy, QPoint(), region);
+            QCOMPARE(copy, expected);
+        }
     }
 
     //! Without readings, a chart shows the unit of its channels and the time that it will show, and no numbers of earlier ones.

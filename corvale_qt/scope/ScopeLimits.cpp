@@ -6,8 +6,11 @@
 
 #include <qwt_plot.h>
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace Corvale_Qt {
@@ -147,13 +150,23 @@ void ScopeLimits::show(LineOf lineOf)
          watch != m_watches.constEnd() && watch.key() <= channels;
          ++watch) {
         const int axis = m_axes.axisOf(watch.key());
-        if (axis == ScopeAxes::noAxis || !m_model.isShown(watch.key()))
+        if (axis == ScopeAxes::noAxis)
             continue;
+        LimitLines &drawn = m_lines[size_t(axis)];
+        QVarLengthArray<LimitLines::Line, std::size(kLimits)> missing;
         for (const LimitState limit : kLimits) {
             const double y = watch->limits().limitOf(limit);
-            if (!std::isnan(y))
-                m_lines[size_t(axis)].add(lineOf(watch.key(), y, isAlarm(limit)));
+            if (std::isnan(y))
+                continue;
+            const LimitLines::Line line = lineOf(watch.key(), y, isAlarm(limit));
+            if (!drawn.lines().contains(line))
+                missing.append(line);
         }
+        // Most channels have the limits of another one: the model, which takes longer, is not asked about them.
+        if (missing.isEmpty() || !m_model.isShown(watch.key()))
+            continue;
+        for (const LimitLines::Line &line : missing)
+            drawn.add(line);
     }
     for (LimitLines &lines : m_lines) {
         if (lines.lines().isEmpty())

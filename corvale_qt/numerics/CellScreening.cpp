@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/CellScreening.h"
 
+#include "corvale_qt/numerics/NumberPair_p.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -33,7 +35,6 @@ struct Neighbours
     int count = 0;
 
     void add(double value) { values[std::size_t(count++)] = value; }
-    double lowest() const { return *std::min_element(values.begin(), values.begin() + count); }
     double highest() const { return *std::max_element(values.begin(), values.begin() + count); }
 
     bool isHot(double value, double noise, const HotCellLimits &limits)
@@ -124,6 +125,64 @@ bool isHotOnSlope(const double *cells,
             || isHotAlong(cell, place.row, place.rows, place.columns, noise, limits));
 }
 
+//! The extremes among the neighbours of each of two cells inside a matrix.
+struct NeighbourRange
+{
+    NumberPair lowest;
+    NumberPair highest;
+
+    void add(NumberPair neighbours)
+    {
+        lowest = neighbours < lowest ? neighbours : lowest;
+        highest = neighbours > highest ? neighbours : highest;
+    }
+    void addSides(const double *cells)
+    {
+        add(pairAt(cells - 1));
+        add(pairAt(cells + 1));
+    }
+};
+
+/*! Returns whether one of two cells inside a matrix lies above all its neighbours, and above the lowest by more than \a least. It may
+    also return true for a cell beside a NaN. */
+bool mayBeHot(const double *cells, std::ptrdiff_t columns, double least)
+{
+    const double *before = cells - columns, *behind = cells + columns;
+    NeighbourRange range{pairAt(before), pairAt(before)};
+    range.addSides(before);
+    range.addSides(cells);
+    range.add(pairAt(behind));
+    range.addSides(behind);
+    const auto mayBe = [&](int cell) {
+        // Every ninth cell is the highest, but hardly any stands out from the noise.
+        return cells[cell] - range.lowest[cell] > least && cells[cell] > range.highest[cell];
+    };
+    return mayBe(0) || mayBe(1);
+}
+
+bool isHotInMatrix(const double *cells,
+                   const MatrixPlace &place,
+                   double noise,
+                   const HotCellLimits &limits)
+{
+    const auto &[row, column, rows, columns] = place;
+    const double value = cells[std::ptrdiff_t(row) * columns + column];
+    Neighbours neighbours;
+    for (int r = std::max(row - 1, 0); r <= std::min(row + 1, rows - 1); ++r) {
+        for (int c = std::max(column - 1, 0); c <= std::min(column + 1, columns - 1); ++c) {
+            if (r == row && c == column)
+                continue;
+            const double neighbour = cells[std::ptrdiff_t(r) * columns + c];
+            if (!(value > neighbour))
+                return false;
+            neighbours.add(neighbour);
+        }
+    }
+    return neighbours.count > 0
+        && (neighbours.isHot(value, noise, limits)
+            || isHotOnSlope(cells, place, neighbours.highest(), noise, limits));
+}
+
 //! Finds the nearest good cells on each side of a cell. Returns false if there are too few.
 bool flanksOf(const BeamProfile &profile, int cell, Flanks *flanks)
 {
@@ -143,32 +202,23 @@ std::vector<int> hotCells(const double *cells, int rows, int columns, const HotC
 {
     const double noise = noiseOfRows(cells, rows, columns);
     std::vector<int> hot;
-    for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns; ++column) {
-            const double *cell = cells + std::ptrdiff_t(row) * columns + column;
-            const double value = *cell;
-            // Most cells are below the one on their left or right.
-            if ((column > 0 && !(value > cell[-1])) || (column + 1 < columns && !(value > cell[1])))
-                continue;
-            Neighbours neighbours;
-            bool highest = true;
-            for (int r = std::max(row - 1, 0); highest && r <= std::min(row + 1, rows - 1); ++r) {
-                for (int c = std::max(column - 1, 0); c <= std::min(column + 1, columns - 1); ++c) {
-                    if (r == row && c == column)
-                        continue;
-                    const double neighbour = cells[r * columns + c];
-                    highest = highest && value > neighbour;
-                    neighbours.add(neighbour);
-                }
-            }
-            // Most of the others stand out no more than the noise, even from their lowest neighbour.
-            if (!highest || !(value - neighbours.lowest() > limits.inNoise * noise))
-                continue;
-            const MatrixPlace place{row, column, rows, columns};
-            if (neighbours.isHot(value, noise, limits)
-                || isHotOnSlope(cells, place, neighbours.highest(), noise, limits))
+    const auto search = [&](int row, int from, int to) {
+        for (int column = from; column < to; ++column) {
+            if (isHotInMatrix(cells, {row, column, rows, columns}, noise, limits))
                 hot.push_back(row * columns + column);
         }
+    };
+    for (int row = 0; row < rows; ++row) {
+        int column = 0;
+        if (row > 0 && row + 1 < rows && columns > 1) {
+            search(row, 0, 1);
+            const double *line = cells + std::ptrdiff_t(row) * columns;
+            for (column = 1; column + 2 < columns; column += 2) {
+                if (mayBeHot(line + column, columns, limits.inNoise * noise))
+                    search(row, column, column + 2);
+            }
+        }
+        search(row, column, columns);
     }
     return hot;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/ImageMoments.h"
 
+#include "corvale_qt/numerics/NumberPair_p.h"
 #include "corvale_qt/numerics/PeakSearch.h"
 #include "corvale_qt/numerics/SecondMomentMethod_p.h"
 
@@ -36,46 +37,50 @@ struct Projections
     double max = 0;
 };
 
-//! The sums over some cells of one row of a window.
+//! The sums over some cells of one row of a window, two of them at once.
 struct RowSums
 {
-    double charge = 0;
-    double moment = 0;
-    double largest = 0;
+    NumberPair charge{};
+    NumberPair moment{};
+    NumberPair largest{};
 
-    void add(double cell, double x, double &ofColumn)
+    void add(NumberPair cells, NumberPair x)
     {
-        charge += cell;
-        moment += cell * x;
-        largest = cell > largest ? cell : largest;
-        ofColumn += cell;
+        charge += cells;
+        moment += cells * x;
+        largest = cells > largest ? cells : largest;
     }
-    void add(const RowSums &other)
+    //! Adds two cells, also to the sums of their columns.
+    void addTwo(const double *cells, const double *x, double *ofColumns)
     {
-        charge += other.charge;
-        moment += other.moment;
-        largest = std::max(largest, other.largest);
+        const NumberPair charges = pairAt(cells);
+        add(charges, pairAt(x));
+        putPair(pairAt(ofColumns) + charges, ofColumns);
     }
 };
 
 /*! Adds up one row, and adds its cells to the sums of the columns. Four sums do not wait for each other; the compiler may not
     split a single one. */
-RowSums addRow(const double *cells, const double *x, int columns, double *ofColumns)
+void addRow(const double *cells, const double *x, int columns, Projections &sums)
 {
-    RowSums first, second, third, fourth;
+    RowSums first, second;
+    double *ofColumns = sums.ofColumns.data();
     int c = 0;
     for (; c + 4 <= columns; c += 4) {
-        first.add(cells[c], x[c], ofColumns[c]);
-        second.add(cells[c + 1], x[c + 1], ofColumns[c + 1]);
-        third.add(cells[c + 2], x[c + 2], ofColumns[c + 2]);
-        fourth.add(cells[c + 3], x[c + 3], ofColumns[c + 3]);
+        first.addTwo(cells + c, x + c, ofColumns + c);
+        second.addTwo(cells + c + 2, x + c + 2, ofColumns + c + 2);
     }
-    for (; c < columns; ++c)
-        first.add(cells[c], x[c], ofColumns[c]);
-    first.add(second);
-    third.add(fourth);
-    first.add(third);
-    return first;
+    for (; c < columns; ++c) {
+        first.add(NumberPair{cells[c], 0.0}, NumberPair{x[c], 0.0});
+        ofColumns[c] += cells[c];
+    }
+    const auto sumOf = [](NumberPair one, NumberPair other) {
+        return (one[0] + one[1]) + (other[0] + other[1]);
+    };
+    sums.ofRows.push_back(sumOf(first.charge, second.charge));
+    sums.momentOfRows.push_back(sumOf(first.moment, second.moment));
+    for (int i : {0, 1})
+        sums.max = std::max({sums.max, first.largest[i], second.largest[i]});
 }
 
 Projections project(const BeamImage &image, const Window &window, double originX)
@@ -90,10 +95,7 @@ Projections project(const BeamImage &image, const Window &window, double originX
     for (int r = window.rows.first; r <= window.rows.last; ++r) {
         const double *cells =
             image.charges.constData() + std::ptrdiff_t(r) * image.columns + window.columns.first;
-        const RowSums row = addRow(cells, x.data(), columns, sums.ofColumns.data());
-        sums.ofRows.push_back(row.charge);
-        sums.momentOfRows.push_back(row.moment);
-        sums.max = std::max(sums.max, row.largest);
+        addRow(cells, x.data(), columns, sums);
     }
     return sums;
 }

@@ -2,8 +2,10 @@
 #include "corvale_qt/detector/DetectorFrame.h"
 
 #include "corvale_qt/numerics/CellScreening.h"
+#include "corvale_qt/numerics/NumberPair_p.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -109,18 +111,48 @@ double shareOfHoles(const DetectorFrame &frame, const BeamImage &image)
     return all > 0 ? inHoles / all : 0.0;
 }
 
+void addColumns(const BeamImage &image, double *sums)
+{
+    const double *row = image.charges.constData();
+    for (int r = 0; r < image.rows; ++r, row += image.columns) {
+        int c = 0;
+        for (; c + 2 <= image.columns; c += 2)
+            putPair(pairAt(sums + c) + pairAt(row + c), sums + c);
+        for (; c < image.columns; ++c)
+            sums[c] += row[c];
+    }
+}
+
+//! Adds the cells of each row one after the other. Four rows at once do not wait for each other's sums.
+void addRows(const BeamImage &image, double *sums)
+{
+    constexpr int atOnce = 4;
+    for (int r = 0; r < image.rows; r += atOnce) {
+        std::array<double, atOnce> sum{};
+        std::array<const double *, atOnce> cells{};
+        for (int i = 0; i < atOnce; ++i) // behind the last row, the last row again
+            cells[std::size_t(i)] = image.charges.constData()
+                + std::ptrdiff_t(std::min(r + i, image.rows - 1)) * image.columns;
+        for (int c = 0; c < image.columns; ++c) {
+            sum[0] += cells[0][c];
+            sum[1] += cells[1][c];
+            sum[2] += cells[2][c];
+            sum[3] += cells[3][c];
+        }
+        std::copy_n(sum.begin(), std::min(atOnce, image.rows - r), sums + r);
+    }
+}
+
 //! Adds up the columns or rows of a matrix.
 void takeSums(const DetectorFrame &frame, Axis axis, BeamProfile &profile)
 {
     const BeamImage image = frame.image();
     const bool alongX = axis == Axis::X;
     profile.readings.fill(0, alongX ? image.columns : image.rows);
-    double *sums = profile.readings.data();
-    const double *charge = image.charges.constData();
-    for (int r = 0; r < image.rows; ++r) {
-        for (int c = 0; c < image.columns; ++c)
-            sums[alongX ? c : r] += *charge++;
-    }
+    if (alongX)
+        addColumns(image, profile.readings.data());
+    else
+        addRows(image, profile.readings.data());
     for (int cell = 0; cell < frame.flags.size(); ++cell) {
         if (frame.flags[cell].testFlag(CellFlag::Saturated))
             profile.setFlag(alongX ? cell % image.columns : cell / image.columns,
@@ -213,15 +245,17 @@ BeamImage DetectorFrame::image() const
         for (int reading : layout.description().wiring)
             image.unused.append(reading < 0);
     }
-    const bool density = layout.description().density;
-    for (int r = 0; (density || !flags.isEmpty()) && r < image.rows; ++r) {
-        for (int c = 0; c < image.columns; ++c) {
-            const int cell = r * image.columns + c;
-            if (has(*this, cell, kHoles))
-                image.charges[cell] = meanAround(*this, values, r, c);
-            if (density)
-                image.charges[cell] *= image.intervalsX[c] * image.intervalsY[r];
-        }
+    for (int cell = 0; cell < flags.size(); ++cell) {
+        if (flags[cell] & kHoles)
+            image.charges[cell] =
+                meanAround(*this, values, cell / image.columns, cell % image.columns);
+    }
+    if (!layout.description().density)
+        return image;
+    double *charge = image.charges.data();
+    for (const double height : qAsConst(image.intervalsY)) {
+        for (const double width : qAsConst(image.intervalsX))
+            *charge++ *= width * height;
     }
     return image;
 }

@@ -146,14 +146,15 @@ void fillMatrixRaster(JudgedFrame &frame)
 {
     const DetectorFrame &cells = frame.cells;
     frame.beam.raster = cells.values;
-    double &max = frame.beam.calc.max;
     const bool anyUnwired = cells.layout.unwiredCells() > 0;
+    double max = frame.beam.calc.max;
     for (int cell = 0; cell < cells.values.size(); ++cell) {
         if (anyUnwired && cells.layout.readingAt(cell) < 0)
             frame.beam.raster[cell] = std::nan("");
         else
             max = std::max(max, cells.values[cell]);
     }
+    frame.beam.calc.max = max;
 }
 
 double chargeOf(const PlaneResult &plane)

@@ -211,16 +211,16 @@ void SpotMapViewPrivate::drawSelection(QPainter &painter) const
     if (!q->selectionModel() || !q->selectionModel()->hasSelection())
         return;
     const SpotHitTest places = hitTest();
-    SelectionRings rings(q->palette().color(QPalette::Highlight).lighter(140),
+    SelectionRings rings(painter,
+                         q->palette().color(QPalette::Highlight).lighter(140),
                          q->viewport()->devicePixelRatioF());
     for (const QItemSelectionRange &range : q->selectionModel()->selection()) {
         for (int row = range.top(); row <= qMin(range.bottom(), spots.size() - 1); ++row) {
             if (isDrawable(spots.at(row)))
-                rings.draw(painter,
-                           places.pixelOf(row),
-                           spots.at(row).sigma * places.pixelsPerUnit());
+                rings.add(places.pixelOf(row), spots.at(row).sigma * places.pixelsPerUnit());
         }
     }
+    rings.draw();
 }
 
 QStringList SpotMapViewPrivate::remarks() const

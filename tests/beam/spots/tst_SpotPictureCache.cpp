@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SelectionRings_p.h"
 #include "corvale_qt/beam/spots/SpotCover_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "tests/beam/spots/SpotMapInTest.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -173,6 +175,41 @@ private Q_SLOTS:
         }
         QVERIFY2(alone <= 2, qPrintable(QString::number(alone)));
         QVERIFY2(both <= 3, qPrintable(QString::number(both)));
+    }
+
+    void hiddenRingsChangeNoPixel_data()
+    {
+        columns<double, double>("ratio", "largest");
+        row("small", 1.0, 12.0);
+        row("wider than a word of bits", 1.0, 45.0);
+        row("some too large for a picture", 1.0, 140.0);
+        row("three device pixels to two", 1.5, 20.0);
+        row("doubled pixels", 2.0, 40.0);
+    }
+
+    //! Rings of all sizes, of which later ones hide many, look as if each of them were drawn.
+    void hiddenRingsChangeNoPixel()
+    {
+        QFETCH(double, ratio);
+        QFETCH(double, largest);
+        QRandomGenerator random(7);
+        QImage together(qRound(200 * ratio), qRound(150 * ratio), QImage::Format_RGB32);
+        together.setDevicePixelRatio(ratio);
+        together.fill(Qt::darkCyan);
+        QImage eachAlone = together;
+        QPainter painter(&together), painterOfEach(&eachAlone);
+        SelectionRings rings(painter, Qt::yellow, ratio),
+            ringsOfEach(painterOfEach, Qt::yellow, ratio);
+        for (int i = 0; i < 400; ++i) {
+            // Some reach beyond the edges.
+            const QPointF centre(random.bounded(220.0) - 10.0, random.bounded(170.0) - 10.0);
+            const double radius = random.bounded(5) * largest / 4;
+            rings.add(centre, radius);
+            ringsOfEach.add(centre, radius);
+            ringsOfEach.draw();
+        }
+        rings.draw();
+        QCOMPARE(together, eachAlone);
     }
 };
 

@@ -28,20 +28,47 @@ struct Table
     QModelIndex parent;
     int lastColumn = 0;
 
+    QItemSelectionRange rangeOf(const Span &span) const
+    {
+        return QItemSelectionRange(model.index(span.first, 0, parent),
+                                   model.index(span.last, lastColumn, parent));
+    }
+
     QItemSelection selectionOf(const Spans &spans) const
     {
         QItemSelection selection;
         selection.reserve(int(spans.size()));
         for (const Span &span : spans)
-            selection.select(model.index(span.first, 0, parent),
-                             model.index(span.last, lastColumn, parent));
+            selection.append(rangeOf(span));
         return selection;
     }
 
     bool isWhole(const QItemSelectionRange &range) const
     {
-        return range.left() == 0 && range.right() == lastColumn && range.parent() == parent;
+        // To ask a model for an index costs less than to ask it for a parent.
+        return range.left() == 0 && range.right() == lastColumn
+            && range.topLeft() == model.index(range.top(), 0, parent);
     }
+};
+
+//! What was selected before: ranges that rise, and their rows.
+struct Selected
+{
+    explicit Selected(const QItemSelection &selection)
+        : ranges(selection)
+    {
+        const auto isBefore = [](const auto &one, const auto &other) {
+            return one.top() < other.top();
+        };
+        if (!std::is_sorted(ranges.cbegin(), ranges.cend(), isBefore))
+            std::sort(ranges.begin(), ranges.end(), isBefore);
+        rows.reserve(std::size_t(ranges.size()));
+        for (const QItemSelectionRange &range : qAsConst(ranges))
+            rows.push_back({range.top(), range.bottom()});
+    }
+
+    QItemSelection ranges;
+    Spans rows;
 };
 
 Spans spansOf(const QVector<int> &rows)
@@ -53,18 +80,6 @@ Spans spansOf(const QVector<int> &rows)
         else
             spans.push_back({row, row});
     }
-    return spans;
-}
-
-Spans spansOf(const QItemSelection &selection)
-{
-    Spans spans;
-    spans.reserve(std::size_t(selection.size()));
-    for (const QItemSelectionRange &range : selection)
-        spans.push_back({range.top(), range.bottom()});
-    std::sort(spans.begin(), spans.end(), [](const Span &one, const Span &other) {
-        return one.first < other.first;
-    });
     return spans;
 }
 
@@ -87,25 +102,43 @@ Spans without(const Spans &all, const Spans &others)
     return left;
 }
 
+/*! Returns the selection of rows that rise. Ranges that were selected before are taken from there, since their indexes need not be
+    looked up among those that the model keeps up to date. */
+QItemSelection selectionOf(const Spans &rows, const Table &table, const Selected &before)
+{
+    QItemSelection selection;
+    selection.reserve(int(rows.size()));
+    std::size_t next = 0;
+    for (const Span &span : rows) {
+        while (next < before.rows.size() && before.rows[next].first < span.first)
+            ++next;
+        const bool isKnown = next < before.rows.size() && before.rows[next].first == span.first
+            && before.rows[next].last == span.last;
+        selection.append(isKnown ? before.ranges.at(int(next)) : table.rangeOf(span));
+    }
+    return selection;
+}
+
 //! Replaces \a before, what is selected, by \a rows and emits the difference as the selection model would.
 void replace(QItemSelectionModel &selection,
              const Table &table,
-             const QItemSelection &before,
+             const Selected &before,
              const Spans &rows,
              QItemSelectionModel::SelectionFlags command)
 {
+    const QItemSelection chosen = selectionOf(rows, table, before);
     {
         // Cleared first, there is nothing that the selection model could compare the rows with.
         const QSignalBlocker quiet(&selection);
         selection.select(QItemSelection(), QItemSelectionModel::Clear);
         command.setFlag(QItemSelectionModel::Clear, false);
-        selection.select(table.selectionOf(rows), command);
+        selection.select(chosen, command);
     }
     // What is selected now is known: asking for it would copy thousands of ranges several times.
     const bool selects = command & (QItemSelectionModel::Select | QItemSelectionModel::Toggle)
         && !command.testFlag(QItemSelectionModel::Deselect);
-    const Spans last = spansOf(before), now = selects ? rows : Spans();
-    const Spans added = without(now, last), removed = without(last, now);
+    const Spans now = selects ? rows : Spans();
+    const Spans added = without(now, before.rows), removed = without(before.rows, now);
     if (!added.empty() || !removed.empty())
         Q_EMIT selection.selectionChanged(table.selectionOf(added), table.selectionOf(removed));
 }
@@ -132,7 +165,7 @@ void selectRows(QItemSelectionModel &selection,
             return table.isWhole(range);
         });
         if (areRows) {
-            replace(selection, table, before, chosen, command);
+            replace(selection, table, Selected(before), chosen, command);
             return;
         }
     }

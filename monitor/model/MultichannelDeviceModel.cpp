@@ -241,15 +241,16 @@ bool MultichannelDeviceModel::writeRows(QIODevice &file) const
     const bool isWatched = SaveProgress::isWatched();
     const ReadingBlock copied = isWatched ? shownReadings() : ReadingBlock();
     const StreamHeader header = m_header.hasFrames() ? m_header.ofNumbers() : m_header;
+    const ReadingShape shape = readingShape(header);
     QByteArray text = recordingHeader(header, QStringLiteral("saved from the monitor's buffer"));
     std::vector<double> values(static_cast<std::size_t>(channels));
     for (int row = 1; row <= rows; ++row) {
         if (isWatched) {
-            appendRecordingReading(&text, header, copied.time(row - 1), copied.values(row - 1));
+            appendRecordingReading(&text, shape, copied.time(row - 1), copied.values(row - 1));
         } else {
             for (std::size_t i = 0; i < values.size(); ++i)
                 values[i] = receivedValue(row, int(i));
-            appendRecordingReading(&text, header, doubleData(row, 0), values.data());
+            appendRecordingReading(&text, shape, doubleData(row, 0), values.data());
         }
         if (text.size() < recordingPiece)
             continue;

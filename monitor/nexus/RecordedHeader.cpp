@@ -2,6 +2,7 @@
 #include "monitor/nexus/RecordedHeader.h"
 
 #include "monitor/input/LineProtocol.h"
+#include "monitor/recording/RecordingRows.h"
 #include "monitor/recording/RecordingWriter.h"
 
 #include <limits>
@@ -65,7 +66,7 @@ StreamHeader RecordedHeader::parsed() const
     const std::vector<double> missing(std::size_t(values),
                                       std::numeric_limits<double>::quiet_NaN());
     QByteArray reading;
-    appendRecordingReading(&reading, form, 0.0, missing.data());
+    appendRecordingReading(&reading, readingShape(form), 0.0, missing.data());
     takeLines(&protocol, reading);
     protocol.finish();
     return sink.header.valuesPerReading() == values ? sink.header : StreamHeader();

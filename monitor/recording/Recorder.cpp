@@ -69,8 +69,10 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
     }
     if (existing == RecordingFile::Existing::Replace)
         replaceComplete(path, completed);
+    m_worker.settle();
     closePresentFile();
     m_file = std::move(file);
+    m_worker.setFile(m_file.get(), m_error.isEmpty());
     ++m_filesBegun;
     m_fileStartedAt = m_clock.seconds();
     Q_EMIT fileStarted(path);
@@ -100,7 +102,8 @@ void Recorder::closePresentFile()
         return;
     m_closedSize += m_file->size();
     const QString path = m_file->path();
-    const bool isComplete = m_file->displacement().isEmpty() && m_file->close();
+    const bool isComplete =
+        m_file->displacement() == RecordingFile::Displacement::None && m_file->close();
     m_file.reset();
     if (isComplete)
         Q_EMIT fileCompleted(path);
@@ -153,7 +156,7 @@ void Recorder::startStream(const StreamHeader &header)
         Q_EMIT noted(text);
     const bool isUndated = m_options.datesArrival && !header.startTime.isValid();
     if (!isUndated)
-        append({}, 0); // otherwise the first reading dates the header
+        beginWithHeader(); // otherwise the first reading dates it
 }
 
 /*! Dates a stream by the arrival of its first readings: the newest of them has just come. What they are apart is how long
@@ -194,52 +197,33 @@ void Recorder::addReadings(const ReadingBlock &readings)
         return;
     if (m_options.datesArrival && !m_header.startTime.isValid() && !readings.isEmpty())
         dateStream(readings);
-    m_rows.clear();
-    for (int row = 0; row < readings.size(); ++row)
-        appendRecordingReading(&m_rows, m_header, readings.time(row), readings.values(row));
-    append(m_rows, readings.size());
+    addHeaderIfDue();
+    m_worker.add(readings, readingShape(m_header));
     m_anyReading = m_anyReading || !readings.isEmpty();
     // A flood of readings keeps the clock from ticking; what is due is written nevertheless.
     writeIfDue();
-    if (m_waiting.size() >= recordingPiece && m_error.isEmpty())
-        flush();
 }
 
 void Recorder::addEvent(const QString &text)
 {
     QByteArray line;
     appendRecordingEvent(&line, text);
-    append(line, 0);
+    addHeaderIfDue();
+    m_worker.add(RecordingBatch::Entry::Kind::Lines, line);
 }
 
-/*! Appends readings with their header, if it is due. Readings without their header would seem to belong to another
-    stream, so that both are kept or both are lost. */
-void Recorder::append(const QByteArray &text, int readings)
+void Recorder::addHeaderIfDue()
 {
-    const QByteArray header =
-        m_headerDue ? recordingHeader(m_header, m_options.source) : QByteArray();
-    if (!m_waiting.hasRoomFor(header.size() + text.size())) {
-        m_lost += readings;
-        m_allLost += readings;
-        return;
-    }
-    appendLoss();
-    if (m_headerDue)
-        m_waiting.appendHeader(header);
-    m_headerDue = false;
-    m_waiting.append(text);
+    if (std::exchange(m_headerDue, false))
+        m_worker.add(RecordingBatch::Entry::Kind::Header,
+                     recordingHeader(m_header, m_options.source));
 }
 
-void Recorder::appendLoss()
+//! Has the header written although nothing follows it yet.
+void Recorder::beginWithHeader()
 {
-    if (m_lost == 0)
-        return;
-    QByteArray line;
-    appendRecordingEvent(
-        &line,
-        QStringLiteral("%1 readings were lost here because the disk was full").arg(m_lost));
-    m_waiting.append(line);
-    m_lost = 0;
+    addHeaderIfDue();
+    m_worker.add(RecordingBatch::Entry::Kind::Lines, {});
 }
 
 void Recorder::tick()
@@ -249,7 +233,8 @@ void Recorder::tick()
 
 void Recorder::writeIfDue()
 {
-    if (m_clock.seconds() - m_flushedAt >= flushInterval && flush())
+    const bool isDue = m_clock.seconds() - m_flushedAt >= flushInterval;
+    if ((isDue || m_worker.isStuck()) && flush() && isDue)
         rotateIfDue();
 }
 
@@ -259,12 +244,19 @@ bool Recorder::flush()
     if (!m_isRecording)
         return false;
     m_flushedAt = m_clock.seconds();
-    if (!keepFileInPlace())
-        return false;
-    m_waiting.take(m_file->append(m_waiting.data(), m_waiting.size()));
-    setError(m_waiting.isEmpty() ? QString()
-                                 : tr("%1: %2").arg(m_file->path(), m_file->errorString()));
-    return m_waiting.isEmpty();
+    m_worker.settle();
+    const bool isWritten = keepFileInPlace() && writeWaiting();
+    m_worker.setFile(m_file.get(), isWritten);
+    return isWritten;
+}
+
+bool Recorder::writeWaiting()
+{
+    WaitingText &waiting = m_worker.text().waiting();
+    waiting.take(m_file->append(waiting.data(), waiting.size()));
+    setError(waiting.isEmpty() ? QString()
+                               : tr("%1: %2").arg(m_file->path(), m_file->errorString()));
+    return waiting.isEmpty();
 }
 
 /*! Makes sure that the file can still be found under its path, and opens another one if not. What waits goes to the new
@@ -272,7 +264,7 @@ bool Recorder::flush()
 bool Recorder::keepFileInPlace()
 {
     const EnglishTexts english; // of what became of the file, which is recorded
-    const QString displacement = m_file->displacement();
+    const QString displacement = RecordingFile::text(m_file->displacement());
     if (displacement.isEmpty())
         return true;
     const QString before = m_file->path();
@@ -288,7 +280,7 @@ bool Recorder::keepFileInPlace()
         QStringLiteral("recording: %1 %2; it goes on in %3").arg(before, displacement, path);
     QByteArray event;
     appendRecordingEvent(&event, text);
-    m_waiting.beginFile(event);
+    m_worker.text().waiting().beginFile(event);
     Q_EMIT noted(QStringLiteral("WARNING %1").arg(text));
     return true;
 }
@@ -300,27 +292,29 @@ void Recorder::rotateIfDue()
     const bool large = m_options.rotateBytes > 0 && m_file->size() >= m_options.rotateBytes;
     if (m_anyReading && age >= shortestFile && (old || large) && openNext()) {
         m_headerDue = true;
-        append({}, 0);
+        beginWithHeader();
     }
 }
 
 bool Recorder::finish()
 {
     if (!m_isRecording)
-        return m_allLost == 0;
-    if (m_hasHeader && m_headerDue)
-        append({}, 0);
-    appendLoss();
+        return lostReadings() == 0;
+    if (m_hasHeader)
+        beginWithHeader();
+    m_worker.settle();
+    m_worker.text().appendLoss();
     flush();
     m_isRecording = false;
-    m_allLost += m_waiting.readings();
-    const bool isInPlace = m_file->displacement().isEmpty();
+    m_worker.setFile(m_file.get(), false);
+    m_leftWaiting = m_worker.text().waiting().readings();
+    const bool isInPlace = m_file->displacement() == RecordingFile::Displacement::None;
     const bool closed = m_file->close();
     if (!closed)
         setError(tr("%1: %2").arg(m_file->path(), m_file->errorString()));
     else if (isInPlace)
         Q_EMIT fileCompleted(m_file->path());
-    return closed && m_allLost == 0;
+    return closed && lostReadings() == 0;
 }
 
 } // namespace Monitor

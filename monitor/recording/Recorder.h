@@ -5,8 +5,8 @@
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/recording/RecordingFile.h"
 #include "monitor/recording/RecordingNames.h"
+#include "monitor/recording/RecordingWorker.h"
 #include "monitor/recording/SegmentForm.h"
-#include "monitor/recording/WaitingText.h"
 
 #include <QObject>
 #include <QStringList>
@@ -75,12 +75,12 @@ public:
     const Options &options() const { return m_options; }
     //! Returns the path of the file that is being written, or that could not be opened again.
     QString fileName() const { return m_file ? m_file->path() : QString(); }
-    //! Returns the bytes of the file that is being written, with those that wait.
-    qint64 size() const { return (m_file ? m_file->size() : 0) + m_waiting.size(); }
-    //! Returns the bytes of all files of the recording, with those that wait.
+    //! Returns the bytes of the file that is being written, with those that wait as text.
+    qint64 size() const { return m_worker.size(); }
+    //! Returns the bytes of all files of the recording, with those that wait as text.
     qint64 totalSize() const { return m_closedSize + size(); }
     //! Returns how many readings could not be recorded.
-    qint64 lostReadings() const { return m_allLost; }
+    qint64 lostReadings() const { return m_worker.lostReadings() + m_leftWaiting; }
     //! Returns what keeps the recorder from writing; empty while nothing does.
     QString errorString() const { return m_error; }
 
@@ -100,6 +100,7 @@ private:
     void tick();
     void writeIfDue();
     bool flush();
+    bool writeWaiting();
     bool open(const QString &path, RecordingFile::Existing existing, QString *error);
     void replaceComplete(const QString &path, const QString &completed);
     bool openNext();
@@ -107,10 +108,10 @@ private:
     bool mayBeginFileForStream();
     void rotateIfDue();
     void setError(const QString &text);
-    void append(const QByteArray &text, int readings);
+    void addHeaderIfDue();
+    void beginWithHeader();
     void dateStream(const ReadingBlock &readings);
     void closePresentFile();
-    void appendLoss();
 
     Clock &m_clock;
     const Options m_options;
@@ -131,11 +132,9 @@ private:
     QStringList m_toTell; //!< lines for the log, kept until a listener is connected
     bool m_anyReading = false;
     StreamHeader m_header;
-    WaitingText m_waiting;
-    QByteArray m_rows;
     qint64 m_closedSize = 0; //!< bytes of the files before the present one
-    qint64 m_lost = 0;
-    qint64 m_allLost = 0;
+    qint64 m_leftWaiting = 0; //!< readings that waited when the recording ended
+    RecordingWorker m_worker; //!< the last member, since its thread uses the file
 };
 
 } // namespace Monitor

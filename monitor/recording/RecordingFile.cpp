@@ -21,8 +21,13 @@ RecordingFile::~RecordingFile()
 
 bool RecordingFile::fail(int errorNumber)
 {
-    m_error = QString::fromLocal8Bit(std::strerror(errorNumber));
+    m_errorNumber = errorNumber;
     return false;
+}
+
+QString RecordingFile::errorString() const
+{
+    return m_errorNumber == 0 ? m_error : QString::fromLocal8Bit(std::strerror(m_errorNumber));
 }
 
 bool RecordingFile::open(const QString &path, Existing existing, unsigned mode)
@@ -31,6 +36,7 @@ bool RecordingFile::open(const QString &path, Existing existing, unsigned mode)
     m_path = path;
     m_size = 0;
     m_error.clear();
+    m_errorNumber = 0;
     // Without O_NONBLOCK, a pipe without a reader would block the program.
     const int flags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK
         | (existing == Existing::Refuse ? O_EXCL : 0);
@@ -100,20 +106,35 @@ bool RecordingFile::close()
     return closed || fail(errno);
 }
 
-QString RecordingFile::displacement() const
+RecordingFile::Displacement RecordingFile::displacement() const
 {
     struct stat named = {};
     struct stat own = {};
     if (::fstat(m_descriptor, &own) != 0)
-        return {};
+        return Displacement::None;
     if (::stat(QFile::encodeName(m_path).constData(), &named) != 0) {
         const bool isGone = errno == ENOENT || errno == ENOTDIR || errno == ESTALE;
-        return isGone ? Text::tr("was removed or renamed") : QString();
+        return isGone ? Displacement::Gone : Displacement::None;
     }
     if (named.st_dev != own.st_dev || named.st_ino != own.st_ino)
-        return Text::tr("was replaced by another file");
+        return Displacement::Replaced;
     const bool changed = S_ISREG(own.st_mode) && own.st_size != m_size;
-    return changed ? Text::tr("was changed by another program") : QString();
+    return changed ? Displacement::Changed : Displacement::None;
+}
+
+QString RecordingFile::text(Displacement displacement)
+{
+    switch (displacement) {
+    case Displacement::None:
+        break;
+    case Displacement::Gone:
+        return Text::tr("was removed or renamed");
+    case Displacement::Replaced:
+        return Text::tr("was replaced by another file");
+    case Displacement::Changed:
+        return Text::tr("was changed by another program");
+    }
+    return {};
 }
 
 } // namespace Monitor

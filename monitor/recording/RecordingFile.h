@@ -16,6 +16,14 @@ public:
         Replace, //!< empty the file
     };
 
+    //! What other programs did to the file.
+    enum class Displacement {
+        None, //!< its path leads to it, and its size is that of the bytes that were appended
+        Gone, //!< removed or renamed
+        Replaced, //!< another file is in its place
+        Changed, //!< it has another size
+    };
+
     RecordingFile() = default;
     ~RecordingFile();
     RecordingFile(const RecordingFile &) = delete;
@@ -32,14 +40,15 @@ public:
     //! Closes the file. Returns false, with errorString(), if the system could not keep what it had taken.
     bool close();
 
-    /*! Returns what other programs did to the file, for example "was removed or renamed"; empty while its path leads
-        to it and its size is that of the bytes that were appended. */
-    QString displacement() const;
+    //! Returns what other programs did to the file since it was opened.
+    Displacement displacement() const;
+    //! Returns "was removed or renamed" and the like, in the language of the window; empty for none.
+    static QString text(Displacement displacement);
 
     QString path() const { return m_path; }
     //! Returns the number of bytes that were appended.
     qint64 size() const { return m_size; }
-    QString errorString() const { return m_error; }
+    QString errorString() const;
 
 private:
     bool lock();
@@ -50,6 +59,8 @@ private:
     int m_descriptor = -1;
     qint64 m_size = 0;
     QString m_error;
+    int m_errorNumber =
+        0; //!< of the system, whose text only the owner's thread asks for; 0 if m_error says what is wrong
 };
 
 } // namespace Monitor

@@ -4,6 +4,7 @@
 #include "monitor/core/RegularFile.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
+#include "monitor/recording/RecordingRows.h"
 #include "monitor/recording/RecordingWriter.h"
 
 #include <QDir>
@@ -43,7 +44,7 @@ public:
         m_lastTime = time;
         ++m_damage->readings;
         if (m_copy)
-            appendRecordingReading(&m_text, m_header, time, values);
+            appendRecordingReading(&m_text, readingShape(m_header), time, values);
         writeIfMuch();
     }
     void eventNoted(const QString &text) override

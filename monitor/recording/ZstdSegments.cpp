@@ -2,7 +2,7 @@
 #include "monitor/recording/ZstdSegments.h"
 
 #include "monitor/input/ZstdFrames.h"
-#include "monitor/recording/RecordingWriter.h"
+#include "monitor/recording/RecordingRows.h"
 
 #include <algorithm>
 #include <memory>

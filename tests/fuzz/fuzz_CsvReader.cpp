@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
 #include "monitor/input/ImportGuess.h"
+#include "monitor/recording/RecordingRows.h"
 #include "monitor/recording/RecordingWriter.h"
 #include "tests/support/FuzzTarget.h"
 
@@ -73,7 +74,7 @@ public:
     }
     void reading(double time, const double *values) override
     {
-        appendRecordingReading(&text, m_header, time, values);
+        appendRecordingReading(&text, readingShape(m_header), time, values);
     }
     void eventNoted(const QString &) override { }
     void lineRefused(const RefusedLine &) override { ++refused; }

@@ -3,6 +3,8 @@
     Lets the threads of the monitor meet as often as possible. It says nothing if all is well; what it does wrong is found by the
     thread sanitizer. With the argument "planted" it races on purpose, to see that this is found. */
 #include "monitor/plugins/support/ReaderThreads.h"
+#include "monitor/recording/RecordingFile.h"
+#include "monitor/recording/RecordingWorker.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/sources/PluginQueue.h"
 #include "monitor/tape/TapeCache.h"
@@ -164,6 +166,40 @@ void convertFiles()
     require(seen > 0 && compressor.pending().isEmpty(), "files are left");
 }
 
+//! Readings are recorded faster than they become text, while the owner looks at what is done, and now and then at the file.
+void recordReadings()
+{
+    const QTemporaryDir folder;
+    RecordingFile file;
+    require(file.open(folder.filePath(QStringLiteral("a.csv")),
+                      RecordingFile::Existing::Refuse,
+                      RecordingFile::usualMode),
+            "no file can be opened");
+    constexpr int rows = 1000, blocks = 1000, blocksOfTurn = 300;
+    ReadingBlock readings(1);
+    const double value = 1.0;
+    for (int row = 0; row < rows; ++row)
+        readings.append(0.0, &value);
+    RecordingWorker worker;
+    worker.setFile(&file, true);
+    for (int number = 0; number < blocks; ++number) {
+        worker.add(readings, 0);
+        worker.add(RecordingBatch::Entry::Kind::Lines, "#event\n");
+        require(!worker.isStuck() && worker.size() >= 0 && worker.lostReadings() == 0,
+                "readings were not written");
+        if (number % blocksOfTurn != 0)
+            continue;
+        worker.settle();
+        WaitingText &waiting = worker.text().waiting();
+        waiting.take(file.append(waiting.data(), waiting.size()));
+        worker.setFile(&file, true);
+    }
+    worker.settle();
+    constexpr qint64 bytes =
+        qint64(blocks) * (rows * qint64(sizeof "0,1") + qint64(sizeof "#event"));
+    require(worker.size() == bytes, "bytes are missing");
+}
+
 //! Two threads change a number without a lock.
 int raceOnPurpose()
 {
@@ -189,6 +225,7 @@ int main(int argc, char **argv)
     beginAndEndReaders();
     indexTapes();
     convertFiles();
+    recordReadings();
     std::puts("thread_races: the threads met.");
     return 0;
 }

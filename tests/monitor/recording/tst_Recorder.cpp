@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
+#include "monitor/recording/RecordingRows.h"
+#include "monitor/recording/RecordingWriter.h"
 #include "tests/monitor/support/FileSizeLimit.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/Recording.h"
@@ -300,7 +302,75 @@ private Q_SLOTS:
         r.clock.advanceSilently(1.0);
         recorder.addReadings(block(30, 1));
         recorder.addReadings(block(31, 100000));
-        QVERIFY(QFileInfo(path("a.csv")).size() > qint64(1024) * 1024);
+        QTRY_VERIFY(QFileInfo(path("a.csv")).size() > qint64(1024) * 1024);
+    }
+
+    //! Each turn brings more than the thread gathers before it writes.
+    void aFloodBeginsItsNextFileInTime()
+    {
+        constexpr int channels = 1000, rows = 1100;
+        Recording r(path("a.csv"));
+        r.options.rotateSeconds = 1.0;
+        QSignalSpy files(&r.recorder(), &Recorder::fileStarted);
+        StreamHeader header;
+        header.channels.resize(channels);
+        QVERIFY(r.recorder().start());
+        r.recorder().startStream(header);
+        const std::vector<double> missing(channels, std::nan(""));
+        ReadingBlock readings(channels);
+        for (int row = 0; row < rows; ++row)
+            readings.append(0.0, missing.data());
+        for (int turn = 0; turn < 5; ++turn) {
+            r.recorder().addReadings(readings);
+            r.clock.advanceSilently(0.4);
+        }
+        QCOMPARE(files.count(), 2);
+    }
+
+    void aFloodKeepsItsOrder_data()
+    {
+        columns<qint64>("room");
+        row("on a disk with room", qint64(1) << 40);
+        row("on a disk that is full for a while", qint64(1) << 20);
+    }
+    //! Much more than the thread takes at once: readings in pieces of all sizes, events, and two streams.
+    void aFloodKeepsItsOrder()
+    {
+        QFETCH(const qint64, room);
+        Recording r(m_dir->path());
+        Recorder &recorder = r.recorder();
+        QSignalSpy files(&recorder, &Recorder::fileStarted);
+        QVERIFY(recorder.start());
+        FileSizeLimit limit;
+        limit.set(rlim_t(room));
+        std::mt19937_64 dice(5);
+        QByteArray expected;
+        for (const int channels : {2, 3}) {
+            StreamHeader header = twoChannels();
+            if (channels > 2)
+                header.channels.push_back({QString("centre"), QString("mm")});
+            recorder.startStream(header);
+            expected += recordingHeader(header, {});
+            for (int i = 0; i < 60; ++i) {
+                ReadingBlock readings(channels);
+                for (quint64 count = dice() % 2000; count > 0; --count) {
+                    const double values[] = {anyNumber(dice), double(count), double(i)};
+                    readings.append(i, values);
+                    appendRecordingRow(&expected, i, values, channels);
+                }
+                recorder.addReadings(readings);
+                appendRecordingEvent(&expected, QString::number(i));
+                recorder.addEvent(QString::number(i));
+            }
+        }
+        limit.lift();
+        r.clock.advance(1.0);
+        QVERIFY(recorder.finish());
+        QByteArray written;
+        for (const QList<QVariant> &arguments : std::as_const(files))
+            written += fileContents(arguments.first().toString());
+        QVERIFY(expected.size() > RecordingWorker::mostQueued);
+        QVERIFY(written == expected);
     }
 
     void aFullDiskLosesNothingOnceThereIsRoom()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/nexus/TableReaders.h"
+#include "monitor/recording/RecordingRows.h"
 #include "monitor/recording/RecordingWriter.h"
 
 //! Writes down what is read so that no bit of it is left out: as the lines of a recording.
@@ -15,7 +16,7 @@ public:
     }
     void reading(double time, const double *values) override
     {
-        Monitor::appendRecordingReading(&text, m_header, time, values);
+        Monitor::appendRecordingReading(&text, Monitor::readingShape(m_header), time, values);
     }
     void eventNoted(const QString &event) override { Monitor::appendRecordingEvent(&text, event); }
     void lineRefused(const Monitor::RefusedLine &line) override

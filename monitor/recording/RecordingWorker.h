@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "monitor/recording/RecordingBatch.h"
+#include "monitor/recording/RecordingText.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace Monitor {
+
+class RecordingFile;
+
+/*! Turns what is recorded into text and writes it in large pieces, in a separate thread if much comes at once. What little
+    has come is left until settle(), which needs no thread.
+
+    The thread only does what usually succeeds. If the file is not in its place any more, or the disk does not take everything, it
+    writes no more and isStuck(); the owner then decides what becomes of the text that waits. */
+class RecordingWorker
+{
+public:
+    //! How many bytes may wait to become text, beside the readings that are added last; add() waits while there are more.
+    static constexpr qint64 mostQueued = 2 * 1024 * 1024;
+
+    RecordingWorker() = default;
+    //! Ends the thread. What waits is not written.
+    ~RecordingWorker();
+    RecordingWorker(const RecordingWorker &) = delete;
+    RecordingWorker &operator=(const RecordingWorker &) = delete;
+
+    //! Adds a copy of readings, which have as many values as \a shape says.
+    void add(const ReadingBlock &readings, const ReadingShape &shape);
+    //! Adds lines, or the header of the readings that follow.
+    void add(RecordingBatch::Entry::Kind kind, const QByteArray &lines);
+    //! Returns whether the thread could not write since setFile().
+    bool isStuck() const { return m_isStuck; }
+    //! Returns the bytes of the file and of the text that waits for it.
+    qint64 size() const { return m_size; }
+    //! Returns how many readings were lost because the text that waits had become too long.
+    qint64 lostReadings() const { return m_text.lostReadings(); }
+
+    //! Waits until everything that was added is text. Until more is added, text and file belong to the caller.
+    void settle();
+    //! Returns the text. Call settle() before.
+    RecordingText &text() { return m_text; }
+    //! Sets the file, and whether large pieces of text are written to it at once. Call settle() before.
+    void setFile(RecordingFile *file, bool writes);
+
+private:
+    void seal();
+    bool startThread();
+    void run();
+    void workOnFilling();
+    void work(const RecordingBatch &batch);
+    bool writeWaiting();
+    void tellSize();
+
+    RecordingBatch m_filling; //!< belongs to the owner until it is large enough for the thread
+
+    std::mutex m_mutex;
+    std::condition_variable m_wakeUp; //!< of the thread
+    std::condition_variable m_taken; //!< a batch was done
+    std::deque<RecordingBatch> m_sealed; //!< the first one is in work
+    qint64 m_sealedBytes = 0;
+    std::vector<RecordingBatch> m_spare; //!< empty ones, whose memory is used again
+    bool m_isEnding = false;
+
+    // These belong to the thread while there are sealed batches, and otherwise to the owner.
+    RecordingText m_text;
+    RecordingFile *m_file = nullptr;
+    bool m_writes = false;
+
+    std::atomic<bool> m_isStuck = false;
+    std::atomic<qint64> m_size = 0;
+    std::thread m_thread;
+};
+
+} // namespace Monitor

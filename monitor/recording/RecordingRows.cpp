@@ -14,6 +14,7 @@ namespace {
 class NumberText
 {
 public:
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the piece is filled before it is read
     explicit NumberText(QByteArray *text)
         : m_text(text)
     {

@@ -12,7 +12,7 @@ namespace Monitor {
 namespace {
 
 //! As much as the thread takes at a time. An instrument that sends less in the time between two writes needs no thread.
-constexpr qint64 batchSize = 128 * 1024;
+constexpr qint64 batchSize = qint64(128) * 1024;
 
 } // namespace
 

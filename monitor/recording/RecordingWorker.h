@@ -24,7 +24,7 @@ class RecordingWorker
 {
 public:
     //! How many bytes may wait to become text, beside the readings that are added last; add() waits while there are more.
-    static constexpr qint64 mostQueued = 2 * 1024 * 1024;
+    static constexpr qint64 mostQueued = qint64(2) * 1024 * 1024;
 
     RecordingWorker() = default;
     //! Ends the thread. What waits is not written.

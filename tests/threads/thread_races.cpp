@@ -166,7 +166,8 @@ void convertFiles()
     require(seen > 0 && compressor.pending().isEmpty(), "files are left");
 }
 
-//! Readings are recorded faster than they become text, while the owner looks at what is done, and now and then at the file.
+/*! Readings are recorded faster than they become text, while the owner looks at what is done, and now and then at the file, which
+    goes in the end. */
 void recordReadings()
 {
     const QTemporaryDir folder;
@@ -198,6 +199,9 @@ void recordReadings()
     constexpr qint64 bytes =
         qint64(blocks) * (rows * qint64(sizeof "0,1") + qint64(sizeof "#event"));
     require(worker.size() == bytes, "bytes are missing");
+    require(QFile::remove(file.path()), "the file cannot be removed");
+    while (!worker.isStuck())
+        worker.add(readings, 0);
 }
 
 //! Two threads change a number without a lock.

@@ -502,8 +502,9 @@ private:
         NexusReader reader(sink);
         if (reader.open(path("theirs.h5")))
             while (reader.read(1000)) { }
-        const QByteArray got = (reader.hasFailed() ? reader.errorString() : sink.text()).toUtf8();
-        QVERIFY2(got == read || (reader.hasFailed() && got.contains(read)), got);
+        const bool isRefused = reader.hasFailed() && qgetenv("CORVALE_QT_PLANT") != "accepted";
+        const QByteArray got = (isRefused ? reader.errorString() : sink.text()).toUtf8();
+        QVERIFY2(got == read || (isRefused && got.contains(read)), got);
     }
 
     QString path(const QString &name) const { return m_folder.filePath(name); }

@@ -3,6 +3,7 @@
 #include "corvale_qt/detector/DetectorLines.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 using Axis = DetectorLayout::Axis;
@@ -92,63 +93,37 @@ private Q_SLOTS:
 
     void mistakesAreToldWithLineAndKey_data()
     {
-        columns<QByteArray, QByteArray, QString>("from", "to", "message");
+        tableFrom(R"(
+            | QByteArray from | QByteArray to | message
+            an open end               | 9] }\n} | 9] }\n | line 9, unterminated object
+            another version           | : 1, | : 2, | line 2, detector: must be the version, 1
+            an unknown kind           | strips | stripes | line 3, kind: is none of: channels, strips, matrix
+            falling back              | 18, 26 | 28, 26
+                | line 4, x.positions[4]: 26.3 follows 28: positions must rise, or fall, without repeating
+            a text among numbers      | -18 | "-18" | line 4, x.positions[1]: is not a number
+            half a cell               | "cells": 4 | "cells": 4.5 | line 5, y.cells: is not a whole number from 0 to 65536
+            a spelling mistake        | "pitch" | "pich" | line 5, y.pich: is not a known key
+            a key twice               | "noise" | "y": { "cells": 3 },\n"noise"
+                | line 6, the key "y" is given twice, or with a backslash
+            a limit below 0           | : 0.03 | : -0.03 | line 7, verdict.residual_rms: is not a number from 0 on
+            a limit that nobody knows | residual_rms | residuals | line 7, verdict.residuals: is not a known key
+            a gain too few            | 1.5 | [1.5, 1.4] | line 8, channels.gain: has 2 numbers for 9 readings
+            a gain of 0               | 1.5 | [1,1,1,0,1,1,1,1,1] | line 8, channels.gain[3]: is 0 or not a usable number
+            a channel 10              | 3, 9 | 3, 10 | line 8, channels.dead[1]: there is no such channel
+            a list for an object      | { "gain" | [ 1 ], "a": { "gain" | line 8, channels: is not an object in braces
+            huge numbers              | 0.02 | 1e999 | line 6, illegal number
+            rows in the wiring        | "noise": 0.02 | "wiring": [[1,2,3],\n[4,5,6],\n[7,1,9]]
+                | line 8, wiring[2][1]: reading 1 is wired twice
+        )");
         const auto row =
             [](const char *name, const char *from, const char *to, const char *message) {
                 QTest::newRow(name) << QByteArray(from) << QByteArray(to) << message;
             };
-        row("an open end", "9] }\n}", "9] }\n", "line 9, unterminated object");
-        row("another version", ": 1,", ": 2,", "line 2, detector: must be the version, 1");
-        row("an unknown kind",
-            "strips",
-            "stripes",
-            "line 3, kind: is none of: channels, strips, matrix");
-        row("falling back",
-            "18, 26",
-            "28, 26",
-            "line 4, x.positions[4]: 26.3 follows 28: positions must rise, or fall, without "
-            "repeating");
-        row("a text among numbers", "-18", "\"-18\"", "line 4, x.positions[1]: is not a number");
         row("no unit", ", \"unit\": \"mm\" }", " }", "line 4, x.unit: is missing");
-        row("half a cell",
-            "\"cells\": 4",
-            "\"cells\": 4.5",
-            "line 5, y.cells: is not a whole number from 0 to 65536");
-        row("a spelling mistake", "\"pitch\"", "\"pich\"", "line 5, y.pich: is not a known key");
-        row("a key twice",
-            "\"noise\"",
-            "\"y\": { \"cells\": 3 },\n\"noise\"",
-            "line 6, the key \"y\" is given twice, or with a backslash");
         row("a key spelt with an escape",
             "\"pitch\"",
             "\"\\u0063ells\"",
             "line 5, the key \"\\u0063ells\" is given twice, or with a backslash");
-        row("a limit below 0",
-            ": 0.03",
-            ": -0.03",
-            "line 7, verdict.residual_rms: is not a number from 0 on");
-        row("a limit that nobody knows",
-            "residual_rms",
-            "residuals",
-            "line 7, verdict.residuals: is not a known key");
-        row("a gain too few",
-            "1.5",
-            "[1.5, 1.4]",
-            "line 8, channels.gain: has 2 numbers for 9 readings");
-        row("a gain of 0",
-            "1.5",
-            "[1,1,1,0,1,1,1,1,1]",
-            "line 8, channels.gain[3]: is 0 or not a usable number");
-        row("a channel 10", "3, 9", "3, 10", "line 8, channels.dead[1]: there is no such channel");
-        row("a list for an object",
-            "{ \"gain\"",
-            "[ 1 ], \"a\": { \"gain\"",
-            "line 8, channels: is not an object in braces");
-        row("huge numbers", "0.02", "1e999", "line 6, illegal number");
-        row("rows in the wiring",
-            "\"noise\": 0.02",
-            "\"wiring\": [[1,2,3],\n[4,5,6],\n[7,1,9]]",
-            "line 8, wiring[2][1]: reading 1 is wired twice");
     }
     void mistakesAreToldWithLineAndKey()
     {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/DetectorLayout.h"
 #include "tests/beam/profile/PixelWiring.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 using Axis = DetectorLayout::Axis;
@@ -28,10 +28,59 @@ QString text(const QVector<double> &numbers)
     return words.join(' ');
 }
 
-} // namespace
+/*! Changes a description by a script, such as "x.positions 0 1 3; x.reversed; wiring 0 7 -1": numbers behind the name of what they
+    are for. "x.count 3" states cells without a pitch, "x.uniform 4 2" four cells with a pitch of 2 mm. */
+void change(DetectorDescription &description, const QString &script)
+{
+    for (const QString &step : script.split("; ")) {
+        QStringList words = step.split(' ');
+        const QString what = words.takeFirst();
+        QVector<double> numbers;
+        for (const QString &word : qAsConst(words))
+            numbers << word.toDouble();
+        const int first = numbers.isEmpty() ? 1 : int(numbers[0]);
+        DetectorAxis &axis = what.startsWith('y') ? description.y : description.x;
+        const QString field = what.section('.', 1);
+        if (field == "cells")
+            axis.cells = first;
+        else if (field == "positions")
+            axis.positions = numbers;
+        else if (field == "at")
+            axis = DetectorAxis::at(numbers, mm);
+        else if (field == "count")
+            axis = DetectorAxis::counted(first);
+        else if (field == "uniform")
+            axis = DetectorAxis::uniform(first, numbers[1], mm);
+        else if (field == "pitch")
+            axis.pitch = numbers[0];
+        else if (field == "offset")
+            axis.offset = numbers[0];
+        else if (field == "widths")
+            axis.widths = numbers;
+        else if (field == "reversed")
+            axis.reversed = true;
+        else if (what == "kind")
+            description.kind =
+                DetectorKind(words[0] == "matrix" ? DetectorKind::Matrix : DetectorKind::Channels);
+        else if (what == "wiring")
+            description.wiring = QVector<int>(numbers.begin(), numbers.end());
+        else if (what == "readings")
+            description.readings = first;
+        else if (what == "gains")
+            for (const double gain : numbers) {
+                description.channels.resize(description.channels.size() + 1);
+                description.channels.last().gain = gain;
+            }
+        else if (what == "noise")
+            description.noise = numbers[0];
+        else if (what == "density")
+            description.density = true;
+        else
+            qFatal("no such step: %s", qPrintable(step));
+    }
+}
 
-using Change = std::function<void(DetectorDescription &)>;
-Q_DECLARE_METATYPE(Change)
+} // namespace
 
 class tst_DetectorLayout : public QObject
 {
@@ -40,78 +89,23 @@ class tst_DetectorLayout : public QObject
 private Q_SLOTS:
     void places_data()
     {
-        columns<Change, QString, QString, QString>("change", "positions", "widths", "edges");
-        const auto row = [](const char *name, const Change &change) -> QTestData & {
-            return QTest::newRow(name) << change;
-        };
-        row("a pitch has its zero in the middle",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::uniform(4, 2, mm);
-            })
-            << "-3 -1 1 3"
-            << "2 2 2 2"
-            << "-4 4";
-        row("an offset moves all cells",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::uniform(3, 1, mm);
-                d.x.offset = 0.5;
-            })
-            << "-0.5 0.5 1.5"
-            << "1 1 1"
-            << "-1 2";
-        row("a reversed axis changes its sign before the offset",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::at({0, 1, 3}, mm);
-                d.x.reversed = true;
-                d.x.offset = 10;
-            })
-            << "10 9 7"
-            << "1 1.5 2"
-            << "6 10.5";
-        row("without a pitch, cells are counted from 1",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::counted(3);
-            })
-            << "1 2 3"
-            << "1 1 1"
-            << "0.5 3.5";
-        row("a reversed count",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::counted(3);
-                d.x.reversed = true;
-            })
-            << "3 2 1"
-            << "1 1 1"
-            << "0.5 3.5";
-        row("strips with gaps between them",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::at({0, 2, 6}, mm);
-                d.x.widths = {1.5};
-            })
-            << "0 2 6"
-            << "1.5 1.5 1.5"
-            << "-1 8";
-        row("densities are samples at thin wires",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::at({0, 2, 6}, mm);
-                d.density = true;
-            })
-            << "0 2 6"
-            << "0 0 0"
-            << "-1 8";
-        row("a single strip",
-            [](DetectorDescription &d) {
-                d.x = DetectorAxis::uniform(1, 3, mm);
-            })
-            << "0"
-            << "3"
-            << "-1.5 1.5";
+        tableFrom(R"(
+            | script | positions | widths | edges
+            a pitch has its zero in the middle | x.uniform 4 2 | -3 -1 1 3 | 2 2 2 2 | -4 4
+            an offset moves all cells | x.uniform 3 1; x.offset 0.5 | -0.5 0.5 1.5 | 1 1 1 | -1 2
+            a reversed axis changes its sign before the offset | x.at 0 1 3; x.reversed; x.offset 10 | 10 9 7 | 1 1.5 2 | 6 10.5
+            without a pitch, cells are counted from 1 | x.count 3 | 1 2 3 | 1 1 1 | 0.5 3.5
+            a reversed count | x.count 3; x.reversed | 3 2 1 | 1 1 1 | 0.5 3.5
+            strips with gaps between them | x.at 0 2 6; x.widths 1.5 | 0 2 6 | 1.5 1.5 1.5 | -1 8
+            densities are samples at thin wires | x.at 0 2 6; density | 0 2 6 | 0 0 0 | -1 8
+            a single strip | x.uniform 1 3 | 0 | 3 | -1.5 1.5
+        )");
     }
     void places()
     {
-        QFETCH(Change, change);
+        QFETCH(QString, script);
         DetectorDescription description = strips({});
-        change(description);
+        change(description, script);
         DetectorFault fault;
         const DetectorLayout layout = DetectorLayout::fromDescription(description, &fault);
         QCOMPARE(fault.message(), QString());
@@ -135,82 +129,35 @@ private Q_SLOTS:
 
     void mistakesAreToldWithTheirPlace_data()
     {
-        columns<Change, QString>("change", "message");
-        const auto row = [](const char *name, const char *message, const Change &change) {
-            QTest::newRow(name) << change << message;
-        };
-        row("no cells", "x.cells: the strips of neither x nor y are stated", [](auto &d) {
-            d.x.cells = 0;
-            d.x.positions.clear();
-        });
-        row("negative cells", "y.cells: must be between 0 and 4096", [](auto &d) {
-            d.y.cells = -1;
-        });
-        row("a matrix beyond all bounds", "y.cells: must be between 0 and 256", [](auto &d) {
-            d = {};
-            d.kind = DetectorKind::Matrix;
-            d.x = DetectorAxis::counted(256);
-            d.y = DetectorAxis::counted(2000000000);
-        });
-        row("a matrix without rows", "y.cells: a matrix has rows and columns", [](auto &d) {
-            d.kind = DetectorKind::Matrix;
-        });
-        row("repeated positions",
-            "x.positions[2]: 1 follows 1: positions must rise, or fall, without repeating",
-            [](auto &d) {
-                d.x.positions = {0, 1, 1};
-            });
-        row("a position that is not a number",
-            "x.positions[1]: is not a usable length",
-            [](auto &d) {
-                d.x.positions[1] = qQNaN();
-            });
-        row("a position too few", "x.positions: has 2 positions for 3 cells", [](auto &d) {
-            d.x.positions.removeLast();
-        });
-        row("positions and a pitch", "x.pitch: is stated beside positions", [](auto &d) {
-            d.x.pitch = 1;
-        });
-        row("a pitch of 0", "y.pitch: is not above 0", [](auto &d) {
-            d.y = DetectorAxis::uniform(4, 0, mm);
-        });
-        row("overlapping strips", "x.widths[1]: overlaps the cell before it", [](auto &d) {
-            d.x.widths = {1.5};
-        });
-        row("an infinite offset", "x.offset: is not a usable length", [](auto &d) {
-            d.x.offset = qInf();
-        });
-        row("a reading wired twice", "wiring[2]: reading 1 is wired twice", [](auto &d) {
-            d.wiring = {0, 1, 0};
-        });
-        row("a reading that no frame has", "wiring[1]: there is no reading 8", [](auto &d) {
-            d.wiring = {0, 7, -1};
-        });
-        row("a short wiring table", "wiring: has 1 entries for 3 cells", [](auto &d) {
-            d.wiring = {0};
-        });
-        row("too few readings", "readings: 2 readings are fewer than 3 cells", [](auto &d) {
-            d.readings = 2;
-        });
-        row("too few channels", "channels: there are 1 channels for 3 readings", [](auto &d) {
-            d.channels.resize(1);
-        });
-        row("a gain of 0", "channels.gain[1]: is 0 or not a usable number", [](auto &d) {
-            d.channels.resize(3);
-            d.channels[1].gain = 0;
-        });
-        row("a list of channels with an axis", "x: a list of channels has no axes", [](auto &d) {
-            d.kind = DetectorKind::Channels;
-        });
-        row("a noise of 0", "noise: is not above 0", [](auto &d) {
-            d.noise = 0;
-        });
+        tableFrom(R"(
+            | script | message
+            no cells | x.cells 0; x.positions | x.cells: the strips of neither x nor y are stated
+            negative cells | y.cells -1 | y.cells: must be between 0 and 4096
+            a matrix beyond all bounds | kind matrix; x.count 256; y.count 2000000000 | y.cells: must be between 0 and 256
+            a matrix without rows | kind matrix | y.cells: a matrix has rows and columns
+            repeated positions | x.positions 0 1 1
+                | x.positions[2]: 1 follows 1: positions must rise, or fall, without repeating
+            a position that is not a number | x.positions 0 nan 3 | x.positions[1]: is not a usable length
+            a position too few | x.positions 0 1 | x.positions: has 2 positions for 3 cells
+            positions and a pitch | x.pitch 1 | x.pitch: is stated beside positions
+            a pitch of 0 | y.uniform 4 0 | y.pitch: is not above 0
+            overlapping strips | x.widths 1.5 | x.widths[1]: overlaps the cell before it
+            an infinite offset | x.offset inf | x.offset: is not a usable length
+            a reading wired twice | wiring 0 1 0 | wiring[2]: reading 1 is wired twice
+            a reading that no frame has | wiring 0 7 -1 | wiring[1]: there is no reading 8
+            a short wiring table | wiring 0 | wiring: has 1 entries for 3 cells
+            too few readings | readings 2 | readings: 2 readings are fewer than 3 cells
+            too few channels | gains 1 | channels: there are 1 channels for 3 readings
+            a gain of 0 | gains 1 0 1 | channels.gain[1]: is 0 or not a usable number
+            a list of channels with an axis | kind channels | x: a list of channels has no axes
+            a noise of 0 | noise 0 | noise: is not above 0
+        )");
     }
     void mistakesAreToldWithTheirPlace()
     {
-        QFETCH(Change, change);
+        QFETCH(QString, script);
         DetectorDescription description = strips(DetectorAxis::at({0, 1, 3}, mm));
-        change(description);
+        change(description, script);
         DetectorFault fault;
         QVERIFY(DetectorLayout::fromDescription(description, &fault).isEmpty());
         QTEST(fault.message(), "message");

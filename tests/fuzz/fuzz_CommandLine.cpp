@@ -5,91 +5,38 @@
 #include "monitor/sources/SourceFactory.h"
 #include "tests/support/FuzzTarget.h"
 
+#include <algorithm>
+
 using namespace Monitor;
 
-namespace {
-
-//! Returns arguments as an input has them, one on each line.
-std::string lines(std::initializer_list<const char *> arguments)
-{
-    std::string input;
-    for (const char *argument : arguments)
-        input.append(input.empty() ? "" : "\n").append(argument);
-    return input;
-}
-
-} // namespace
-
+//! Arguments are separated by line ends in an input, and by '|' here.
 std::vector<std::string> fuzzSeeds()
 {
-    return {
-        lines({"sim:strips?seed=7", "--speed", "4", "--loop", "--from", "-1e3", "--to", "20.5"}),
-        lines({"--record",
-               "r",
-               "--rotate",
-               "1h,100M",
-               "--mode",
-               "0640",
-               "--compress",
-               "--overwrite",
-               "tcp-listen://[::1]:5000?silence=30s"}),
-        lines({"tcp://10.0.0.7:5000?ask=READ%3F%0A&every=100ms&silence=0"}),
-        lines({"serial:/nowhere/ttyUSB0?baud=115200&silence=1.5min"}),
-        lines({"--import",
-               "delimiter=semicolon,decimal=comma,header=no,time=2,clock=local,skip=3,comment=%,"
-               "format=dd.MM.yyyy HH:mm:ss",
-               "table.txt"}),
-        lines({"--import", "interval=1ms,delimiter=bar,clock=utc", "file:a.csv"}),
-        lines({"--compute",
-               "asym [nA] = (A - B) / (A + B)",
-               "--range",
-               "-1e-6,1e-6",
-               "--tolerance",
-               "1,2",
-               "--planned",
-               "p.csv"}),
-        lines({"--screenshot",
-               "p.png",
-               "--size",
-               "1280x800",
-               "--view",
-               "histogram",
-               "--after",
-               "200frames",
-               "--span",
-               "1.5min"}),
-        lines({"--stats",
-               "--json",
-               "--measured",
-               "s.csv",
-               "--detector",
-               "nowhere.json",
-               "--after",
-               "2s"}),
-        lines({"--segments",
-               "hdf5",
-               "--record",
-               "r",
-               "--rotate",
-               "1h",
-               "--language",
-               "ja",
-               "sim:ic4"}),
-        lines({"--segments",
-               "zstd",
-               "--record",
-               "r",
-               "--source",
-               "halo=a.csv",
-               "--source",
-               "b=sim:ic4"}),
-        lines({"--segments", "text", "--compress", "--record", "r", "sim:ic4"}),
-        lines({"--segments", "paper", "--record", "r"}),
-        lines({"--stats", "--check", "a.csv"}),
-        lines({"--check", "--source", "a=a.csv", "b.csv"}),
-        lines({"--convert", "b.csv", "--source", "a=a.csv", "c.csv"}),
-        lines({"--source", "a.csv", "--source", "=x"}),
-        lines({"--settings", "\xc3\xa9.xui", "-", "--", "-h"})};
+    std::vector<std::string> seeds{
+        "sim:strips?seed=7|--speed|4|--loop|--from|-1e3|--to|20.5",
+        "--record|r|--rotate|1h,100M|--mode|0640|--compress|--overwrite|tcp-listen://"
+        "[::1]:5000?silence=30s",
+        "tcp://10.0.0.7:5000?ask=READ%3F%0A&every=100ms&silence=0",
+        "serial:/nowhere/ttyUSB0?baud=115200&silence=1.5min",
+        "--import|delimiter=semicolon,decimal=comma,header=no,time=2,clock=local,skip=3,comment=%,"
+        "format=dd.MM.yyyy HH:mm:ss|table.txt",
+        "--import|interval=1ms,delimiter=bar,clock=utc|file:a.csv",
+        "--compute|asym [nA] = (A - B) / (A + "
+        "B)|--range|-1e-6,1e-6|--tolerance|1,2|--planned|p.csv",
+        "--screenshot|p.png|--size|1280x800|--view|histogram|--after|200frames|--span|1.5min",
+        "--stats|--json|--measured|s.csv|--detector|nowhere.json|--after|2s",
+        "--segments|hdf5|--record|r|--rotate|1h|--language|ja|sim:ic4",
+        "--segments|zstd|--record|r|--source|halo=a.csv|--source|b=sim:ic4",
+        "--segments|text|--compress|--record|r|sim:ic4",
+        "--segments|paper|--record|r",
+        "--stats|--check|a.csv",
+        "--check|--source|a=a.csv|b.csv",
+        "--convert|b.csv|--source|a=a.csv|c.csv",
+        "--source|a.csv|--source|=x",
+        "--settings|\xc3\xa9.xui|-|--|-h"};
+    for (std::string &seed : seeds)
+        std::replace(seed.begin(), seed.end(), '|', '\n');
+    return seeds;
 }
 
 namespace {

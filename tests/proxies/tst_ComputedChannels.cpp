@@ -5,11 +5,10 @@
 #include "corvale_qt/proxies/RVXComputedChannelsProxyModel.h"
 #include "tests/proxies/Averages.h"
 #include "tests/proxies/Merged.h"
-#include "tests/support/Rows.h"
+#include "tests/support/TextTable.h"
 
 #include <cmath>
 #include <cstring>
-#include <functional>
 
 using namespace Corvale_Qt;
 
@@ -107,40 +106,33 @@ private Q_SLOTS:
     void expressions_data()
     {
         // A = 3, B = 2, left plate = 10, d = NaN
-        columns<QString, QString>("expression", "result");
-        row("difference over sum", "(A - B) / (A + B)", "0.2");
-        row("a name in brackets", "[left plate] * 2e-1", "2");
-        row("a range of channels", "sum(A .. [left plate])", "15");
-        row("a range of one", "avg(B..B)", "2");
-        row("a condition", "A > B ? 1 : 2", "1");
-        row("a missing reading", "A + d", "nan");
-        row("a number with an exponent", "1.5E+3 + .5", "1500.5");
-        row("nothing", "", "character 1: there is no expression");
-        row("an unknown channel", "A + foo", "character 5: no channel is called \"foo\"");
-        row("an unknown channel in brackets",
-            "2 * [foo bar]",
-            "character 5: no channel is called \"foo bar\"");
-        row("an open bracket",
-            "A + [left",
-            "character 5: a name of a channel is missing, or its bracket is not closed");
-        row("an unknown function", "A + foo(B)", "character 5: there is no function \"foo\"");
-        row("an open parenthesis", "2 * (A + B", "character 11: a parenthesis is not closed");
-        row("an operator too many",
-            "A + * B",
-            "character 5: a value is missing before this operator");
-        row("an operator too few",
-            "A [left plate]",
-            "character 3: an operator is missing before this");
-        row("the end is missing", "A +", "character 4: the expression ends too early");
-        row("too many arguments",
-            "sqrt(A, B)",
-            "character 10: the function has too many arguments");
-        row("an assignment", "A = 2", "character 3: \"=\" means nothing here");
-        row("a text", "A + \"x\"", "character 5: \"\"\" means nothing here");
-        row("a range backwards",
-            "sum(B .. A)",
-            "character 10: a range of channels ends with a later channel that is not computed");
-        row("itself", "x + 1", "\"x\" is computed from itself");
+        tableFrom(R"(
+            | expression | result
+            difference over sum            | (A - B) / (A + B) | 0.2
+            a name in brackets             | [left plate] * 2e-1 | 2
+            a range of channels            | sum(A .. [left plate]) | 15
+            a range of one                 | avg(B..B) | 2
+            a condition                    | A > B ? 1 : 2 | 1
+            a missing reading              | A + d | nan
+            a number with an exponent      | 1.5E+3 + .5 | 1500.5
+            nothing                        |  | character 1: there is no expression
+            an unknown channel             | A + foo | character 5: no channel is called "foo"
+            an unknown channel in brackets | 2 * [foo bar] | character 5: no channel is called "foo bar"
+            an open bracket                | A + [left
+                | character 5: a name of a channel is missing, or its bracket is not closed
+            an unknown function            | A + foo(B) | character 5: there is no function "foo"
+            an open parenthesis            | 2 * (A + B | character 11: a parenthesis is not closed
+            an operator too many           | A + * B | character 5: a value is missing before this operator
+            an operator too few            | A [left plate] | character 3: an operator is missing before this
+            the end is missing             | A + | character 4: the expression ends too early
+            too many arguments             | sqrt(A, B) | character 10: the function has too many arguments
+            an assignment                  | A = 2 | character 3: "=" means nothing here
+            a range backwards              | sum(B .. A)
+                | character 10: a range of channels ends with a later channel that is not computed
+            itself                         | x + 1 | "x" is computed from itself
+        )");
+        QTest::newRow("a text") << "A + \"x\""
+                                << "character 5: \"\"\" means nothing here";
     }
     void expressions()
     {
@@ -259,23 +251,8 @@ private Q_SLOTS:
         source.change(4, 2, 100.0);
         QVERIFY2(log.take().contains("changed (4,3)-(4,4)"), "computed cells are announced");
         QCOMPARE(differenceOf(proxy), QString());
-        const std::function<void()> changes[] = {[&] {
-                                                     source.remove(3, 5);
-                                                 },
-                                                 [&] {
-                                                     source.insert(2, {1.5, {7, 8}});
-                                                 },
-                                                 [&] {
-                                                     source.moveToEnd(1);
-                                                 },
-                                                 [&] {
-                                                     source.dropOldest(2);
-                                                 },
-                                                 [&] {
-                                                     source.reverse();
-                                                 }};
-        for (const auto &change : changes) {
-            change();
+        for (const char *change : {"remove 3 5", "insert 2 1.5 7", "move 1", "drop 2", "reverse"}) {
+            source.act(change);
             QCOMPARE(differenceOf(proxy), QString());
         }
     }
@@ -284,33 +261,19 @@ private Q_SLOTS:
         as listeners follow it, the proxy has the rows that there are. */
     void listenersOvertakeTheProxy()
     {
-        for (int what = 0; what < 6; ++what) {
+        for (const char *act :
+             {"", "drop 1", "remove 2 3", "change 2 1 50", "reverse", "append 9 90"}) {
             BufferModel source(2, 8);
             for (int i = 1; i <= 8; ++i)
                 source.append(i, i * i);
             RVXComputedChannelsProxyModel proxy, above;
             auto once = std::make_shared<QMetaObject::Connection>();
-            const std::function<void()> acts[] = {[&] {
-                                                      proxy.setComputedChannels(usual);
-                                                  },
-                                                  [&] {
-                                                      source.dropOldest(1);
-                                                  },
-                                                  [&] {
-                                                      source.remove(2, 3);
-                                                  },
-                                                  [&] {
-                                                      source.change(2, 1, 50);
-                                                  },
-                                                  [&] {
-                                                      source.reverse();
-                                                  },
-                                                  [&] {
-                                                      source.append(9, 90);
-                                                  }};
             *once = connect(&source, &QAbstractItemModel::rowsRemoved, &proxy, [&] {
                 QObject::disconnect(*once);
-                acts[what]();
+                if (*act)
+                    source.act(act);
+                else
+                    proxy.setComputedChannels(usual);
             });
             proxy.setSourceModel(&source);
             above.setSourceModel(&proxy);

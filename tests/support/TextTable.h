@@ -5,17 +5,19 @@
 #include <QTest>
 
 /*! Fills a test's table from \a text, of which each line is a row and '|' separates the cells, blanks around which do not
-    count. The first line names the columns, with the type in front of the name unless cells are texts: "| int capacity | script". Each other line
-    begins with the name of its row. A row continues in the next line if that begins with '|', or after a comma. */
+    count. The first line names the columns, with the type in front of the name unless cells are texts: "| int capacity | script". If it
+    begins with "||", that separates the cells, which may contain '|' then. Each other line begins with the name of its row. A row
+    continues in the next line if that begins with '|', or after a comma. In a cell, "\n" is the end of a line. */
 inline void tableFrom(const char *text)
 {
     static QByteArrayList names; // the test's table keeps pointers to them
     QVector<int> types;
     const QRegularExpression lineInRow("\n\\s*(?=\\|)|(?<=,)\n\\s*");
+    const QString separator(QString::fromUtf8(text).trimmed().startsWith("||") ? "||" : "|");
     for (const QString &line : QString::fromUtf8(text).replace(lineInRow, " ").split('\n')) {
         QStringList cells;
-        for (const QString &cell : line.split('|'))
-            cells << cell.trimmed();
+        for (QString cell : line.split(separator))
+            cells << cell.trimmed().replace("\\n", "\n");
         const QString name = cells.takeFirst();
         if (types.isEmpty()) {
             for (const QString &cell : qAsConst(cells)) {

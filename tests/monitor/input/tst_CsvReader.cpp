@@ -4,6 +4,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 #include <corvale_qt/models/RVXSingleChannelDataModel.h>
 
 using namespace Monitor;
@@ -31,58 +32,47 @@ private Q_SLOTS:
     void tablesBecomeReadings_data()
     {
         // In the expected text, ">" begins a stream of channels, and a line that cannot be read is refused with "?".
-        columns<QString, QString>("content", "expected");
-        row("plain",
-            "time_s,left_A,x_mm\n0,1e-9,2\n0.5,2e-9,3\n",
-            "> left:A x:mm | 0: 1e-09 2 | 0.5: 2e-09 3");
-        row("no line end at the end", "time_s,a\n0,1\n1,25", "> a | 0: 1 | 1: 25");
+        tableFrom(R"(
+            || content || expected
+            plain                              || time_s,left_A,x_mm\n0,1e-9,2\n0.5,2e-9,3\n
+                || > left:A x:mm | 0: 1e-09 2 | 0.5: 2e-09 3
+            no line end at the end             || time_s,a\n0,1\n1,25 || > a | 0: 1 | 1: 25
+            suffixes that are no units         || t,foo_ABC,my_name,_A,b_uA\n0,1,2,3,4\n
+                || > foo_ABC my_name _A b:uA | 0: 1 2 3 4
+            strips                             || frame,time_s,x01,x02,y01,y02\n0,0,1,2,3,4\n1,10,5,6,7,8\n
+                || start strips x01 x02 y01 y02 | 0: 1 2 3 4 | 10: 5 6 7 8
+            pixels                             || time_s,r01c01,r01c02\n0,1,2\n || start pixels r01c01 r01c02 | 0: 1 2
+            spots are counted, and a bad line is none
+                || layer,energy_MeV,x_mm,y_mm,mu\n1,80.5,3,4,20\n1,a,5,6,21\n1,80.5,7,8,22\n
+                || refused 3 ? | start spots counted layer energy:MeV x:mm y:mm mu | 1: 1 80.5 3 4 20 | 2: 1 80.5 7 8 22
+            spots with times have them         || time_s,x_mm,y_mm,mu\n0.5,3,4,20\n0.7,3,4,21\n
+                || start spots x:mm y:mm mu | 0.5: 3 4 20 | 0.7: 3 4 21
+            a recording of readings without times || #corvale 1\n#channels a,b\n#unit nA,\na_nA,b\n3,4\n5,6\n
+                || > counted a:nA b | 1: 3 4 | 2: 5 6
+            channels as the library saves them || hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1.000e+00,5.000e+00,1.000e+00,7.000e+00,\n2.000e+00,6.000e+00,1.500e+00,8.000e+00,\n,,3.000e+00,9.000e+00,\n
+                || > channel_1 channel_2 | 1: 5 7 | 1.5: - 8 | 2: 6 - | 3: - 9
+            more than seven of them
+                || hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,nnel__timestamp(s),nnel_,nel__timestamp(s),nel_,el__timestamp(s),el_,l__timestamp(s),l_,__timestamp(s),_,_timestamp(s),,_timestamp(s),,\n1,1,1,2,1,3,1,4,1,5,1,6,1,7,1,8,1,9,\n
+                || > channel_1 channel_2 channel_3 channel_4 channel_5 channel_6 channel_7 channel_8 channel_9 | 1: 1 2 3 4 5 6 7 8 9
+            a recording
+                || #corvale 1\n#layout pixels\n#channels r01c01,r01c02\n#unit pC,pC\ntime_s,r01c01_pC,r01c02_pC\n0,1,2\n#event hello\n1,,4\n
+                || event hello | start pixels r01c01:pC r01c02:pC | 0: 1 2 | 1: - 4
+            a recorded channel called frame
+                || #corvale 1\n#layout channels\n#channels frame,a_b_A\n#unit ,\ntime_s,frame,a_b_A\n0,1,2\n
+                || > frame a_b_A | 0: 1 2
+            a damaged line                     || time_s,a\n0,1\n1,oops\n2,3\n || refused 3 ? | > a | 0: 1 | 2: 3
+            empty                              ||  ||
+            a header alone                     || time_s,a\n ||
+        )");
         row("returns and a byte order mark",
             "\xef\xbb\xbftime_s,a\r\n0,1\r\n1,2\r\n",
             "> a | 0: 1 | 1: 2");
-        row("suffixes that are no units",
-            "t,foo_ABC,my_name,_A,b_uA\n0,1,2,3,4\n",
-            "> foo_ABC my_name _A b:uA | 0: 1 2 3 4");
-        row("strips",
-            "frame,time_s,x01,x02,y01,y02\n0,0,1,2,3,4\n1,10,5,6,7,8\n",
-            "start strips x01 x02 y01 y02 | 0: 1 2 3 4 | 10: 5 6 7 8");
-        row("pixels", "time_s,r01c01,r01c02\n0,1,2\n", "start pixels r01c01 r01c02 | 0: 1 2");
-        row("spots are counted, and a bad line is none",
-            "layer,energy_MeV,x_mm,y_mm,mu\n1,80.5,3,4,20\n1,a,5,6,21\n1,80.5,7,8,22\n",
-            "refused 3 ? | start spots counted layer energy:MeV x:mm y:mm mu | 1: 1 80.5 3 4 20 | "
-            "2: 1 80.5 7 8 22");
-        row("spots with times have them",
-            "time_s,x_mm,y_mm,mu\n0.5,3,4,20\n0.7,3,4,21\n",
-            "start spots x:mm y:mm mu | 0.5: 3 4 20 | 0.7: 3 4 21");
-        row("a recording of readings without times",
-            "#corvale 1\n#channels a,b\n#unit nA,\na_nA,b\n3,4\n5,6\n",
-            "> counted a:nA b | 1: 3 4 | 2: 5 6");
-        row("channels as the library saves them",
-            "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,\n1.000e+00,5.000e+00,1.000e+"
-            "00,7.000e+00,\n2.000e+00,6.000e+00,1.500e+00,8.000e+00,\n,,3.000e+00,9.000e+00,\n",
-            "> channel_1 channel_2 | 1: 5 7 | 1.5: - 8 | 2: 6 - | 3: - 9");
-        row("more than seven of them",
-            "hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,nnel__timestamp(s),nnel_,nel__"
-            "timestamp(s),nel_,el__timestamp(s),el_,l__timestamp(s),l_,__timestamp(s),_,_timestamp("
-            "s),,_timestamp(s),,\n1,1,1,2,1,3,1,4,1,5,1,6,1,7,1,8,1,9,\n",
-            "> channel_1 channel_2 channel_3 channel_4 channel_5 channel_6 channel_7 channel_8 "
-            "channel_9 | 1: 1 2 3 4 5 6 7 8 9");
-        row("a recording",
-            "#corvale 1\n#layout pixels\n#channels r01c01,r01c02\n#unit "
-            "pC,pC\ntime_s,r01c01_pC,r01c02_pC\n0,1,2\n#event hello\n1,,4\n",
-            "event hello | start pixels r01c01:pC r01c02:pC | 0: 1 2 | 1: - 4");
-        row("a recorded channel called frame",
-            "#corvale 1\n#layout channels\n#channels frame,a_b_A\n#unit "
-            ",\ntime_s,frame,a_b_A\n0,1,2\n",
-            "> frame a_b_A | 0: 1 2");
         row("columns without a name",
             "time_s,, \x01,b\n0,1,2,3\n1,4,5,6\n",
             "> column2 column3 b | 0: 1 2 3 | 1: 4 5 6");
         row("names with blanks and what cannot be seen at their ends",
             "time_s,a \x01,\xc2\xa0 b\x02 \x03 c\t\n0,1,2\n1,3,4\n",
             "> a b c | 0: 1 2 | 1: 3 4");
-        row("a damaged line", "time_s,a\n0,1\n1,oops\n2,3\n", "refused 3 ? | > a | 0: 1 | 2: 3");
-        row("empty", "", "");
-        row("a header alone", "time_s,a\n", "");
         row("zeros and a picture", "\x01\x02\n\x89PNG\n", "");
     }
 
@@ -102,113 +92,50 @@ private Q_SLOTS:
     void tablesOfOtherPrograms_data()
     {
         // With the option that the refusal names, or the one that is given, the table is read.
-        columns<QString, QString, QString, QString>("content", "why", "import", "expected");
-        row("semicolons and decimal commas",
-            "time;left (nA);right [nA]\n0;1,25;2,5\n0,5;1,5;\n",
-            "separated by semicolons and its numbers have a decimal comma",
-            "delimiter=semicolon,decimal=comma",
-            "> left:nA right:nA | 0: 1.25 2.5 | 0.5: 1.5 -");
-        row("semicolons alone",
-            "t;a\n0;1\n1;2\n",
-            "separated by semicolons",
-            "delimiter=semicolon",
-            "> a | 0: 1 | 1: 2");
+        tableFrom(R"(
+            || content || why || import || expected
+            semicolons and decimal commas || time;left (nA);right [nA]\n0;1,25;2,5\n0,5;1,5;\n
+                || separated by semicolons and its numbers have a decimal comma || delimiter=semicolon,decimal=comma
+                || > left:nA right:nA | 0: 1.25 2.5 | 0.5: 1.5 -
+            semicolons alone || t;a\n0;1\n1;2\n || separated by semicolons || delimiter=semicolon || > a | 0: 1 | 1: 2
+            dates with a zone || when,a\n2026-03-01T12:00:00.250Z,1\n2026-03-01T13:00:00.750123+01:00,2\n || times are dates
+                || clock=utc || > a | 0.25: 1 | 0.750123: 2
+            dates without a zone, in the second column || n,when,a\n1,2026-03-01 12:00:00,5\n2,2026-03-01 12:01:00,6\n
+                || without a time zone || time=2,clock=local || > n a | 0: 1 5 | 60: 2 6
+            dates of the country || Zeit;Strom (uA)\n01.03.2026 12:00:00;1,5\n01.03.2026 12:00:02;2,5\n
+                || separated by semicolons and its numbers have a decimal comma and its times are dates
+                || delimiter=semicolon,decimal=comma,clock=local,format=dd.MM.yyyy HH:mm:ss || > Strom:uA | 0: 1.5 | 2: 2.5
+            no column holds the time || left_nA,right_nA\n1,2\n3,4\n5,6\n || left_nA is not a time || interval=0.001
+                || > left:nA right:nA | 0: 1 2 | 0.001: 3 4 | 0.002: 5 6
+            no column holds the time, and the unit of the first is not known || p (mbar),right_nA\n1,2\n3,4\n5,6\n
+                || p (mbar) is not a time || interval=0.001 || > p (mbar) right:nA | 0: 1 2 | 0.001: 3 4 | 0.002: 5 6
+            no column holds the time, and the first has degrees || temp_C,x_mm\n20,2\n21,4\n || temp_C is not a time
+                || interval=0.001 || > temp_C x:mm | 0: 20 2 | 0.001: 21 4
+            a time with a remark || Zeit (Sek.),a\n0,1\n1,2\n ||  ||  || > a | 0: 1 | 1: 2
+            lines before the table || Instrument 7;\nmade in a hurry\ntime;a\n0;1\n1;2\n || semicolons
+                || delimiter=semicolon,skip=2 || > a | 0: 1 | 1: 2
+            no names and no times || 1,2\n3,4\n ||  || header=no,interval=1s || > ch1 ch2 | 0: 1 2 | 1: 3 4
+            the time in another column and unit || a,ms\n1,0\n2,500\n ||  || time=2 || > a | 0: 1 | 500: 2
+            a time in milliseconds || a_nA;time_ms\n1;0\n2;500\n || semicolons || delimiter=semicolon || > a:nA | 0: 1 | 0.5: 2
+            comments of another kind || % made by hand\nt a\n0 1\n% a pause\n1 2\n ||  || comment=% || > a | 0: 1 | 1: 2
+            bad rows stay bad, under their own numbers || when,a\n2026-03-01T12:00:00Z,1\nyesterday,2\n2026-03-01T12:00:02Z,x\n2026-03-01T12:00:03Z,4\n
+                || times are dates || clock=utc || refused 3-4 ? | > a | 0: 1 | 3: 4
+            a leap second is a second || when,a\n2016-12-31T23:59:59.5Z,1\n2016-12-31T23:59:60.25Z,2\n2017-01-01T00:59:60.75+01:00,3\n2017-01-01T00:00:00.125Z,4\n2017-01-01T00:00:01Z,5\n
+                || times are dates || clock=utc
+                || event leap second before 2017-01-01T00:00:00Z; later times count it | > a | 0.5: 1 | 1.25: 2 | 1.75: 3 | 2.125: 4 | 3: 5
+            a second 60 is none in the middle of an hour or a month || when,a\n2016-12-31T12:00:00Z,1\n2016-12-31T12:30:60Z,2\n2016-12-30T23:59:60Z,3\n2016-12-31T12:00:02Z,4\n
+                || times are dates || clock=utc || refused 3-4 ? | > a | 0: 1 | 2: 4
+            degrees are no charge || t,temp_C,q_C\n0,20,1\n1,21,2\n ||  ||  || > temp_C q:C | 0: 20 1 | 1: 21 2
+            letters of plates are no units || t,q_A,q_B,q_C,beam_A,beam_V\n0,1,2,3,4,5\n1,1,2,3,4,5\n ||  ||
+                || > q_A q_B q_C beam:A beam:V | 0: 1 2 3 4 5 | 1: 1 2 3 4 5
+            units in brackets || t,left (nA),"right [uA]",n (of)\n0,1,2,3\n1,1,2,3\n ||  ||
+                || > left:nA right:uA n (of) | 0: 1 2 3 | 1: 1 2 3
+        )");
         row("values in quotes",
             "\"time\",\"a, the \"\"first\"\" (pC)\"\n\"0\",\"1\"\n\"1\",\"2\"\n",
             "in quotes",
             "delimiter=comma",
             "> a; the \"first\":pC | 0: 1 | 1: 2");
-        row("dates with a zone",
-            "when,a\n2026-03-01T12:00:00.250Z,1\n2026-03-01T13:00:00.750123+01:00,2\n",
-            "times are dates",
-            "clock=utc",
-            "> a | 0.25: 1 | 0.750123: 2");
-        row("dates without a zone, in the second column",
-            "n,when,a\n1,2026-03-01 12:00:00,5\n2,2026-03-01 12:01:00,6\n",
-            "without a time zone",
-            "time=2,clock=local",
-            "> n a | 0: 1 5 | 60: 2 6");
-        row("dates of the country",
-            "Zeit;Strom (uA)\n01.03.2026 12:00:00;1,5\n01.03.2026 12:00:02;2,5\n",
-            "separated by semicolons and its numbers have a decimal comma and its times are dates",
-            "delimiter=semicolon,decimal=comma,clock=local,format=dd.MM.yyyy HH:mm:ss",
-            "> Strom:uA | 0: 1.5 | 2: 2.5");
-        row("no column holds the time",
-            "left_nA,right_nA\n1,2\n3,4\n5,6\n",
-            "left_nA is not a time",
-            "interval=0.001",
-            "> left:nA right:nA | 0: 1 2 | 0.001: 3 4 | 0.002: 5 6");
-        row("no column holds the time, and the unit of the first is not known",
-            "p (mbar),right_nA\n1,2\n3,4\n5,6\n",
-            "p (mbar) is not a time",
-            "interval=0.001",
-            "> p (mbar) right:nA | 0: 1 2 | 0.001: 3 4 | 0.002: 5 6");
-        row("no column holds the time, and the first has degrees",
-            "temp_C,x_mm\n20,2\n21,4\n",
-            "temp_C is not a time",
-            "interval=0.001",
-            "> temp_C x:mm | 0: 20 2 | 0.001: 21 4");
-        row("a time with a remark", "Zeit (Sek.),a\n0,1\n1,2\n", "", "", "> a | 0: 1 | 1: 2");
-        row("lines before the table",
-            "Instrument 7;\nmade in a hurry\ntime;a\n0;1\n1;2\n",
-            "semicolons",
-            "delimiter=semicolon,skip=2",
-            "> a | 0: 1 | 1: 2");
-        row("no names and no times",
-            "1,2\n3,4\n",
-            "",
-            "header=no,interval=1s",
-            "> ch1 ch2 | 0: 1 2 | 1: 3 4");
-        row("the time in another column and unit",
-            "a,ms\n1,0\n2,500\n",
-            "",
-            "time=2",
-            "> a | 0: 1 | 500: 2");
-        row("a time in milliseconds",
-            "a_nA;time_ms\n1;0\n2;500\n",
-            "semicolons",
-            "delimiter=semicolon",
-            "> a:nA | 0: 1 | 0.5: 2");
-        row("comments of another kind",
-            "% made by hand\nt a\n0 1\n% a pause\n1 2\n",
-            "",
-            "comment=%",
-            "> a | 0: 1 | 1: 2");
-        row("bad rows stay bad, under their own numbers",
-            "when,a\n2026-03-01T12:00:00Z,1\nyesterday,2\n2026-03-01T12:00:02Z,x\n2026-03-01T12:00:"
-            "03Z,4\n",
-            "times are dates",
-            "clock=utc",
-            "refused 3-4 ? | > a | 0: 1 | 3: 4");
-        row("a leap second is a second",
-            "when,a\n2016-12-31T23:59:59.5Z,1\n2016-12-31T23:59:60.25Z,2\n2017-01-01T00:59:60.75+"
-            "01:00,3\n"
-            "2017-01-01T00:00:00.125Z,4\n2017-01-01T00:00:01Z,5\n",
-            "times are dates",
-            "clock=utc",
-            "event leap second before 2017-01-01T00:00:00Z; later times count it | > a | 0.5: 1 | "
-            "1.25: 2 | 1.75: 3 | 2.125: 4 | 3: 5");
-        row("a second 60 is none in the middle of an hour or a month",
-            "when,a\n2016-12-31T12:00:00Z,1\n2016-12-31T12:30:60Z,2\n2016-12-30T23:59:60Z,3\n"
-            "2016-12-31T12:00:02Z,4\n",
-            "times are dates",
-            "clock=utc",
-            "refused 3-4 ? | > a | 0: 1 | 2: 4");
-        row("degrees are no charge",
-            "t,temp_C,q_C\n0,20,1\n1,21,2\n",
-            "",
-            "",
-            "> temp_C q:C | 0: 20 1 | 1: 21 2");
-        row("letters of plates are no units",
-            "t,q_A,q_B,q_C,beam_A,beam_V\n0,1,2,3,4,5\n1,1,2,3,4,5\n",
-            "",
-            "",
-            "> q_A q_B q_C beam:A beam:V | 0: 1 2 3 4 5 | 1: 1 2 3 4 5");
-        row("units in brackets",
-            "t,left (nA),\"right [uA]\",n (of)\n0,1,2,3\n1,1,2,3\n",
-            "",
-            "",
-            "> left:nA right:uA n (of) | 0: 1 2 3 | 1: 1 2 3");
     }
     void tablesOfOtherPrograms()
     {
@@ -358,29 +285,17 @@ private Q_SLOTS:
     void wideTables_data()
     {
         // A table of that many columns, whose names are made of a pattern, the row and the column.
-        columns<QString, int, int, QString>("pattern", "rows", "perRow", "start");
-        row("channels are cut, and that is told",
-            "c%1x%2",
-            15,
-            20,
-            "event 44 columns beyond the first 256 are left out | start channels c1x1");
-        row("cells of a matrix",
-            "r%1c%2_nA",
-            20,
-            15,
-            "start pixels frames, matrix 20 x 15, positions in cells, sum:nA max:nA x:cells "
-            "sigma_x:cells y:cells sigma_y:cells | 0: 0 1");
-        row("the largest matrix",
-            "r%1c%2",
-            256,
-            256,
-            "start pixels frames, matrix 256 x 256, positions in cells, sum max x:cells "
-            "sigma_x:cells y:cells sigma_y:cells | 0: 0 1");
-        row("a matrix with more columns is no frame",
-            "r%1c%2",
-            2,
-            257,
-            "event 258 columns beyond the first 256 are left out | start channels r1c1");
+        tableFrom(R"(
+            || pattern || int rows || int perRow || start
+            channels are cut, and that is told     || c%1x%2 || 15 || 20
+                || event 44 columns beyond the first 256 are left out | start channels c1x1
+            cells of a matrix                      || r%1c%2_nA || 20 || 15
+                || start pixels frames, matrix 20 x 15, positions in cells, sum:nA max:nA x:cells sigma_x:cells y:cells sigma_y:cells | 0: 0 1
+            the largest matrix                     || r%1c%2 || 256 || 256
+                || start pixels frames, matrix 256 x 256, positions in cells, sum max x:cells sigma_x:cells y:cells sigma_y:cells | 0: 0 1
+            a matrix with more columns is no frame || r%1c%2 || 2 || 257
+                || event 258 columns beyond the first 256 are left out | start channels r1c1
+        )");
     }
     void wideTables()
     {
@@ -410,21 +325,17 @@ private Q_SLOTS:
 
     void knowsTheRealFiles_data()
     {
-        columns<QString, QString, qint64>("path", "start", "readings");
-        row("currents",
-            "bonn-proton-sem/currents_7ch.csv",
-            "start channels left:A right:A up:A down:A sum:A blm:A fc:A",
-            qint64(11258));
-        row("strips", "lcls-otr-frames/strips_32x32.csv", "start strips x01 x02 x03", qint64(10));
-        row("pixels", "lcls-otr-frames/pixels_12x12.csv", "start pixels r01c01 r01c02", qint64(10));
-        row("projections of an image",
-            "lcls-otr-frames/projections_350x262.csv",
-            "start strips frames, strips 350 + 262, positions in cells, sum max",
-            qint64(10));
-        row("spots",
-            "dcpt-spot-plans/plan01_spots.csv",
-            "start spots counted beam layer energy:MeV spot x:mm y:mm mu sigma_x:mm sigma_y:mm",
-            qint64(6069));
+        tableFrom(R"(
+            | path | start | qint64 readings
+            currents                | bonn-proton-sem/currents_7ch.csv
+                | start channels left:A right:A up:A down:A sum:A blm:A fc:A | 11258
+            strips                  | lcls-otr-frames/strips_32x32.csv | start strips x01 x02 x03 | 10
+            pixels                  | lcls-otr-frames/pixels_12x12.csv | start pixels r01c01 r01c02 | 10
+            projections of an image | lcls-otr-frames/projections_350x262.csv
+                | start strips frames, strips 350 + 262, positions in cells, sum max | 10
+            spots                   | dcpt-spot-plans/plan01_spots.csv
+                | start spots counted beam layer energy:MeV spot x:mm y:mm mu sigma_x:mm sigma_y:mm | 6069
+        )");
     }
     void knowsTheRealFiles()
     {

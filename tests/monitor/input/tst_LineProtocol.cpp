@@ -6,6 +6,7 @@
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <array>
 #include <charconv>
@@ -40,62 +41,6 @@ std::string writtenNumber(std::mt19937_64 &random)
     return (random() % 2 == 0 ? "-" : "") + text;
 }
 
-//! Adds rows of streams whose times do not rise.
-void addTimesThatGoBack()
-{
-    row("time goes backwards", "5,1/6,2/5.5,3/7,4", "> ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4");
-    row("one time far ahead costs no reading that follows",
-        "0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11",
-        "> ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back from "
-        "1000000 s to 2 s and goes on from there: a new part begins | > ch1 | 2: 2 | 3: 3 | 4: "
-        "4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11");
-    row("some times behind, and then the stream goes on",
-        "8,1/9,1/2,2/3,3/10,1/4,4",
-        "> ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back");
-    row("times behind that do not agree",
-        "50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1",
-        "> ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1");
-    row("times behind, and then the instrument is set up anew",
-        "50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62",
-        "> ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | > ch1 | 9: 61 | 9: "
-        "62");
-}
-
-//! Adds rows of streams that change their shape, or start over.
-void addStreamsThatChange()
-{
-    row("one value too few",
-        "0,1,2/1,3,4/2,5/3,6,7",
-        "> ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7");
-    row("joined in the middle of a line",
-        "7,8/1,3,4/2,5,6",
-        "refused 1 count | > ch1 ch2 | 1: 3 4 | 2: 5 6");
-    row("declared, joined in the middle of a line",
-        "#channels a,b/7,8/1,3,4/2,5,6",
-        "refused 2 count | > a b | 1: 3 4 | 2: 5 6");
-    row("declared otherwise", "#channels a,b/0,1,2,3/0,1,2", "refused 2 count | > a b | 0: 1 2");
-    row("a greeting",
-        "Welcome to electrometer/0,1/1,2/2,3",
-        "refused 2 count | refused 1 ? | > ch1 | 1: 2 | 2: 3");
-    row("one word is no header of declared channels",
-        "#channels a,b/busy_V/0,1,2/1,3,4",
-        "refused 2 count | > a b | 0: 1 2 | 1: 3 4");
-    row("nor of a declared one", "#channels a/busy_V/0,1/1,2", "refused 2 ? | > a | 0: 1 | 1: 2");
-    row("one word before readings costs none of them",
-        "busy_V/0,1,2/1,3,4",
-        "refused 1 ? | > ch1 ch2 | 0: 1 2 | 1: 3 4");
-    row("a table of one column", "current_nA/1/2", "> current:nA | 9: 1 | 9: 2");
-    row("new metadata is a new stream",
-        "0,1/1,2/#unit nA/2,3",
-        "> ch1 | 0: 1 | 1: 2 | > ch1:nA | 2: 3");
-    row("the stream starts over",
-        "5,1/6,2/#corvale 1/0,3/1,4",
-        "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 1: 4");
-    row("a stream that starts over and is slow",
-        "5,1/6,2/#corvale 1/0,3/7,4",
-        "> ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 7: 4");
-}
-
 } // namespace
 
 class tst_LineProtocol : public QObject
@@ -106,68 +51,73 @@ private Q_SLOTS:
     void linesBecomeReadings_data()
     {
         // In the expected text, ">" begins a stream of channels, and a line that cannot be read is refused with "?".
-        columns<QString, QString>("lines", "expected");
-        row("commas", "0,1,2/1,3,4", "> ch1 ch2 | 0: 1 2 | 1: 3 4");
+        tableFrom(R"(
+            || lines || expected
+            commas || 0,1,2/1,3,4 || > ch1 ch2 | 0: 1 2 | 1: 3 4
+            plus, exponent and blanks at the commas || 0 , +1e-3/1, -2.5E2 || > ch1 | 0: 0.001 | 1: -250
+            no reading || 0,1,/1,,4/2,, || > ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -
+            nan is no reading, inf is one || 0,nan/1,inf || > ch1 | 0: - | 1: inf
+            one line alone || 5,1 || > ch1 | 5: 1
+            declared || #corvale 1/#channels left, right/#unit nA/0,1,2 || > left:nA right:nA | 0: 1 2
+            a unit each || #channels a,b,c/#unit nA,,mm/0,1,2,3 || > a:nA b c:mm | 0: 1 2 3
+            without a time || #channels a,b/1,2/3,4 || > a b | 9: 1 2 | 9: 3 4
+            an empty time || 0,1/,2 || > ch1 | 0: 1 | 9: 2
+            one number a line || 1/2 || > ch1 | 9: 1 | 9: 2
+            strips || #layout strips/0,1,2,3,4 || start strips x01 x02 y01 y02 | 0: 1 2 3 4
+            pixels || #layout pixels/0,1,2,3,4 || start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4
+            spots || #layout spots/0,1,2,3 || start spots x:mm y:mm mu | 0: 1 2 3
+            an event || #event door open/0,1 || event door open | > ch1 | 0: 1
+            comments and empty lines || # hello//#whatever/0,1 || > ch1 | 0: 1
+            a comment about frames || #frame rate 100 Hz/0,1 || > ch1 | 0: 1
+            a number with a tail || 0,1/1,2x/2,3 || refused 2 ? | > ch1 | 0: 1 | 2: 3
+            time goes backwards || 5,1/6,2/5.5,3/7,4 || > ch1 | 5: 1 | 6: 2 | refused 3 back | 7: 4
+            one time far ahead costs no reading that follows || 0,1/1,1/1e6,1/2,2/3,3/4,4/5,5/6,6/7,7/8,8/9,9/x/10,10/11,11
+                || > ch1 | 0: 1 | 1: 1 | 1e+06: 1 | refused 12 count | event the time went back from 1000000 s to 2 s and goes on from there: a new part begins | > ch1 | 2: 2 | 3: 3 | 4: 4 | 5: 5 | 6: 6 | 7: 7 | 8: 8 | 9: 9 | 10: 10 | 11: 11
+            some times behind, and then the stream goes on || 8,1/9,1/2,2/3,3/10,1/4,4
+                || > ch1 | 8: 1 | 9: 1 | refused 3-4 back | 10: 1 | refused 6 back
+            times behind that do not agree || 50,1/51,1/9,1/8,1/7,1/6,1/5,1/4,1/3,1/2,1/1,1/0,1/-1,1/52,1
+                || > ch1 | 50: 1 | 51: 1 | refused 3-13 back | 52: 1
+            times behind, and then the instrument is set up anew || 50,1/51,1/3,1/4,1/52/53/54/55/56/57/58/59/60/61/62
+                || > ch1 | 50: 1 | 51: 1 | refused 5-13 count | refused 3-4 count | > ch1 | 9: 61 | 9: 62
+            numbers too small are 0, those too large are none || 0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/3,-12e99999999999999999999/4,1e-99999999999999999999/5,0.1e310/6,1
+                || > ch1 | 0: 0 | 1: 0 | refused 3-4 ? | 4: 0 | refused 6 ? | 6: 1
+            a time too large for its unit || time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3
+                || refused 2-3 ? | > a | 6e+306: 2 | 1.2e+307: 3
+            the same time again is no step back || 5,1/5,2 || > ch1 | 5: 1 | 5: 2
+            a time that is none || nan,1/1,2/inf,3/2,4 || refused 1 ? | refused 3 ? | > ch1 | 1: 2 | 2: 4
+            one value too few || 0,1,2/1,3,4/2,5/3,6,7 || > ch1 ch2 | 0: 1 2 | 1: 3 4 | refused 3 count | 3: 6 7
+            joined in the middle of a line || 7,8/1,3,4/2,5,6 || refused 1 count | > ch1 ch2 | 1: 3 4 | 2: 5 6
+            declared, joined in the middle of a line || #channels a,b/7,8/1,3,4/2,5,6
+                || refused 2 count | > a b | 1: 3 4 | 2: 5 6
+            declared otherwise || #channels a,b/0,1,2,3/0,1,2 || refused 2 count | > a b | 0: 1 2
+            a greeting || Welcome to electrometer/0,1/1,2/2,3 || refused 2 count | refused 1 ? | > ch1 | 1: 2 | 2: 3
+            one word is no header of declared channels || #channels a,b/busy_V/0,1,2/1,3,4
+                || refused 2 count | > a b | 0: 1 2 | 1: 3 4
+            nor of a declared one || #channels a/busy_V/0,1/1,2 || refused 2 ? | > a | 0: 1 | 1: 2
+            one word before readings costs none of them || busy_V/0,1,2/1,3,4 || refused 1 ? | > ch1 ch2 | 0: 1 2 | 1: 3 4
+            a table of one column || current_nA/1/2 || > current:nA | 9: 1 | 9: 2
+            new metadata is a new stream || 0,1/1,2/#unit nA/2,3 || > ch1 | 0: 1 | 1: 2 | > ch1:nA | 2: 3
+            the stream starts over || 5,1/6,2/#corvale 1/0,3/1,4 || > ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 1: 4
+            a stream that starts over and is slow || 5,1/6,2/#corvale 1/0,3/7,4 || > ch1 | 5: 1 | 6: 2 | > ch1 | 0: 3 | 7: 4
+            ranges and start times that cannot be written down again || #range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1
+                || refused 2-3 ? | > ch1 | 0: 1
+            a start in a leap second, and one in a second that there is not || #t0 2016-12-31T23:59:60.5Z/#t0 2016-12-31T22:59:60Z/0,1
+                || refused 2 ? | > ch1 | 0: 1
+            an unknown layout || #layout rings/0,1 || refused 1 ? | > ch1 | 0: 1
+            a range that is none || #range 5,1/#range a/0,1 || refused 1-2 ? | > ch1 | 0: 1
+            the header of a table || time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4 || > left:nA x:mm | 0: 1 2 | 1: 3 4
+            the time is not the first column || frame,time_ms,a/1,500,2/2,1500,3 || > a | 0.5: 2 | 1.5: 3
+            the instrument is set up anew || 0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1
+                || > ch1 | 0: 1 | 1: 1 | refused 3-11 count | > ch1 ch2 | 11: 1 1 | 12: 1 1
+        )");
         row("white space", "0 1\t2/1  3 4 ", "> ch1 ch2 | 0: 1 2 | 1: 3 4");
-        row("plus, exponent and blanks at the commas",
-            "0 , +1e-3/1, -2.5E2",
-            "> ch1 | 0: 0.001 | 1: -250");
-        row("no reading", "0,1,/1,,4/2,,", "> ch1 ch2 | 0: 1 - | 1: - 4 | 2: - -");
-        row("nan is no reading, inf is one", "0,nan/1,inf", "> ch1 | 0: - | 1: inf");
-        row("one line alone", "5,1", "> ch1 | 5: 1");
-        row("declared",
-            "#corvale 1/#channels left, right/#unit nA/0,1,2",
-            "> left:nA right:nA | 0: 1 2");
-        row("a unit each", "#channels a,b,c/#unit nA,,mm/0,1,2,3", "> a:nA b c:mm | 0: 1 2 3");
-        row("without a time", "#channels a,b/1,2/3,4", "> a b | 9: 1 2 | 9: 3 4");
-        row("an empty time", "0,1/,2", "> ch1 | 0: 1 | 9: 2");
-        row("one number a line", "1/2", "> ch1 | 9: 1 | 9: 2");
-        row("strips", "#layout strips/0,1,2,3,4", "start strips x01 x02 y01 y02 | 0: 1 2 3 4");
-        row("pixels",
-            "#layout pixels/0,1,2,3,4",
-            "start pixels r01c01 r01c02 r02c01 r02c02 | 0: 1 2 3 4");
-        row("spots", "#layout spots/0,1,2,3", "start spots x:mm y:mm mu | 0: 1 2 3");
-        row("an event", "#event door open/0,1", "event door open | > ch1 | 0: 1");
-        row("comments and empty lines", "# hello//#whatever/0,1", "> ch1 | 0: 1");
-        row("a comment about frames", "#frame rate 100 Hz/0,1", "> ch1 | 0: 1");
         row("names of no table",
             QString("a,").repeated(70000) + "/0,1",
             "refused 1 many | > ch1 | 0: 1");
         row("garbage between", "0,1/\x01\xff\x02,x/1,2", "refused 2 ? | > ch1 | 0: 1 | 1: 2");
-        row("a number with a tail", "0,1/1,2x/2,3", "refused 2 ? | > ch1 | 0: 1 | 2: 3");
-        addTimesThatGoBack();
-        row("numbers too small are 0, those too large are none",
-            "0,1e-400/1,-0.00000000000000000000000000000000001e-300/2,1e400/"
-            "3,-12e99999999999999999999/4,1e-99999999999999999999/5,0.1e310/6,1",
-            "> ch1 | 0: 0 | 1: 0 | refused 3-4 ? | 4: 0 | refused 6 ? | 6: 1");
         const QString zeros(400, '0'), ones(400, '1');
         QTest::newRow("the same, written out") << "0,0." + zeros + "1e+9/1," + ones + "e-9/2,1"
                                                << QString("refused 2 ? | > ch1 | 0: 0 | 2: 1");
-        row("a time too large for its unit",
-            "time_min,a/1e308,1/-1e308,1/1e305,2/2e305,3",
-            "refused 2-3 ? | > a | 6e+306: 2 | 1.2e+307: 3");
-        row("the same time again is no step back", "5,1/5,2", "> ch1 | 5: 1 | 5: 2");
-        row("a time that is none",
-            "nan,1/1,2/inf,3/2,4",
-            "refused 1 ? | refused 3 ? | > ch1 | 1: 2 | 2: 4");
-        addStreamsThatChange();
-        row("ranges and start times that cannot be written down again",
-            "#range 1e-400,1/#range ,1/#t0 0001-01-01T00:00:00+05:00/0,1",
-            "refused 2-3 ? | > ch1 | 0: 1");
-        row("a start in a leap second, and one in a second that there is not",
-            "#t0 2016-12-31T23:59:60.5Z/#t0 2016-12-31T22:59:60Z/0,1",
-            "refused 2 ? | > ch1 | 0: 1");
-        row("an unknown layout", "#layout rings/0,1", "refused 1 ? | > ch1 | 0: 1");
-        row("a range that is none", "#range 5,1/#range a/0,1", "refused 1-2 ? | > ch1 | 0: 1");
-        row("the header of a table",
-            "time_s,left_nA,frame,x_mm/0,1,7,2/1,3,8,4",
-            "> left:nA x:mm | 0: 1 2 | 1: 3 4");
-        row("the time is not the first column",
-            "frame,time_ms,a/1,500,2/2,1500,3",
-            "> a | 0.5: 2 | 1.5: 3");
-        row("the instrument is set up anew",
-            "0,1/1,1/2,1,1/3,1,1/4,1,1/5,1,1/6,1,1/7,1,1/8,1,1/9,1,1/10,1,1/11,1,1/12,1,1",
-            "> ch1 | 0: 1 | 1: 1 | refused 3-11 count | > ch1 ch2 | 11: 1 1 | 12: 1 1");
     }
 
     void linesBecomeReadings()
@@ -195,33 +145,37 @@ private Q_SLOTS:
     void linesBecomeFrames_data()
     {
         // ">" begins a stream of frames with two rows and columns, ">>" the names of what is computed from each frame.
-        columns<QString, QString>("lines", "expected");
-        const QString v2 = "#corvale 2/";
-        const QString one = "#frame 0 2 2/1,2/3,4/";
-        row("one frame", v2 + one, "> | 0: 1 2 3 4");
-        row("white space, and a second frame",
-            v2 + "#frame 0 2 2/1 2/3 4/#frame 1 2 2/5 6/7 8",
-            "> | 0: 1 2 3 4 | 1: 5 6 7 8");
-        row("no time: that of arrival", v2 + "#frame 2 2/1,2/3,4", "> | 9: 1 2 3 4");
-        row("missing and infinite values", v2 + "#frame 0 2 2/1,nan/,inf", "> | 0: 1 - - inf");
-        row("events and comments between rows",
-            v2 + "#frame 0 2 2/1,2/#event shutter/# x//3,4",
-            "event shutter | > | 0: 1 2 3 4");
-        row("another size is another stream",
-            v2 + one + "#frame 0 1 2/5,6",
-            "> | 0: 1 2 3 4 | start pixels frames, matrix 1 x 2, positions in cells, >> | 0: 5 6");
-        row("a pitch and a unit",
-            v2 + "#unit nC/#pitch 2 mm/" + one,
-            "start pixels frames, matrix 2 x 2, mm, sum:nC max:nC x:mm sigma_x:mm y:mm "
-            "sigma_y:mm | 0: 1 2 3 4");
-        row("a detector of another size is told",
-            v2 + "#layout matrix 3 3/" + one,
-            "event the detector is not used: readings: the detector has 9 readings, the stream 4 "
-            "| > | 0: 1 2 3 4");
-        row("a detector of another shape is told",
-            v2 + "#layout matrix 2 2/#frame 0 1 4/1,2,3,4",
-            "event the detector is not used: it has 2 x 2 cells, the frames 1 x 4 | start pixels "
-            "frames, matrix 1 x 4, positions in cells, >> | 0: 1 2 3 4");
+        tableFrom(R"(
+            || lines || expected
+            one frame || #corvale 2/#frame 0 2 2/1,2/3,4/ || > | 0: 1 2 3 4
+            white space, and a second frame || #corvale 2/#frame 0 2 2/1 2/3 4/#frame 1 2 2/5 6/7 8
+                || > | 0: 1 2 3 4 | 1: 5 6 7 8
+            no time: that of arrival || #corvale 2/#frame 2 2/1,2/3,4 || > | 9: 1 2 3 4
+            missing and infinite values || #corvale 2/#frame 0 2 2/1,nan/,inf || > | 0: 1 - - inf
+            events and comments between rows || #corvale 2/#frame 0 2 2/1,2/#event shutter/# x//3,4
+                || event shutter | > | 0: 1 2 3 4
+            another size is another stream || #corvale 2/#frame 0 2 2/1,2/3,4/#frame 0 1 2/5,6
+                || > | 0: 1 2 3 4 | start pixels frames, matrix 1 x 2, positions in cells, >> | 0: 5 6
+            a pitch and a unit || #corvale 2/#unit nC/#pitch 2 mm/#frame 0 2 2/1,2/3,4/
+                || start pixels frames, matrix 2 x 2, mm, sum:nC max:nC x:mm sigma_x:mm y:mm sigma_y:mm | 0: 1 2 3 4
+            a detector of another size is told || #corvale 2/#layout matrix 3 3/#frame 0 2 2/1,2/3,4/
+                || event the detector is not used: readings: the detector has 9 readings, the stream 4 | > | 0: 1 2 3 4
+            a detector of another shape is told || #corvale 2/#layout matrix 2 2/#frame 0 1 4/1,2,3,4
+                || event the detector is not used: it has 2 x 2 cells, the frames 1 x 4 | start pixels frames, matrix 1 x 4, positions in cells, >> | 0: 1 2 3 4
+            a program of version 1 would take the rows for readings || #frame 0 2 2/1,2/3,4/#corvale 2/#frame 5 1 2/1,2
+                || refused 1 ? | refused 2-3 count | start pixels frames, matrix 1 x 2, positions in cells, >> | 5: 1 2
+            too few rows || #corvale 2/#frame 0 2 2/1,2/#frame 0 2 2/1,2/3,4/#frame 1 2 2/1,2
+                || refused 2 count | refused 7 count | > | 0: 1 2 3 4
+            too many rows || #corvale 2/#frame 0 2 2/1,2/3,4/5,6 || refused 5 count | > | 0: 1 2 3 4
+            too few values, which cost one frame || #corvale 2/#frame 0 2 2/1/3,4/#frame 0 2 2/1,2/3,4/
+                || refused 3 count | > | 0: 1 2 3 4
+            too many values || #corvale 2/#frame 0 2 2/1,2,3/3,4/#frame 0 2 2/1,2/3,4/ || refused 3 count | > | 0: 1 2 3 4
+            numbers that are none || #corvale 2/#frame 0 2 2/1,1e400/3,4/#frame 0 2 2/1,x/3,4/#frame 0 2 2/1,2/3,4/
+                || refused 3 ? | refused 6 ? | > | 0: 1 2 3 4
+            a description in the middle || #corvale 2/#frame 0 2 2/1,2/#unit nC/3,4 || refused 2 count | refused 5 count
+            times go back || #corvale 2/#frame 5 1 1/1/#frame 6 1 1/2/#frame 3 1 1/3/#frame 7 1 1/4
+                || start pixels frames, matrix 1 x 1, positions in cells, >> | 5: 1 | 6: 2 | refused 7 back | 7: 4
+        )");
         row("a matrix in one line each",
             "#layout matrix 16 17/0," + QString("1,").repeated(271) + "2",
             "start pixels frames, matrix 16 x 17, positions in cells, >> | 0:"
@@ -230,36 +184,13 @@ private Q_SLOTS:
             "#layout strips 200 100/0," + QString("1,").repeated(299) + "2",
             "start strips frames, strips 200 + 100, positions in cells, >> | 0:"
                 + QString(" 1").repeated(299) + " 2");
-        row("a program of version 1 would take the rows for readings",
-            one + "#corvale 2/#frame 5 1 2/1,2",
-            "refused 1 ? | refused 2-3 count | start pixels frames, matrix 1 x 2, positions in "
-            "cells, >> | 5: 1 2");
-        row("too few rows",
-            v2 + "#frame 0 2 2/1,2/" + one + "#frame 1 2 2/1,2",
-            "refused 2 count | refused 7 count | > | 0: 1 2 3 4");
-        row("too many rows", v2 + one + "5,6", "refused 5 count | > | 0: 1 2 3 4");
-        row("too few values, which cost one frame",
-            v2 + "#frame 0 2 2/1/3,4/" + one,
-            "refused 3 count | > | 0: 1 2 3 4");
-        row("too many values",
-            v2 + "#frame 0 2 2/1,2,3/3,4/" + one,
-            "refused 3 count | > | 0: 1 2 3 4");
-        row("numbers that are none",
-            v2 + "#frame 0 2 2/1,1e400/3,4/#frame 0 2 2/1,x/3,4/" + one,
-            "refused 3 ? | refused 6 ? | > | 0: 1 2 3 4");
-        row("a description in the middle",
-            v2 + "#frame 0 2 2/1,2/#unit nC/3,4",
-            "refused 2 count | refused 5 count");
         const QString sizes =
             "0 2|-2 2|257 1|1 257|99999999999 2|1e2 2|2.5 2|x y|2||1 2 3|nan 2 2|1e400 2 2";
         for (const QString &size : sizes.split('|'))
             row(qPrintable("size " + size),
-                v2 + (size == "1 2 3" ? "#frame 1 2 3 4" : "#frame " + size) + "/1,2/" + one,
+                "#corvale 2/" + (size == "1 2 3" ? "#frame 1 2 3 4" : "#frame " + size)
+                    + "/1,2/#frame 0 2 2/1,2/3,4/",
                 "refused 2 ? | refused 3 count | > | 0: 1 2 3 4");
-        row("times go back",
-            v2 + "#frame 5 1 1/1/#frame 6 1 1/2/#frame 3 1 1/3/#frame 7 1 1/4",
-            "start pixels frames, matrix 1 x 1, positions in cells, >> | 5: 1 | 6: 2 | refused 7 "
-            "back | 7: 4");
     }
     void linesBecomeFrames()
     {
@@ -353,57 +284,29 @@ private Q_SLOTS:
 
     void theDetectorReachesTheHeader_data()
     {
-        columns<QByteArray, QString, QString>("lines", "detector", "told");
-        const auto row =
-            [](const char *name, const char *lines, const char *detector, const char *told) {
-                QTest::newRow(name) << QByteArray(lines) << detector << told;
-            };
-        row("nothing said",
-            "#layout strips/0,1,2,3,4/1,1,2,3,4",
-            "no detector",
-            "start strips x01 x02 y01 y02");
-        row("a pitch",
-            "#layout strips/#pitch 2 mm/0,1,2,3,4/1,1,2,3,4",
-            "strips 2 + 2, mm",
-            "start strips x01 x02 y01 y02");
-        row("a pitch alone",
-            "#pitch x 2 mm/0,1,2/1,1,2",
-            "strips 2 + 0, mm",
-            "start channels ch1 ch2");
-        row("unequal planes are not shared evenly",
-            "#layout strips 3 1/0,1,2,3,4/1,1,2,3,4",
-            "strips 3 + 1, positions in cells",
-            "start channels x01 x02 x03 y01");
-        row("a single plane",
-            "#layout strips 0 3/#pitch 2 mm/0,1,2,3/1,1,2,3",
-            "strips 0 + 3, mm",
-            "start channels y01 y02 y03");
-        row("rows and columns",
-            "#layout matrix 2 3/#unit nA/#pitch 5 mm/0,1,2,3,4,5,6/1,1,2,3,4,5,6",
-            "matrix 2 x 3, mm",
-            "start pixels r01c01:nA r01c02:nA r01c03:nA r02c01:nA r02c02:nA r02c03:nA");
-        row("matrix means pixels",
-            "#layout matrix/0,1,2,3,4/1,1,2,3,4",
-            "no detector",
-            "start pixels r01c01 r01c02 r02c01 r02c02");
-        row("a wrong line is told",
-            "#pitch 2/0,1,2/1,1,2",
-            "no detector",
-            "refused 1 unreadable | start channels ch1 ch2");
-        row("a wrong number of cells is told",
-            "#layout strips 3 3/0,1,2/1,1,2",
-            "no detector",
-            "event the detector is not used: readings: the detector has 6 readings, the stream 2 | "
-            "start "
-            "strips x01 y01");
-        row("a new stream forgets it",
-            "#pitch 2 mm/#corvale 1/0,1,2/1,1,2",
-            "no detector",
-            "start channels ch1 ch2");
-        row("one line of JSON",
-            "#detector {\"detector\":1,\"kind\":\"strips\",\"x\":{\"cells\":2}}/0,1,2/1,1,2",
-            "strips 2 + 0, positions in cells",
-            "start channels ch1 ch2");
+        tableFrom(R"(
+            || QByteArray lines || detector || told
+            nothing said                         || #layout strips/0,1,2,3,4/1,1,2,3,4 || no detector
+                || start strips x01 x02 y01 y02
+            a pitch                              || #layout strips/#pitch 2 mm/0,1,2,3,4/1,1,2,3,4 || strips 2 + 2, mm
+                || start strips x01 x02 y01 y02
+            a pitch alone                        || #pitch x 2 mm/0,1,2/1,1,2 || strips 2 + 0, mm || start channels ch1 ch2
+            unequal planes are not shared evenly || #layout strips 3 1/0,1,2,3,4/1,1,2,3,4 || strips 3 + 1, positions in cells
+                || start channels x01 x02 x03 y01
+            a single plane                       || #layout strips 0 3/#pitch 2 mm/0,1,2,3/1,1,2,3 || strips 0 + 3, mm
+                || start channels y01 y02 y03
+            rows and columns                     || #layout matrix 2 3/#unit nA/#pitch 5 mm/0,1,2,3,4,5,6/1,1,2,3,4,5,6
+                || matrix 2 x 3, mm || start pixels r01c01:nA r01c02:nA r01c03:nA r02c01:nA r02c02:nA r02c03:nA
+            matrix means pixels                  || #layout matrix/0,1,2,3,4/1,1,2,3,4 || no detector
+                || start pixels r01c01 r01c02 r02c01 r02c02
+            a wrong line is told                 || #pitch 2/0,1,2/1,1,2 || no detector
+                || refused 1 unreadable | start channels ch1 ch2
+            a wrong number of cells is told      || #layout strips 3 3/0,1,2/1,1,2 || no detector
+                || event the detector is not used: readings: the detector has 6 readings, the stream 2 | start strips x01 y01
+            a new stream forgets it              || #pitch 2 mm/#corvale 1/0,1,2/1,1,2 || no detector || start channels ch1 ch2
+            one line of JSON                     || #detector {"detector":1,"kind":"strips","x":{"cells":2}}/0,1,2/1,1,2
+                || strips 2 + 0, positions in cells || start channels ch1 ch2
+        )");
     }
 
     //! A recording of the stream describes the same detector.

@@ -9,8 +9,6 @@
 #include <corvale_qt/proxies/RVXZeroingProxyModel.h>
 #include <corvale_qt/units/Units.h>
 
-#include <deque>
-
 using namespace Monitor;
 
 namespace {
@@ -52,40 +50,6 @@ class tst_MultichannelDeviceModel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    //! With pauses, blocks beyond the buffer, repeated times and a time of 0, all of which a stream may have.
-    void keepsWhatADequeWouldKeep()
-    {
-        MultichannelDeviceModel model;
-        model.startStream(headerOf(2));
-        std::deque<int> all;
-        std::mt19937 dice(7);
-        int next = 0;
-        for (int round = 0; round < 12; ++round) {
-            const int count = int(dice() % 150000);
-            model.addReadings(numbered(2, next, count));
-            for (int i = 0; i < count; ++i)
-                all.push_back(next++);
-            while (all.size() > 100000)
-                all.pop_front();
-            model.setPaused(dice() % 3 == 0);
-            if (model.isPaused())
-                continue;
-            QCOMPARE(model.rowCount() - 1, int(all.size()));
-            for (const int row : {1, int(all.size()) / 3, int(all.size())}) {
-                if (row < 1)
-                    continue;
-                const int number = all[std::size_t(row - 1)];
-                QCOMPARE(model.doubleData(row, 0), 0.5 * (number - number % 2));
-                QCOMPARE(model.doubleData(row, 1), double(number));
-                QCOMPARE(model.doubleData(row, 2), number + 0.001);
-            }
-        }
-        // Readings of other channels than the header's are not taken.
-        model.setPaused(false);
-        model.addReadings(numbered(3, 200, 5));
-        QCOMPARE(model.doubleData(model.rowCount() - 1, 1), double(next - 1));
-    }
-
     //! During a pause nothing that is shown moves; after it, all readings come in one insertion.
     void aPauseIsOneInsertion()
     {
@@ -107,6 +71,15 @@ private Q_SLOTS:
         QCOMPARE(removed.count(), 1);
         QCOMPARE(rowText(paused, 1), QStringLiteral("1000 2000"));
         QCOMPARE(rowText(paused, 100000), QStringLiteral("50999 101999"));
+        // Of a long pause the newest are kept.
+        paused.setPaused(true);
+        for (int i = 0; i < 5; ++i)
+            paused.addReadings(numbered(1, 102000 + 60000 * i, 60000));
+        paused.setPaused(false);
+        QCOMPARE(rowText(paused, 1), QStringLiteral("151000 302000"));
+        // Readings of other channels than the header's are not taken.
+        paused.addReadings(numbered(3, 0, 5));
+        QCOMPARE(rowText(paused, 100000), QStringLiteral("200999 401999"));
     }
 
     void headerShowsNamesAndUnits()
@@ -142,18 +115,6 @@ private Q_SLOTS:
         QCOMPARE(ownUnit(1) + ownUnit(2) + ownUnit(3), QStringLiteral("nAmm"));
         QCOMPARE(model.index(1, 2).data().toString(), QString());
         QVERIFY(std::isnan(model.index(1, 2).data(33).toDouble()));
-    }
-
-    void showsAnotherUnitOfTheSameQuantity()
-    {
-        MultichannelDeviceModel model;
-        model.startStream(headerOf(1, QStringLiteral("nA")));
-        const double value = 0.1; // not representable: what is not converted must be exactly this
-        model.addReading(0.0, &value);
-        QCOMPARE(model.doubleData(1, 1), 0.1);
-        const Corvale_Qt::Units::pA picoampere;
-        model.SetUnits(&picoampere);
-        QVERIFY(qFuzzyCompare(model.doubleData(1, 1), 100.0));
     }
 
     void marksWhatIsOverRange()

@@ -3,6 +3,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -265,26 +266,21 @@ private Q_SLOTS:
 
     void whatCannotBePublished_data()
     {
-        columns<QString, QString>("arguments", "said");
+        tableFrom(R"(
+            | arguments | said
+            no scheme                | --publish beam sim:ic4 | it should begin with the name of the control system
+            another scheme           | --publish nothing:x sim:ic4 | no plugin for nothing
+            a plugin that only reads | --publish ca:x sim:ic4 | ca reads sources, and publishes nothing
+            port taken               | --publish tango://127.0.0.1:TAKEN/a/b/c#dbase=no sim:ic4 | can listen
+            not this computer        | --publish tango://192.0.2.1:7000/a/b/c#dbase=no sim:ic4 | can listen
+            database missing         | --publish tango:a/b/c sim:ic4 | the database does not answer
+            a name twice
+                | --publish tango://127.0.0.1:7000/a/b/c#dbase=no --publish tango://127.0.0.1:7000/A/b/c#dbase=no sim:ic4 sim:strips
+                | A/b/c is given twice
+        )");
         const QString form = "should be tango:DOMAIN/FAMILY/MEMBER";
-        row("no scheme",
-            "--publish beam sim:ic4",
-            "it should begin with the name of the control system");
         row("no device", "--publish tango:beam sim:ic4", form);
         row("no port without a database", "--publish tango:a/b/c#dbase=no sim:ic4", form);
-        row("another scheme", "--publish nothing:x sim:ic4", "no plugin for nothing");
-        row("a plugin that only reads",
-            "--publish ca:x sim:ic4",
-            "ca reads sources, and publishes nothing");
-        row("port taken", "--publish tango://127.0.0.1:TAKEN/a/b/c#dbase=no sim:ic4", "can listen");
-        row("not this computer",
-            "--publish tango://192.0.2.1:7000/a/b/c#dbase=no sim:ic4",
-            "can listen");
-        row("database missing", "--publish tango:a/b/c sim:ic4", "the database does not answer");
-        row("a name twice",
-            "--publish tango://127.0.0.1:7000/a/b/c#dbase=no --publish "
-            "tango://127.0.0.1:7000/A/b/c#dbase=no sim:ic4 sim:strips",
-            "A/b/c is given twice");
     }
 
     //! Errors are told at the start in a sentence, before anything is read.

@@ -3,6 +3,7 @@
 #include "monitor/program/OptionTexts.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Monitor;
 
@@ -104,62 +105,55 @@ private Q_SLOTS:
 
     void whatIsRefused_data()
     {
-        columns<QString>("arguments");
-        QTest::addColumn<QString>("named"); // part of the message
-        const auto row = [](const char *name, const char *arguments, const char *named) {
-            QTest::newRow(name) << QString(arguments) << QString(named);
-        };
-        row("unknown option", "--frobnicate", "frobnicate");
-        row("no number", "--speed fast a.csv", "--speed fast");
-        row("negative speed", "--speed -1 a.csv", "--speed -1: it should be a number, at least 0");
-        row("range the wrong way", "--range 2,1", "--range 2,1");
-        row("one limit", "--range 2", "--range 2");
-        row("size", "--size big", "--size big");
-        row("view", "--view sideways", "strip, scope, histogram");
-        row("amount", "--after soon", "200frames");
-        row("tolerance", "--tolerance wide", "--tolerance wide: it should be millimetres");
-        row("negative tolerance", "--tolerance 1,-1", "--tolerance 1,-1");
-        row("two lists of spots", "a.csv --measured b.csv", "--measured b.csv");
-        row("span", "--span soon", "--span soon: it should be a time, like 90s");
-        row("no frames", "--after 0frames", "200frames");
-        row("rotation", "--rotate often", "100M");
-        row("one of two rotations", "--rotate 1h,often", "1h,100M");
-        row("permissions", "--record d --mode u=rw", "--mode u=rw: it should be permissions");
-        row("permissions of more than files", "--record d --mode 4755", "like 0640");
-        row("form of files", "--record d --segments xml", "one of text, zstd, hdf5");
-        row("two forms", "--record d --compress --segments hdf5", "choose one of them");
-        row("HDF5 while it is recorded", "--record r.h5", "add --segments hdf5");
-        row("compressed twice", "a.csv --convert o.nxs --compress", "is compressed already");
-        row("import", "--import colour=red a.csv", "--import: \"colour=red\" makes no sense");
-        row("two files to repair", "--repair a.csv b.csv", "--repair takes one file");
-        row("from after to", "a.csv --from 10 --to 5", "--from must be the earlier time");
-        row("rotation without a recording", "sim:ic4 --rotate 1h", "add --record");
-        row("a form without a recording", "sim:ic4 --compress", "--compress says what becomes");
-        row("nothing to replace", "--stats a.csv --overwrite", "--overwrite lets a file");
-        row("the look of no window", "--check a.csv --span 2h", "--span says how a window");
-        row("two tasks", "--stats --check a.csv", "--stats and --check");
-        row("a picture of two sources", "--screenshot p.png a.csv b.csv", "a.csv, b.csv");
-        row("two sources to convert", "--convert o.csv a.csv b.csv", "the readings of one source");
-        row("standard input twice", "--stats - -", "leave one - out");
-        row("a source without a name", "--source a.csv", "NAME=ADDRESS");
-        row("a name that is a path", "--source ../a=a.csv", "NAME=ADDRESS");
-        row("nothing to do without a window", "--headless sim:ic4", "add --publish ADDRESS");
-        row("a window and none", "--headless --stats sim:ic4", "--headless and --stats");
-        row("results of no task",
-            "--convert o.csv --publish tango:a/b/c sim:ic4",
-            "needs a window");
-        row("more addresses than sources",
-            "--headless --publish tango:a/b/c --publish tango:a/b/d sim:ic4",
-            "tango:a/b/d: more addresses than sources");
-        row("results of an unknown source",
-            "--headless --publish x=tango:a/b/c sim:ic4",
-            "no source of that name");
-        row("results under two addresses",
-            "--headless --publish ic4=tango:a/b/c --publish ic4=tango:a/b/d sim:ic4",
-            "is published already");
-        row("results under no address", "--stats --publish= sim:ic4", "--publish needs an address");
-        row("json alone", "--json a.csv", "--stats");
-        row("picture without a name", "--screenshot", "screenshot");
+        tableFrom(R"(
+            | arguments | named
+            unknown option                 | --frobnicate | frobnicate
+            no number                      | --speed fast a.csv | --speed fast
+            negative speed                 | --speed -1 a.csv | --speed -1: it should be a number, at least 0
+            range the wrong way            | --range 2,1 | --range 2,1
+            one limit                      | --range 2 | --range 2
+            size                           | --size big | --size big
+            view                           | --view sideways | strip, scope, histogram
+            amount                         | --after soon | 200frames
+            tolerance                      | --tolerance wide | --tolerance wide: it should be millimetres
+            negative tolerance             | --tolerance 1,-1 | --tolerance 1,-1
+            two lists of spots             | a.csv --measured b.csv | --measured b.csv
+            span                           | --span soon | --span soon: it should be a time, like 90s
+            no frames                      | --after 0frames | 200frames
+            rotation                       | --rotate often | 100M
+            one of two rotations           | --rotate 1h,often | 1h,100M
+            permissions                    | --record d --mode u=rw | --mode u=rw: it should be permissions
+            permissions of more than files | --record d --mode 4755 | like 0640
+            form of files                  | --record d --segments xml | one of text, zstd, hdf5
+            two forms                      | --record d --compress --segments hdf5 | choose one of them
+            HDF5 while it is recorded      | --record r.h5 | add --segments hdf5
+            compressed twice               | a.csv --convert o.nxs --compress | is compressed already
+            import                         | --import colour=red a.csv | --import: "colour=red" makes no sense
+            two files to repair            | --repair a.csv b.csv | --repair takes one file
+            from after to                  | a.csv --from 10 --to 5 | --from must be the earlier time
+            rotation without a recording   | sim:ic4 --rotate 1h | add --record
+            a form without a recording     | sim:ic4 --compress | --compress says what becomes
+            nothing to replace             | --stats a.csv --overwrite | --overwrite lets a file
+            the look of no window          | --check a.csv --span 2h | --span says how a window
+            two tasks                      | --stats --check a.csv | --stats and --check
+            a picture of two sources       | --screenshot p.png a.csv b.csv | a.csv, b.csv
+            two sources to convert         | --convert o.csv a.csv b.csv | the readings of one source
+            standard input twice           | --stats - - | leave one - out
+            a source without a name        | --source a.csv | NAME=ADDRESS
+            a name that is a path          | --source ../a=a.csv | NAME=ADDRESS
+            nothing to do without a window | --headless sim:ic4 | add --publish ADDRESS
+            a window and none              | --headless --stats sim:ic4 | --headless and --stats
+            results of no task             | --convert o.csv --publish tango:a/b/c sim:ic4 | needs a window
+            more addresses than sources    | --headless --publish tango:a/b/c --publish tango:a/b/d sim:ic4
+                | tango:a/b/d: more addresses than sources
+            results of an unknown source   | --headless --publish x=tango:a/b/c sim:ic4 | no source of that name
+            results under two addresses    | --headless --publish ic4=tango:a/b/c --publish ic4=tango:a/b/d sim:ic4
+                | is published already
+            results under no address       | --stats --publish= sim:ic4 | --publish needs an address
+            json alone                     | --json a.csv | --stats
+            picture without a name         | --screenshot | screenshot
+        )");
+        // part of the message
     }
 
     void whatIsRefused()

@@ -6,6 +6,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 #include <corvale_qt/detector/DetectorFile.h>
 #include <corvale_qt/models/RVXPlotHistory.h>
 
@@ -19,20 +20,14 @@ class tst_Session : public QObject
 private Q_SLOTS:
     void aRestartedInstrumentKeepsItsHistory_data()
     {
-        columns<bool, QString, QString, QString>("live", "channels", "dates", "times");
-        row("a file's next part empties", false, "2", "", "0 0.1");
-        row("by the arrival", true, "2", "", "50 50.1 - 53.1 53.2");
-        row("by the dates",
-            true,
-            "2",
-            "2026-03-01T12:00:00Z 2026-03-01T12:02:00Z",
-            "50 50.1 - 120 120.1");
-        row("dates that go back",
-            true,
-            "2",
-            "2026-03-01T12:00:00Z 2026-03-01T11:00:00Z",
-            "50 50.1 - 53.1 53.2");
-        row("other channels empty", true, "3", "", "0 0.1");
+        tableFrom(R"(
+            | bool live | channels | dates | times
+            a file's next part empties | false | 2 |                                           | 0 0.1
+            by the arrival             | true  | 2 |                                           | 50 50.1 - 53.1 53.2
+            by the dates               | true  | 2 | 2026-03-01T12:00:00Z 2026-03-01T12:02:00Z | 50 50.1 - 120 120.1
+            dates that go back         | true  | 2 | 2026-03-01T12:00:00Z 2026-03-01T11:00:00Z | 50 50.1 - 53.1 53.2
+            other channels empty       | true  | 3 |                                           | 0 0.1
+        )");
     }
     //! The time line goes on; a missing reading separates its parts, and the log says which time is meant.
     void aRestartedInstrumentKeepsItsHistory()

@@ -2,7 +2,8 @@
 #include "corvale_qt/plot/TimeTicks_p.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
+#include <QDate>
+#include <QStringBuilder>
 
 #include <algorithm>
 #include <cmath>
@@ -74,13 +75,24 @@ int decimalsOf(double resolution)
     return std::clamp(int(std::ceil(-std::log10(std::max(resolution, 1e-7)))), 1, 6);
 }
 
+//! Returns a number that is not negative with \a count digits, of which the first ones may be zeros.
+QString digits(qint64 number, int count)
+{
+    QString text(count, Qt::Uninitialized);
+    for (auto digit = text.rbegin(); digit != text.rend(); ++digit, number /= 10)
+        *digit = QLatin1Char(char('0' + number % 10));
+    return text;
+}
+
+QString twoDigits(qint64 number)
+{
+    return digits(number, 2);
+}
+
 //! Returns the fraction of a second, cut to \a decimals digits: ".250".
 QString fractionText(qint64 fraction, int decimals)
 {
-    if (decimals == 0)
-        return QString();
-    return QLatin1Char('.')
-        + QStringLiteral("%1").arg(fraction, 6, 10, QLatin1Char('0')).left(decimals);
+    return decimals == 0 ? QString() : QLatin1Char('.') % digits(fraction, 6).leftRef(decimals);
 }
 
 //! Returns \a value rounded to the last of \a decimals digits of a second.
@@ -92,32 +104,28 @@ qint64 rounded(qint64 value, int decimals)
     return floorDivided(value + unit / 2, unit) * unit;
 }
 
-QDateTime localDateTime(qint64 local)
-{
-    return QDateTime::fromMSecsSinceEpoch(floorDivided(local, kMillisecond), Qt::UTC);
-}
-
+// QDateTime::toString() takes several times as long, and an axis in motion asks for every label in every frame.
 QString dateText(qint64 local)
 {
-    return localDateTime(local).toString(QStringLiteral("yyyy-MM-dd"));
-}
-
-QString twoDigits(qint64 number)
-{
-    const QChar digits[] = {QLatin1Char(char('0' + number / 10)),
-                            QLatin1Char(char('0' + number % 10))};
-    return QString(digits, 2);
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    QDate(1970, 1, 1).addDays(floorDivided(local, kDay)).getDate(&year, &month, &day);
+    return digits(year, 4) % QLatin1Char('-') % twoDigits(month) % QLatin1Char('-')
+        % twoDigits(day);
 }
 
 //! Returns the time of day for ticks of a distance: "09:15", "09:15:02" or "09:15:02.250".
 QString timeOfDayText(qint64 local, qint64 step)
 {
     const qint64 ofDay = local - floorDivided(local, kDay) * kDay;
-    QString text = twoDigits(ofDay / kHour) + QLatin1Char(':') + twoDigits(ofDay / kMinute % 60);
+    const QString minutes =
+        twoDigits(ofDay / kHour) % QLatin1Char(':') % twoDigits(ofDay / kMinute % 60);
     const bool hasSeconds = step % kMinute != 0;
-    if (hasSeconds)
-        text += QLatin1Char(':') + twoDigits(ofDay / kSecond % 60);
-    return text + fractionText(ofDay % kSecond, decimalsOf(step));
+    if (!hasSeconds)
+        return minutes;
+    return minutes % QLatin1Char(':') % twoDigits(ofDay / kSecond % 60)
+        % fractionText(ofDay % kSecond, decimalsOf(step));
 }
 
 bool canBeDivided(const TimeAxisRange &range, const TimeScale &scale)
@@ -409,8 +417,8 @@ QString clockText(qint64 moment, double resolution, ClockOffsets &offsets)
     const int decimals = decimalsOf(resolution);
     const qint64 shown = rounded(moment, decimals);
     const qint64 local = shown + offsets.offsetAt(shown);
-    return localDateTime(local).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))
-        + fractionText(local - floorDivided(local, kSecond) * kSecond, decimals);
+    return dateText(local) % QLatin1Char(' ') % timeOfDayText(local, kSecond)
+        % fractionText(local - floorDivided(local, kSecond) * kSecond, decimals);
 }
 
 QString durationText(qint64 duration, double resolution)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/JudgedFrame_p.h"
 #include "corvale_qt/numerics/CellScreening.h"
+#include "corvale_qt/numerics/NumberPair_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/units/LibraryTexts_p.h"
 
@@ -142,19 +143,32 @@ void fillStripRaster(JudgedFrame &frame)
     }
 }
 
+//! Returns the largest of \a values that is above \a floor, and otherwise that; a NaN is left out.
+double largestOf(const QVector<double> &values, double floor)
+{
+    // Two comparisons of pairs do not wait for each other.
+    NumberPair first{floor, floor}, second = first;
+    int i = 0;
+    for (; i + 4 <= values.size(); i += 4) {
+        const NumberPair one = pairAt(&values.at(i)), other = pairAt(&values.at(i + 2));
+        first = one > first ? one : first;
+        second = other > second ? other : second;
+    }
+    double largest = std::max({first[0], first[1], second[0], second[1]});
+    for (; i < values.size(); ++i)
+        largest = std::max(largest, values[i]);
+    return largest;
+}
+
 void fillMatrixRaster(JudgedFrame &frame)
 {
     const DetectorFrame &cells = frame.cells;
     frame.beam.raster = cells.values;
-    const bool anyUnwired = cells.layout.unwiredCells() > 0;
-    double max = frame.beam.calc.max;
-    for (int cell = 0; cell < cells.values.size(); ++cell) {
-        if (anyUnwired && cells.layout.readingAt(cell) < 0)
+    for (int cell = 0; cells.layout.unwiredCells() > 0 && cell < cells.values.size(); ++cell) {
+        if (cells.layout.readingAt(cell) < 0)
             frame.beam.raster[cell] = std::nan("");
-        else
-            max = std::max(max, cells.values[cell]);
     }
-    frame.beam.calc.max = max;
+    frame.beam.calc.max = largestOf(frame.beam.raster, frame.beam.calc.max);
 }
 
 double chargeOf(const PlaneResult &plane)

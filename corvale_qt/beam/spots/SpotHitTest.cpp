@@ -4,6 +4,18 @@
 
 namespace Corvale_Qt {
 
+struct SpotHitTest::MapPart
+{
+    QPointF first; //!< the corner with the smallest x and y; beyond the last one in an empty part
+    QPointF last;
+
+    bool contains(const SpotMapView::MapSpot &spot) const
+    {
+        return spot.x >= first.x() && spot.x <= last.x() && spot.y >= first.y()
+            && spot.y <= last.y();
+    }
+};
+
 SpotHitTest::SpotHitTest(const SpotList &spots, const QRectF &bounds, const QRect &picture)
     : m_spots(spots)
     , m_bounds(bounds)
@@ -44,23 +56,29 @@ int SpotHitTest::rowAt(const QPoint &point) const
     return m_spots.nearest(fromUnitSquare(m_bounds, unit));
 }
 
+SpotHitTest::MapPart SpotHitTest::partUnder(const QRectF &pixels) const
+{
+    const auto toMap = [this](const QPointF &pixel) {
+        const QPointF inPicture = pixel - m_picture.topLeft();
+        return fromUnitSquare(
+            m_bounds,
+            {inPicture.x() / m_picture.width(), inPicture.y() / m_picture.height()});
+    };
+    return {toMap(pixels.bottomLeft()), toMap(pixels.topRight())};
+}
+
 QVector<int> SpotHitTest::rowsIn(const QRect &rect) const
 {
     QVector<int> rows;
     if (m_bounds.isEmpty())
         return rows;
-    // The part of the map that the rectangle covers, and two pixels more, since places are rounded to pixels.
-    const QRectF wide = QRectF(rect).adjusted(-2, -2, 2, 2).translated(-m_picture.topLeft());
-    const auto toMap = [this](const QPointF &pixel) {
-        return fromUnitSquare(m_bounds,
-                              {pixel.x() / m_picture.width(), pixel.y() / m_picture.height()});
-    };
-    const QPointF first = toMap(wide.bottomLeft()), last = toMap(wide.topRight());
+    // Places are rounded to pixels. A few pixels inside of the edges a spot is surely in the rectangle, and outside of them it is not.
+    const MapPart wide = partUnder(QRectF(rect).adjusted(-2, -2, 2, 2));
+    const MapPart inner = partUnder(QRectF(rect).adjusted(4, 4, -4, -4));
     for (int row = 0; row < m_spots.size(); ++row) {
         const SpotMapView::MapSpot &spot = m_spots.at(row);
-        const bool isNear = spot.x >= first.x() && spot.x <= last.x() && spot.y >= first.y()
-            && spot.y <= last.y() && isDrawable(spot);
-        if (isNear && rect.contains(spotRect(row, spotReach).center()))
+        if (wide.contains(spot) && isDrawable(spot)
+            && (inner.contains(spot) || rect.contains(spotRect(row, spotReach).center())))
             rows.append(row);
     }
     return rows;

@@ -34,6 +34,11 @@ public:
     QString toolTip(int row) const;
 
 private:
+    struct MapPart;
+
+    //! Returns the part of the map under some pixels.
+    MapPart partUnder(const QRectF &pixels) const;
+
     const SpotList &m_spots;
     const QRectF m_bounds;
     const QRectF m_picture;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/beam/spots/SpotHitTest_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "tests/support/TestMain.h"
 
@@ -95,6 +96,31 @@ private Q_SLOTS:
         QCOMPARE(list.nearest(QPointF(4.9, 0)), 3);
         QCOMPARE(list.nearest(QPointF(5.6, 0)), 1);
         QCOMPARE(list.nearest(QPointF(5.4, 0)), -1);
+    }
+
+    //! A rubber band selects the spots whose square has its centre there, also at the pixel of an edge.
+    void aRectangleHoldsTheSpotsWithTheirCentreInIt()
+    {
+        QRandomGenerator random(5);
+        QVector<Spot> spots;
+        for (int i = 0; i < 2000; ++i)
+            spots << Spot{float(random.bounded(100.0)),
+                          float(random.bounded(100.0)),
+                          1,
+                          float(random.bounded(3))};
+        SpotList list;
+        list.assign(spots);
+        const SpotHitTest places(list, QRectF(-5, -5, 110, 110), QRect(7, 3, 330, 330));
+        for (const int side : {4, 5, 9, 25, 60}) {
+            const QRect rect(50 + side, 70, side * 4, side * 3);
+            QVector<int> expected;
+            for (int row = 0; row < list.size(); ++row) {
+                if (rect.contains(places.spotRect(row, 2.6).center()))
+                    expected << row;
+            }
+            QVERIFY(!expected.isEmpty());
+            QCOMPARE(places.rowsIn(rect), expected);
+        }
     }
 };
 

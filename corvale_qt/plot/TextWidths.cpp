@@ -6,14 +6,15 @@
 
 namespace Corvale_Qt {
 
-void TextWidths::setFont(const QFont &font, const QPaintDevice &device)
+bool TextWidths::setFont(const QFont &font, const QPaintDevice &device)
 {
     const int dpi = device.logicalDpiY();
     if (dpi == m_dpi && font == m_font)
-        return;
+        return false;
     m_font = QFont(font, const_cast<QPaintDevice *>(&device));
     m_dpi = dpi;
     m_widths.clear();
+    return true;
 }
 
 double TextWidths::of(const QString &text)

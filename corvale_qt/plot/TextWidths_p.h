@@ -15,8 +15,8 @@ namespace Corvale_Qt {
 class TextWidths
 {
 public:
-    //! Sets the font, as it is on \a device.
-    void setFont(const QFont &font, const QPaintDevice &device);
+    //! Sets the font, as it is on \a device. Returns whether it is another one.
+    bool setFont(const QFont &font, const QPaintDevice &device);
     //! Returns the width of a line in pixels.
     double of(const QString &text);
 

@@ -20,6 +20,10 @@ struct TimeScale
     qint64 origin = 0;
     double secondsPerX = 1.0;
 
+    bool operator==(const TimeScale &other) const
+    {
+        return origin == other.origin && secondsPerX == other.secondsPerX;
+    }
     qint64 toMoment(double x) const;
     double toX(qint64 moment) const;
 };
@@ -30,6 +34,11 @@ struct TimeAxisRange
     double left = 0.0;
     double right = 0.0;
     double pixels = 0.0; //!< width of the axis
+
+    bool operator==(const TimeAxisRange &other) const
+    {
+        return left == other.left && right == other.right && pixels == other.pixels;
+    }
 };
 
 //! Returns the width of a line of text in pixels.

@@ -51,6 +51,7 @@ ScopeTimeAxis::ScopeTimeAxis(QwtPlot *plot, const ScopeModel &model)
 void ScopeTimeAxis::setKind(int kind)
 {
     m_kind = kind;
+    restart();
     m_unit.clear();
     if (kind == RVXScopePlotView::LocalTime)
         m_offsets = ClockOffsets(QTimeZone::systemTimeZone());
@@ -60,6 +61,12 @@ void ScopeTimeAxis::setKind(int kind)
         draw->useNumbers();
         setRightBorder(m_plot, 0.0);
     }
+}
+
+void ScopeTimeAxis::restart()
+{
+    m_numbered.reset();
+    m_divided.reset();
 }
 
 bool ScopeTimeAxis::isTranslated() const
@@ -113,30 +120,40 @@ bool ScopeTimeAxis::showTicks(double left, double right)
     if (!draw)
         return false;
     QwtScaleWidget *const widget = m_plot->axisWidget(QwtPlot::xBottom);
-    m_widths.setFont(widget->font(), *widget);
-    const TextWidth width = [this](const QString &text) {
-        return m_widths.of(text);
-    };
-    const TimeAxisRange range{left, right, double(m_plot->canvas()->contentsRect().width())};
-    const bool isDuration = m_kind == RVXScopePlotView::RelativeToNow;
-    const TimeTicks ticks = isDuration ? durationTicks(range, scale(), width)
-                                       : clockTicks(range, scale(), m_offsets, width);
-    if (ticks.unit.isEmpty())
+    if (m_widths.setFont(widget->font(), *widget))
+        m_divided.reset();
+    const double pixels = m_plot->canvas()->contentsRect().width();
+    divide({{left, right, pixels}, scale()});
+    if (m_ticks.unit.isEmpty())
         return false;
-    m_unit = ticks.unit;
+    m_unit = m_ticks.unit;
     m_numbered.reset();
-    const bool isOther = draw->setTicks(ticks);
-    m_plot->setAxisScaleDiv(QwtPlot::xBottom,
-                            QwtScaleDiv(left, right, ticks.minor, QList<double>(), ticks.major));
-    double widest = 0.0;
-    for (const QString &label : ticks.labels) {
-        for (const QString &line : label.split(QLatin1Char('\n')))
-            widest = std::max(widest, width(line));
-    }
-    setRightBorder(m_plot, widest);
+    const bool isOther = draw->setTicks(m_ticks);
+    const QwtScaleDiv shown(left, right, m_ticks.minor, QList<double>(), m_ticks.major);
+    m_plot->setAxisScaleDiv(QwtPlot::xBottom, shown);
+    setRightBorder(m_plot, m_widestLine);
     if (isOther)
         widget->update();
     return true;
+}
+
+//! Finds the ticks of a range and the width of their widest line, unless they are known.
+void ScopeTimeAxis::divide(const Division &division)
+{
+    if (m_divided == division)
+        return;
+    m_divided = division;
+    const TextWidth width = [this](const QString &text) {
+        return m_widths.of(text);
+    };
+    m_ticks = m_kind == RVXScopePlotView::RelativeToNow
+        ? durationTicks(division.range, division.scale, width)
+        : clockTicks(division.range, division.scale, m_offsets, width);
+    m_widestLine = 0.0;
+    for (const QString &label : qAsConst(m_ticks.labels)) {
+        for (const QString &line : label.split(QLatin1Char('\n')))
+            m_widestLine = std::max(m_widestLine, width(line));
+    }
 }
 
 QString ScopeTimeAxis::title() const

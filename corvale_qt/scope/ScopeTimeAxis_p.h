@@ -36,7 +36,7 @@ public:
     void setFromTrigger(bool fromTrigger) { m_isFromTrigger = fromTrigger; }
 
     //! Makes sure that the next range is set, because the axis was another one in between.
-    void restart() { m_numbered.reset(); }
+    void restart();
     //! Sets range and ticks of the axis. A range that is not finite changes nothing.
     void show(double left, double right);
     //! Sets the range of the axis while there are no samples: from 0 to \a width, or to 1 if that is no width.
@@ -49,7 +49,20 @@ public:
     QString text(double x, double resolution) const;
 
 private:
+    //! What ticks depend on, beside the kind of the axis and its font.
+    struct Division
+    {
+        TimeAxisRange range;
+        TimeScale scale;
+
+        bool operator==(const Division &other) const
+        {
+            return range == other.range && scale == other.scale;
+        }
+    };
+
     TimeScale scale() const;
+    void divide(const Division &division);
     void showNumbers(double left, double right);
     bool showTicks(double left, double right);
 
@@ -60,6 +73,9 @@ private:
     bool m_isFromTrigger = false;
     mutable ClockOffsets m_offsets;
     TextWidths m_widths;
+    std::optional<Division> m_divided; //!< what the ticks below are for
+    TimeTicks m_ticks;
+    double m_widestLine = 0.0; //!< of their labels, in pixels
     QString m_unit; //!< of the labels, as TimeTicks gives it
     std::optional<std::pair<double, double>> m_numbered; //!< the range, if Qwt divides it
 };

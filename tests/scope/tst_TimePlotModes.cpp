@@ -569,6 +569,10 @@ private Q_SLOTS:
         QVERIFY(ticks.size() > 2);
         QCOMPARE(draw->label(780.0).text().section('\n', 0, 0), QString("09:13"));
         QCOMPARE(view.x().maxValue(), 999.0);
+        view.resize(400, 500); // the same range with room for fewer labels
+        view.settle();
+        QVERIFY(draw->scaleDiv().ticks(QwtScaleDiv::MajorTick).size() < ticks.size());
+        view.resize(900, 500);
         view.useMarkers();
         view.click(Qt::LeftButton, 899.6, 1);
         QCOMPARE(view.markerText(0).section('\n', 0, 0), QString("2026-11-22 09:15:00.0"));
@@ -577,6 +581,14 @@ private Q_SLOTS:
         QCOMPARE(draw->label(879.0).text(), QString("-2:00"));
         view.stream(60);
         QCOMPARE(draw->label(879.0).text(), QString("-3:00"));
+        // The same range and the same moments, told by a clock; then those of another origin.
+        view.setTimeOrigin(QDateTime::fromSecsSinceEpoch(-1059, Qt::UTC));
+        view.setTimeAxis(View::Utc);
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("Time (UTC)"));
+        QCOMPARE(draw->label(879.0).text(), QString("23:57"));
+        view.setTimeOrigin(QDateTime::fromSecsSinceEpoch(-459, Qt::UTC));
+        view.settle();
+        QCOMPARE(draw->label(879.0).text(), QString("00:07"));
         view.setTimeAxis(View::Seconds);
         QCOMPARE(view.title(QwtPlot::xBottom), QString("s"));
         QCOMPARE(draw->label(900.0).text(), QString("900"));

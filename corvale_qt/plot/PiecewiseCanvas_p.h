@@ -7,7 +7,7 @@
 
 namespace Corvale_Qt {
 
-/*! A canvas that copies its picture to the window in rectangles. Opaque widgets on the canvas, such as the cursor and its box,
+/*! A canvas that copies its picture to the window in rectangles. Opaque widgets on the canvas, such as the box of the cursor,
     leave a region with holes. Clipped to that, Qt would copy the picture line by line, which takes twice as long. */
 class PiecewiseCanvas : public QwtPlotCanvas
 {

@@ -18,8 +18,8 @@
 
 namespace Corvale_Qt {
 
-/*! A box that lists the readings at the pointer, and a vertical line at their sample. Both are opaque widgets on the canvas: when
-    they change, the plot below them is not made anew. */
+/*! A box that lists the readings at the pointer, and a vertical line at their sample. The box is an opaque widget on the canvas:
+    when its readings change, the plot below it is not made anew. */
 class HoverCursor : public QWidget
 {
     Q_OBJECT
@@ -62,31 +62,50 @@ constexpr int kDistance = 12; // of the box from the line
 constexpr int kSwatch = 12; // a square in the colour of the channel, with the gap behind it
 constexpr int kGap = 10; // between name and value, and between columns
 
-//! Makes a widget opaque, of one colour, and invisible to the mouse.
-void prepare(QWidget *widget, const QColor &colour)
+//! Hides a widget on the canvas, and makes it invisible to the mouse.
+void prepare(QWidget *widget)
 {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, colour);
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
     widget->setFocusPolicy(Qt::NoFocus);
     widget->hide();
     widget->lower(); // marks on the canvas stay on top
 }
 
+/*! The line at the sample. It is not opaque: around an opaque line, the canvas would be copied in two narrower parts, which takes
+    longer than to copy the pixels below the line as well. */
+class HoverLine : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit HoverLine(QWidget *canvas)
+        : QWidget(canvas)
+    {
+        prepare(this);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter(this).fillRect(rect(), QColor(140, 140, 140)); // seen on black and on white
+    }
+};
+
 } // namespace
 
 HoverCursor::HoverCursor(QWidget *canvas)
     : QWidget(canvas)
-    , m_line(new QWidget(canvas))
+    , m_line(new HoverLine(canvas))
 {
     setObjectName(QStringLiteral("hoverCursor"));
     setFont(QFont(QStringLiteral("Monospace"), 9)); // as the labels of the markers
     QColor background = RVXPlotColors::labelBackgroundColor();
     background.setAlpha(255);
-    prepare(this, background);
-    prepare(m_line, QColor(140, 140, 140)); // seen on black and on white
+    prepare(this);
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, background);
+    setPalette(colours);
+    setAutoFillBackground(true);
 }
 
 HoverCursor::~HoverCursor()

@@ -256,13 +256,14 @@ private Q_SLOTS:
         for (const int holes : {1, 40}) {
             QImage expected = whole;
             QPainter painter(&expected);
-            QRegion region(expected.rect());
+            QRegion region(view.qwtPlot()->canvas()->rect());
             for (int i = 0; i < holes; ++i) {
                 const QRect hole(7 + 11 * i, 30 + 5 * i, 9, 200);
                 region -= hole;
                 painter.fillRect(hole, Qt::magenta);
             }
             QImage copy(whole.size(), QImage::Format_RGB32);
+            copy.setDevicePixelRatio(whole.devicePixelRatio());
             copy.fill(Qt::magenta);
             view.qwtPlot()->canvas()->render(&copy, QPoint(), region);
             QCOMPARE(copy, expected);

@@ -10,6 +10,7 @@
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/AxisTexts.h"
 #include "tests/support/BracketTranslator.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/Files.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/PaintCounter.h"
@@ -31,17 +32,6 @@
 using namespace Corvale_Qt;
 
 namespace {
-
-//! Returns the contrast of a colour to white, as in WCAG 2.1.
-double contrastToWhite(const QColor &color)
-{
-    const auto light = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    const double luminance = 0.2126 * light(color.redF()) + 0.7152 * light(color.greenF())
-        + 0.0722 * light(color.blueF());
-    return 1.05 / (luminance + 0.05);
-}
 
 //! Returns the names of the visible controls that are too small for their contents.
 QString clippedControls(const Panel &panel)
@@ -316,7 +306,7 @@ private Q_SLOTS:
         QCOMPARE(panel.plot()->canvasBackground().color(), QColor(Qt::white));
         QTRY_VERIFY(colors() != onBlack);
         for (const QColor &color : colors())
-            QVERIFY2(contrastToWhite(color) >= 3.0, qPrintable(color.name()));
+            QVERIFY2(contrast(color.rgb(), qRgb(255, 255, 255)) >= 3.0, qPrintable(color.name()));
         view.setLightCanvas(false);
         QTRY_COMPARE(colors(), onBlack);
         QCOMPARE(panel.plot()->canvasBackground().color(), QColor(Qt::black));
@@ -341,7 +331,7 @@ private Q_SLOTS:
         };
         const auto paleOf = [](const QVector<QColor> &colors) {
             return int(std::count_if(colors.begin(), colors.end(), [](const QColor &color) {
-                return contrastToWhite(color) < 3.0;
+                return contrast(color.rgb(), qRgb(255, 255, 255)) < 3.0;
             }));
         };
         view.enableAll(true);
@@ -368,7 +358,7 @@ private Q_SLOTS:
         view.settle();
         const QVector<QColor> lines = added(before);
         for (const QColor &color : lines)
-            QVERIFY2(contrastToWhite(color) >= 3.0, qPrintable(color.name()));
+            QVERIFY2(contrast(color.rgb(), qRgb(255, 255, 255)) >= 3.0, qPrintable(color.name()));
         QVERIFY(lines.contains(QColor(255, 80, 70)));
         QVERIFY(lines.size() > lines.count(QColor(255, 80, 70))); // the warning is there as well
     }

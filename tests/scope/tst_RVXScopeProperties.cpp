@@ -4,6 +4,7 @@
 #include "tests/scope/PanelDevice.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <vector>
 
@@ -408,21 +409,17 @@ private Q_SLOTS:
 
     void spansOverrideTheModel_data()
     {
-        columns<double, int, QString, QString>("timeSpan", "sampleSpan", "strip", "sweep");
+        tableFrom(R"(
+            | double timeSpan | int sampleSpan | strip | sweep
+            the model decides              | 0.0  | 0    | 950..1000  | 513..768
+            time                           | 30.0 | 0    | 970..1000  | 513..768
+            samples                        | 0.0  | 100  | 901..1000  | 901..1000
+            time before samples            | 30.0 | 100  | 970..1000  | 901..1000
+            more samples than there are    | 0.0  | 2000 | -998..1000 |
+            one sample, which has no width | 0.0  | 1    | 999..1000  | 999..1000
+        )");
         QTest::newRow("all samples") << qInf() << 0 << "1..1000"
                                      << "513..768";
-        QTest::newRow("the model decides") << 0.0 << 0 << "950..1000"
-                                           << "513..768";
-        QTest::newRow("time") << 30.0 << 0 << "970..1000"
-                              << "513..768";
-        QTest::newRow("samples") << 0.0 << 100 << "901..1000"
-                                 << "901..1000";
-        QTest::newRow("time before samples") << 30.0 << 100 << "970..1000"
-                                             << "901..1000";
-        QTest::newRow("more samples than there are") << 0.0 << 2000 << "-998..1000"
-                                                     << "";
-        QTest::newRow("one sample, which has no width") << 0.0 << 1 << "999..1000"
-                                                        << "999..1000";
     }
     void spansOverrideTheModel()
     {

@@ -5,6 +5,7 @@
 #include "tests/beam/spots/SpotTable.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -121,38 +122,24 @@ class tst_SpotResults : public QObject
 private Q_SLOTS:
     void spotsBelongTogether_data()
     {
-        columns<QString, QString, QString>("actual", "planned", "text");
-        QTest::newRow("same places, other order")
-            << "10 0 5 2; 0 0 3 2"
-            << "0 0 4 2; 10 0 5 2"
-            << "0-1 -1, 1-0 0; matched 2, missing 0 of 0, extra 0 of 0";
-        QTest::newRow("one missing, one extra")
-            << "0 0 3 2; 50 0 7 2"
-            << "0 0 3 2; 10 0 5 2"
-            << "0-0 0, 1-none -5, none-1 7; matched 1, missing 1 of 5, extra 1 of 7";
-        QTest::newRow("at exactly one sigma of the target")
-            << "2 0 3 9; 13 0 1 9"
-            << "0 0 3 2; 10 0 1 2"
-            << "0-0 0, 1-none -1, none-1 1; matched 1, missing 1 of 1, extra 1 of 1";
-        QTest::newRow("an extra spot does not take the partner of another")
-            << "1.5 0 9 2; 0 0 3 2"
-            << "0 0 3 2"
-            << "0-1 0, none-0 9; matched 1, missing 0 of 0, extra 1 of 9";
-        QTest::newRow("the second nearest, if the nearest is taken")
-            << "0 0 3 2; 1.4 0 4 2"
-            << "0 0 3 2; 0.6 0 3 2"
-            << "0-0 0, 1-1 1; matched 2, missing 0 of 0, extra 0 of 0";
-        QTest::newRow("painted three times at one place, planned twice")
-            << "0 0 1 2; 0 0 2 2; 0 0 3 2"
-            << "0 0 5 2; 0 0 5 2"
-            << "0-0 -4, 1-1 -3, none-2 3; matched 2, missing 0 of 0, extra 1 of 3";
-        QTest::newRow("spots without a number are not compared")
-            << "0 0 nan 2; 5 0 1 0"
-            << "5 0 1 2; nan 0 1 2"
-            << "0-none -1; matched 0, missing 1 of 1, extra 0 of 0";
-        QTest::newRow("both empty") << ""
-                                    << ""
-                                    << "; matched 0, missing 0 of 0, extra 0 of 0";
+        tableFrom(R"(
+            | actual | planned | text
+            same places, other order | 10 0 5 2; 0 0 3 2 | 0 0 4 2; 10 0 5 2
+                | 0-1 -1, 1-0 0; matched 2, missing 0 of 0, extra 0 of 0
+            one missing, one extra | 0 0 3 2; 50 0 7 2 | 0 0 3 2; 10 0 5 2
+                | 0-0 0, 1-none -5, none-1 7; matched 1, missing 1 of 5, extra 1 of 7
+            at exactly one sigma of the target | 2 0 3 9; 13 0 1 9 | 0 0 3 2; 10 0 1 2
+                | 0-0 0, 1-none -1, none-1 1; matched 1, missing 1 of 1, extra 1 of 1
+            an extra spot does not take the partner of another | 1.5 0 9 2; 0 0 3 2 | 0 0 3 2
+                | 0-1 0, none-0 9; matched 1, missing 0 of 0, extra 1 of 9
+            the second nearest, if the nearest is taken | 0 0 3 2; 1.4 0 4 2 | 0 0 3 2; 0.6 0 3 2
+                | 0-0 0, 1-1 1; matched 2, missing 0 of 0, extra 0 of 0
+            painted three times at one place, planned twice | 0 0 1 2; 0 0 2 2; 0 0 3 2 | 0 0 5 2; 0 0 5 2
+                | 0-0 -4, 1-1 -3, none-2 3; matched 2, missing 0 of 0, extra 1 of 3
+            spots without a number are not compared | 0 0 nan 2; 5 0 1 0 | 5 0 1 2; nan 0 1 2
+                | 0-none -1; matched 0, missing 1 of 1, extra 0 of 0
+            both empty |  |  | ; matched 0, missing 0 of 0, extra 0 of 0
+        )");
     }
     void spotsBelongTogether()
     {

@@ -11,6 +11,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QDirIterator>
 #include <QProcess>
@@ -106,13 +107,13 @@ private Q_SLOTS:
 
     void whatIsRecordedIsReadBack_data()
     {
-        columns<QByteArray>("recording");
-        row("channels of several units, with gaps, limits and events",
-            QByteArray("#corvale 1\n#channels left,right plate,p/q,left\n#unit nA,nA,mm,\n"
-                       "#limits left 1,2,,9\n#range -5,5\n#t0 2026-03-01T12:00:00Z\n"
-                       "#t0-uncertainty 0.02 s\n#event before all\n0,1,,3,4\n"
-                       "0.10000000000000001,inf,-0,nan,5e-324\n#event one\n#event two\n"
-                       "0.10000000000000001,1,2,3,4\n7e9,1,2,3,4\n#event after all\n"));
+        tableFrom(R"(
+            | QByteArray recording
+            channels of several units, with gaps, limits and events | #corvale 1\n#channels left,right plate,p/q,left\n#unit nA,nA,mm,\n#limits left 1,2,,9\n#range -5,5\n#t0 2026-03-01T12:00:00Z\n#t0-uncertainty 0.02 s\n#event before all\n0,1,,3,4\n0.10000000000000001,inf,-0,nan,5e-324\n#event one\n#event two\n0.10000000000000001,1,2,3,4\n7e9,1,2,3,4\n#event after all\n
+            spots | x_mm,y_mm,mu\n1,2,0.5\n-3,2.25,0.125\n1.5,-2,1\n
+            channels without times, with gaps | #corvale 1\n#channels a,b\n#unit nA,\n1,2\n,4\nnan,nan\n
+            a channel without times | #corvale 1\n#channels a\n1\nnan\n3\n
+        )");
         row("more readings than a chunk",
             "#corvale 1\n#channels a,b,c\n" + rowsOf(9000, 3) + "#event end\n");
         row("strips with places",
@@ -126,10 +127,6 @@ private Q_SLOTS:
                        "{\"detector\":1,\"kind\":\"strips\",\"x\":{\"cells\":3,\"pitch\":2,"
                        "\"unit\":\"mm\"},\"wiring\":[2,0,1]}\n")
                 + rowsOf(4, 3));
-        row("spots", QByteArray("x_mm,y_mm,mu\n1,2,0.5\n-3,2.25,0.125\n1.5,-2,1\n"));
-        row("channels without times, with gaps",
-            QByteArray("#corvale 1\n#channels a,b\n#unit nA,\n1,2\n,4\nnan,nan\n"));
-        row("a channel without times", QByteArray("#corvale 1\n#channels a\n1\nnan\n3\n"));
         row("two acquisitions, the second with an event before its readings",
             "#corvale 1\n#channels a,b\n#unit nA\n" + rowsOf(3, 2)
                 + "#corvale 1\n#event new\n#channels c\n5,1\n6,2\n#event last\n");
@@ -269,7 +266,13 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
 
     void filesOfOthers_data()
     {
-        columns<QByteArray, QByteArray>("script", "read");
+        tableFrom(R"(
+            || QByteArray script || QByteArray read
+            NXdata without an entry
+                || f.attrs['default'] = 'd'\nd = f.create_group('d')\nd.attrs['NX_class'] = 'NXdata'\nd.attrs['signal'] = 'i'\nd.attrs['axes'] = 't'\nd['t'] = [1.0]; d['t'].attrs['units'] = 'min'\nd['i'] = [7]\n
+                || start channels i | 60: 7
+            nothing that tells what it is || f['numbers'] = [1, 2]\n || no NXentry and no NXdata
+        )");
         const auto row = [](const char *name, const QByteArray &script, const QByteArray &read) {
             QTest::newRow(name) << script << read;
         };
@@ -297,15 +300,6 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
             data(signal + "del d.attrs['axes'], t.attrs['units']\nd['i'].attrs['axes'] = 't'\n"),
             "event the axis t states no unit and is taken as seconds | start channels i:nA | 0: 1 "
             "| 500: 2 | 1500: 4");
-        row("NXdata without an entry",
-            QByteArray("f.attrs['default'] = 'd'\nd = f.create_group('d')\n"
-                       "d.attrs['NX_class'] = 'NXdata'\nd.attrs['signal'] = 'i'\n"
-                       "d.attrs['axes'] = 't'\nd['t'] = [1.0]; d['t'].attrs['units'] = 'min'\n"
-                       "d['i'] = [7]\n"),
-            "start channels i | 60: 7");
-        row("nothing that tells what it is",
-            QByteArray("f['numbers'] = [1, 2]\n"),
-            "no NXentry and no NXdata");
         row("an axis that is no time",
             data(signal + "t.attrs['units'] = 'mm'\n"),
             "scan: its signal i lies over t in mm, which is no time");

@@ -5,6 +5,7 @@
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -32,51 +33,45 @@ private Q_SLOTS:
 
     void exitCodes_data()
     {
-        columns<QString, int>("arguments", "code");
-        QTest::addColumn<QString>("said"); // on stdout or stderr
-        row("help", "--help", 0, "Usage: corvale-monitor");
-        row("version", "--version", 0, "corvale-monitor 2.");
-        row("good statistics", "--stats good.csv", 0, "nA");
-        row("good check", "--check good.csv", 0, "3 readings, 0 lines dropped");
-        row("good conversion", "--convert out.csv good.csv", 0, "");
-        row("option", "--nonsense", 1, "Try corvale-monitor --help");
-        row("source", "--stats gopher://x", 1, "not a known kind of source");
-        row("display that the data lack",
-            "--screenshot v.png --view spots good.csv",
-            1,
-            "no data for the display");
-        row("picture without a beam", "--screenshot v.png --view profile dark.csv", 0, "");
-        row("fits without a beam", "--stats dark.csv", 0, "no charge above the background");
-        row("bad line", "--stats bad.csv", 2, "1 line could not be used; --check shows it");
-        row("bad line found", "--check bad.csv", 2, "what is this");
-        row("empty", "--stats empty.csv", 2, "no readings");
-        row("only names", "--check names.csv", 2, "no readings");
-        row("no file", "--stats nowhere.csv", 3, "nowhere.csv cannot be opened");
-        row("no picture of no file", "--screenshot v.png nowhere.csv", 3, "Check the path");
-        row("a folder", "--stats .", 3, "no files called *.pgm");
-        row("nobody listens", "--stats tcp://127.0.0.1:1", 3, "switched on");
-        row("conversion to HDF5", "--convert good.h5 good.csv", 0, "");
-        row("statistics of HDF5", "--stats good.h5", 0, "nA");
-        row("check of HDF5", "--check good.h5", 0, "3 readings, 0 lines dropped");
-        row("conversion from HDF5", "--convert again.csv good.h5", 0, "");
-        row("existing HDF5", "--convert good.h5 good.csv", 4, "good.h5 exists already");
-        row("HDF5 that is the source", "--convert good.h5 --overwrite good.h5", 4, "is the source");
-        row("HDF5 without readings", "--convert none.h5 names.csv", 2, "no readings");
-        row("no folder for HDF5", "--convert no/o.h5 good.csv", 4, "no/o.h5 cannot be written");
-        row("HDF5 that is cut", "--stats cut.h5", 3, "it is not a whole HDF5 file");
-        row("repair of HDF5", "--repair cut.h5", 2, "--repair does not read");
-        row("existing output", "--convert good.csv good.csv", 4, "exists already");
-        row("no folder for output", "--convert no/o.csv good.csv", 4, "no/o.csv");
-        row("no folder for the picture", "--screenshot no/v.png good.csv", 4, "no/v.png");
-        row("output that is the source",
-            "--convert good.csv --overwrite ./good.csv",
-            4,
-            "is the source");
-        row("full disk below a window",
-            "sim:ic4 --settings full.xui --record /dev/full --overwrite --after 5frames",
-            4,
-            "5 readings are missing: /dev/full: No space left");
-        row("full disk", "--convert /dev/full --overwrite good.csv", 4, "/dev/full");
+        tableFrom(R"(
+            | arguments | int code | said
+            help                       | --help | 0 | Usage: corvale-monitor
+            version                    | --version | 0 | corvale-monitor 2.
+            good statistics            | --stats good.csv | 0 | nA
+            good check                 | --check good.csv | 0 | 3 readings, 0 lines dropped
+            good conversion            | --convert out.csv good.csv | 0 |
+            option                     | --nonsense | 1 | Try corvale-monitor --help
+            source                     | --stats gopher://x | 1 | not a known kind of source
+            display that the data lack | --screenshot v.png --view spots good.csv | 1 | no data for the display
+            picture without a beam     | --screenshot v.png --view profile dark.csv | 0 |
+            fits without a beam        | --stats dark.csv | 0 | no charge above the background
+            bad line                   | --stats bad.csv | 2 | 1 line could not be used; --check shows it
+            bad line found             | --check bad.csv | 2 | what is this
+            empty                      | --stats empty.csv | 2 | no readings
+            only names                 | --check names.csv | 2 | no readings
+            no file                    | --stats nowhere.csv | 3 | nowhere.csv cannot be opened
+            no picture of no file      | --screenshot v.png nowhere.csv | 3 | Check the path
+            a folder                   | --stats . | 3 | no files called *.pgm
+            nobody listens             | --stats tcp://127.0.0.1:1 | 3 | switched on
+            conversion to HDF5         | --convert good.h5 good.csv | 0 |
+            statistics of HDF5         | --stats good.h5 | 0 | nA
+            check of HDF5              | --check good.h5 | 0 | 3 readings, 0 lines dropped
+            conversion from HDF5       | --convert again.csv good.h5 | 0 |
+            existing HDF5              | --convert good.h5 good.csv | 4 | good.h5 exists already
+            HDF5 that is the source    | --convert good.h5 --overwrite good.h5 | 4 | is the source
+            HDF5 without readings      | --convert none.h5 names.csv | 2 | no readings
+            no folder for HDF5         | --convert no/o.h5 good.csv | 4 | no/o.h5 cannot be written
+            HDF5 that is cut           | --stats cut.h5 | 3 | it is not a whole HDF5 file
+            repair of HDF5             | --repair cut.h5 | 2 | --repair does not read
+            existing output            | --convert good.csv good.csv | 4 | exists already
+            no folder for output       | --convert no/o.csv good.csv | 4 | no/o.csv
+            no folder for the picture  | --screenshot no/v.png good.csv | 4 | no/v.png
+            output that is the source  | --convert good.csv --overwrite ./good.csv | 4 | is the source
+            full disk below a window   | sim:ic4 --settings full.xui --record /dev/full --overwrite --after 5frames | 4
+                | 5 readings are missing: /dev/full: No space left
+            full disk                  | --convert /dev/full --overwrite good.csv | 4 | /dev/full
+        )");
+        // on stdout or stderr
     }
 
     void exitCodes()

@@ -10,6 +10,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <atomic>
 #include <thread>
@@ -54,12 +55,20 @@ private Q_SLOTS:
 
     void whatIsLostIsSaid_data()
     {
-        columns<QByteArray, QString, QString>("tail", "places", "last");
-        row("nothing", QByteArray("3,4\n"), "", "3: 4");
-        row("a wrong line",
-            QByteArray("3,4\n4;5\n5,6\n"),
-            "lost: 1 line (9), after 3 s, before 5 s: *",
-            "5: 6");
+        tableFrom(R"(
+            | QByteArray tail | places | last
+            nothing                                        | 3,4\n |  | 3: 4
+            a wrong line                                   | 3,4\n4;5\n5,6\n | lost: 1 line (9), after 3 s, before 5 s: * | 5: 6
+            lines together                                 | x\ny\n1e,2\n3,4\n4,5\n
+                | lost: 3 lines (8 to 10), after 2 s, before 3 s: * | 4: 5
+            a line whose time goes back before a wrong one | 1,7\nx\n3,4\n4,5\n
+                | lost: 2 lines (8 to 9), after 2 s, before 3 s: * | 4: 5
+            the end of a part                              | x\n#corvale 1\n#channels a\n7,4\n8,5\n
+                | lost: 1 line (8), after 2 s, before another part begins: * | 8: 5
+            the end                                        | x\n | lost: 1 line (8), after 2 s, before the end of the file: *
+                | 2: 3
+            cut off                                        | 3,4 | lost: the recording's last line is incomplete* | 2: 3
+        )");
         row("zeros after a power cut",
             QByteArray(100, '\0'),
             "lost: the recording's last line is incomplete*",
@@ -68,23 +77,6 @@ private Q_SLOTS:
             QByteArray(100, '\0') + "\n3,4\n4,5\n",
             "lost: 1 line (8), after 2 s, before 3 s: *",
             "4: 5");
-        row("lines together",
-            QByteArray("x\ny\n1e,2\n3,4\n4,5\n"),
-            "lost: 3 lines (8 to 10), after 2 s, before 3 s: *",
-            "4: 5");
-        row("a line whose time goes back before a wrong one",
-            QByteArray("1,7\nx\n3,4\n4,5\n"),
-            "lost: 2 lines (8 to 9), after 2 s, before 3 s: *",
-            "4: 5");
-        row("the end of a part",
-            QByteArray("x\n#corvale 1\n#channels a\n7,4\n8,5\n"),
-            "lost: 1 line (8), after 2 s, before another part begins: *",
-            "8: 5");
-        row("the end",
-            QByteArray("x\n"),
-            "lost: 1 line (8), after 2 s, before the end of the file: *",
-            "2: 3");
-        row("cut off", QByteArray("3,4"), "lost: the recording's last line is incomplete*", "2: 3");
     }
     //! The copy has everything that is left and says what is not; the recording stays as it was.
     void whatIsLostIsSaid()

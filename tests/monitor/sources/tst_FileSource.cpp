@@ -8,6 +8,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 Q_DECLARE_METATYPE(Monitor::FileSource::Options)
 
@@ -88,13 +89,18 @@ private Q_SLOTS:
     void imagesBecomeFrames_data()
     {
         // ">" begins a stream of frames with that many rows and columns.
-        columns<QByteArray, QString>("bytes", "expected");
+        tableFrom(R"(
+            || QByteArray bytes || expected
+            text; the upper row has the larger y || P2\n2 3 9\n1 2\n3 4 5 6 || > 3 x 2 | 0: 5 6 3 4 1 2
+            comments and times                   || P2 # a picture\n# t 1.5\n1 1 # one\n9\n# x\n7\nP2\n# t 2.5\n1 1 9 8
+                || > 1 x 1 | 1.5: 7 | 2.5: 8
+            another size                         || P2 1 1 9 7 P2 2 1 9 1 2 || > 1 x 1 | 0: 7 | > 1 x 2 | 0.1: 1 2
+            time goes back                       || P2\n# t 5\n1 1 9 1 P2\n# t 4\n1 1 9 2 P2\n# t 6\n1 1 9 3
+                || refused 2 back | > 1 x 1 | 5: 1 | 6: 3
+        )");
         const auto bytes = [](const char *text, int size) {
             return QByteArray(text, size);
         };
-        row("text; the upper row has the larger y",
-            QByteArray("P2\n2 3 9\n1 2\n3 4 5 6"),
-            "> 3 x 2 | 0: 5 6 3 4 1 2");
         row("a byte each", bytes("P5 2 1 255\n\x01\xff", 13), "> 1 x 2 | 0: 1 255");
         row("two bytes each, the high one first",
             bytes("P5 2 1 65535\n\x01\x02\xff\xff", 17),
@@ -102,18 +108,9 @@ private Q_SLOTS:
         row("one after the other, with white space between or none",
             QByteArray("P5 1 1 255\nAP5 1 1 255\nB\n\nP2 1 1 9 7 "),
             "> 1 x 1 | 0: 65 | 0.1: 66 | 0.2: 7");
-        row("comments and times",
-            QByteArray("P2 # a picture\n# t 1.5\n1 1 # one\n9\n# x\n7\nP2\n# t 2.5\n1 1 9 8"),
-            "> 1 x 1 | 1.5: 7 | 2.5: 8");
-        row("another size",
-            QByteArray("P2 1 1 9 7 P2 2 1 9 1 2"),
-            "> 1 x 1 | 0: 7 | > 1 x 2 | 0.1: 1 2");
         row("a value above the largest costs one image",
             QByteArray("P2 1 1 9 10 P5 1 1 9\nAP2 1 1 9 9 "),
             "refused 1-2 unreadable | > 1 x 1 | 0: 9");
-        row("time goes back",
-            QByteArray("P2\n# t 5\n1 1 9 1 P2\n# t 4\n1 1 9 2 P2\n# t 6\n1 1 9 3"),
-            "refused 2 back | > 1 x 1 | 5: 1 | 6: 3");
         const QByteArray broken =
             "|P|P2|P2 2|P2 0 1 9 |P2 257 1 9 1|P2 1 99999999999 9 1|P2 -1 1 9 1|"
             "P2 1e1 1 9 1|P2 1 1 0 1|P2 1 1 65536 1|P2 2 1 9 1|P2 2 1 9 1 x|"

@@ -10,6 +10,7 @@
 #include "tests/support/RealReadings.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 using namespace Monitor;
 
@@ -314,7 +315,15 @@ private Q_SLOTS:
     void spotsAgainstAPlan_data()
     {
         // Lists of spots, a line each, with the names of the columns in the first one.
-        columns<QByteArray, QByteArray, QString, QString>("planned", "measured", "errors", "doses");
+        tableFrom(R"(
+            | QByteArray planned | QByteArray measured | errors | doses
+            by their places                  | x_mm,y_mm,mu\n0,0,10\n30,0,10\n | x_mm,y_mm,mu\n30.5,0,10\n0.5,0,10\n70,0,1\n
+                | 2 spots: mean X 0.500, Y 0.000 mm; sigma X 0.000, Y 0.000 mm; worst 0.500 mm (row 1); 0 outside 1 x 1 mm
+                | 0 missing (0 MU), 1 extra (1 MU); total dose 21 MU of 20 MU; largest difference of a spot 0 MU
+            planned and measured in one list |  | x_mm,y_mm,mu,x_planned_mm,y_planned_mm,mu_planned\n1,0,9,0,0,10\n5,5,1,,,\n
+                | 1 spots: mean X 1.000, Y 0.000 mm; sigma X -, Y - mm; worst 1.000 mm (row 1); 0 outside 1 x 1 mm
+                | 0 missing (0 MU), 1 extra (1 MU); total dose 10 MU of 10 MU; largest difference of a spot -1 MU
+        )");
         const QByteArray names = "spot,x_mm,y_mm,mu\n";
         row("by their numbers, however far they are off",
             names + "1,0,0,10\n2,50,0,10\n3,90,0,10\n",
@@ -330,23 +339,6 @@ private Q_SLOTS:
             "spot 1); 0 outside 1 x 1 mm",
             "0 missing (0 MU), 0 extra (0 MU); total dose 30 MU of 30 MU; largest difference of a "
             "spot 0 MU");
-        row("by their places",
-            QByteArray("x_mm,y_mm,mu\n0,0,10\n30,0,10\n"),
-            QByteArray("x_mm,y_mm,mu\n30.5,0,10\n0.5,0,10\n70,0,1\n"),
-            "2 spots: mean X 0.500, Y 0.000 mm; sigma X 0.000, Y 0.000 mm; worst 0.500 mm (row 1); "
-            "0 "
-            "outside 1 x 1 mm",
-            "0 missing (0 MU), 1 extra (1 MU); total dose 21 MU of 20 MU; largest difference of a "
-            "spot 0 MU");
-        row("planned and measured in one list",
-            QByteArray(),
-            QByteArray(
-                "x_mm,y_mm,mu,x_planned_mm,y_planned_mm,mu_planned\n1,0,9,0,0,10\n5,5,1,,,\n"),
-            "1 spots: mean X 1.000, Y 0.000 mm; sigma X -, Y - mm; worst 1.000 mm (row 1); 0 "
-            "outside "
-            "1 x 1 mm",
-            "0 missing (0 MU), 1 extra (1 MU); total dose 10 MU of 10 MU; largest difference of a "
-            "spot -1 MU");
         row("a spot without a place",
             names + "1,0,0,10\n",
             names + "1,nan,0,10\n",

@@ -4,6 +4,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 
 #include <QRandomGenerator>
 
@@ -281,19 +282,13 @@ private Q_SLOTS:
 
     void placesInTime_data()
     {
-        columns<QString, QString, double, QString>("recordings", "told", "length", "note");
-        row("one that is undated begins with the first",
-            "1000 0 500|- 7000 7200",
-            "A@1000=0 B@1000=0 B@1200=1 A@1500=1",
-            0.5,
-            "B after 0: WARNING the recording does not state when it was taken: it is played from "
-            "the beginning of the tape");
-        row("all are undated", "- 5000 6000|- 0 300", "A@0=0 B@0=0 B@300=1 A@1000=1", 1.0, "");
-        row("a short time between them is played",
-            "0 0 1000|50000 0 400",
-            "A@0=0 A@1000=1 B@50000=0 B@50400=1",
-            50.4,
-            "");
+        tableFrom(R"(
+            || recordings || told || double length || note
+            one that is undated begins with the first || 1000 0 500|- 7000 7200 || A@1000=0 B@1000=0 B@1200=1 A@1500=1 || 0.5
+                || B after 0: WARNING the recording does not state when it was taken: it is played from the beginning of the tape
+            all are undated                           || - 5000 6000|- 0 300 || A@0=0 B@0=0 B@300=1 A@1000=1 || 1.0 ||
+            a short time between them is played       || 0 0 1000|50000 0 400 || A@0=0 A@1000=1 B@50000=0 B@50400=1 || 50.4 ||
+        )");
     }
     void placesInTime()
     {

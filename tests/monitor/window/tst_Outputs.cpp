@@ -7,8 +7,8 @@
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TextTable.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 using namespace Monitor;
@@ -174,28 +174,14 @@ private Q_SLOTS:
 
     void anExpressionIsRefusedAtItsPlace_data()
     {
-        columns<QString, QString, QString, QString>("name", "expression", "fault", "marked");
-        QTest::newRow("a good one") << "sum"
-                                    << "ch1 + ch2"
-                                    << ""
-                                    << "";
-        QTest::newRow("no such channel") << "sum"
-                                         << "ch1 + ch9 * 2"
-                                         << "sum: character 7: no channel is called \"ch9\""
-                                         << "ch9";
-        QTest::newRow("a name that is taken") << "ch2"
-                                              << "ch1"
-                                              << "ch2: there is already a channel called \"ch2\""
-                                              << "";
-        QTest::newRow("a name that would be read as another one")
-            << "a = b"
-            << "ch1"
-            << "a = b: a name or a unit cannot have the signs =, [ and ]"
-            << "";
-        QTest::newRow("no name") << ""
-                                 << "ch1"
-                                 << "the computed channel has no name"
-                                 << "";
+        tableFrom(R"(
+            | name | expression | fault | marked
+            a good one                               | sum | ch1 + ch2 |  |
+            no such channel                          | sum | ch1 + ch9 * 2 | sum: character 7: no channel is called "ch9" | ch9
+            a name that is taken                     | ch2 | ch1 | ch2: there is already a channel called "ch2" |
+            a name that would be read as another one | a = b | ch1 | a = b: a name or a unit cannot have the signs =, [ and ] |
+            no name                                  |  | ch1 | the computed channel has no name |
+        )");
     }
 
     void anExpressionIsRefusedAtItsPlace()

@@ -50,7 +50,7 @@ HoverReading TimePlotMode::readingAt(double x) const
     if (row < 1)
         return reading;
     const double pixel = m_context.plot->axisInterval(QwtPlot::xBottom).width() / 1000.0;
-    // Before the first sample and after the last one, only a pointer beside them means them.
+    // Before the first sample and after the last one, the pointer must be close to the sample to mean it.
     constexpr double besidePixels = 20.0;
     const double stamp = sampleX(m_drawnReader, row);
     const bool isEnd = row == m_drawnRows.first || row == m_drawnRows.last;

@@ -70,7 +70,7 @@ QString nameOfLanguage(const QString &code)
     return name;
 }
 
-//! Reads a number into \a number; an empty text is \a otherwise. Returns false if the text is no number.
+//! Reads a number into \a number; an empty text gives \a otherwise. Returns false if the text is not a number.
 bool readNumber(const QLineEdit *edit, double otherwise, double *number)
 {
     const QString text = edit->text().trimmed();
@@ -79,7 +79,7 @@ bool readNumber(const QLineEdit *edit, double otherwise, double *number)
     return isNumber && !std::isnan(*number);
 }
 
-//! Returns the height of the highest page, so that the dialog opens with all of each page.
+//! Returns the height of the tallest page, so that the dialog opens with all of each page.
 int highest(const QTabWidget &pages)
 {
     int height = 0;

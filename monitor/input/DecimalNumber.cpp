@@ -39,7 +39,7 @@ constexpr std::uint64_t zeros = 0x3030303030303030; // "00000000"
 //! Returns how many of the eight characters of \a text are digits before the first other one. The first is in the lowest byte.
 int countDigits(std::uint64_t text)
 {
-    // Either sum has the highest bit of a byte set if it is no digit. What such a byte carries over changes later ones only.
+    // Either sum has the highest bit of a byte set if it is not a digit. What such a byte carries over changes only later ones.
     constexpr std::uint64_t aboveNine = 0x4646464646464646, highest = 0x8080808080808080;
     const std::uint64_t others = ((text + aboveNine) | (text - zeros)) & highest;
     return others == 0 ? 8 : __builtin_ctzll(others) / 8;

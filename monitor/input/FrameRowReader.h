@@ -25,7 +25,7 @@ public:
     //! A reader of frames of one size.
     FrameRowReader(int rows, int columns);
 
-    //! Begins a frame; rows that are still missing of the frame before are forgotten.
+    //! Begins a frame, and forgets the rows that the previous one still lacks.
     void begin(double time);
     //! Returns whether rows of the frame are missing.
     bool isOpen() const { return m_row < m_rows; }

@@ -11,7 +11,7 @@ namespace Monitor {
 QStringList detectorPresets();
 //! Returns what the detector of that name is, as a person would say it; empty if there is none.
 QString presetText(const QString &name);
-//! Returns whether the name begins as those of presets do, and therefore is no file.
+//! Returns whether the name begins as those of presets do, and is therefore not a file.
 bool isPresetName(const QString &name);
 
 /*! Returns the detector of a preset, or the one that a file describes. Returns an empty layout, and the reason in \a fault, if

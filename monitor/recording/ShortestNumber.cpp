@@ -26,7 +26,7 @@ constexpr int smallestFixed =
 
 __extension__ using Sixteen = unsigned __int128;
 
-//! The digits of a number, without zeros at either end, and how many of them are behind the point; fewer than none if zeros follow.
+//! The digits of a number, without zeros at either end, and how many of them are behind the point; negative if zeros follow.
 struct Digits
 {
     Sixteen text = 0; //!< as characters, the first in the lowest byte
@@ -91,7 +91,7 @@ bool findDecimal(double value, int most, Digits *digits)
     if (decimals < 0)
         return false;
     const double power = powersOfTen[decimals];
-    // A half that is rounded to the wrong side is no number that divides to the value.
+    // A half that is rounded to the wrong side does not divide to the value.
     const auto number = std::int64_t(value * power + 0.5); // NOLINT(bugprone-incorrect-roundings)
     if (double(number) / power != value)
         return false;

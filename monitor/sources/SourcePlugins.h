@@ -51,7 +51,7 @@ private:
 
     QStringList m_folders;
     QVector<Description> m_plugins;
-    QStringList m_faults; //!< of files that are no plugins for this program
+    QStringList m_faults; //!< of files that are not plugins for this program
 };
 
 } // namespace Monitor

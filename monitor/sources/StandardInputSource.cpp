@@ -55,7 +55,7 @@ LineCounts StandardInputSource::counts() const
 void StandardInputSource::open()
 {
 #ifdef F_SETPIPE_SZ
-    // An instrument goes on writing while the window is painted. What is no pipe refuses this.
+    // An instrument goes on writing while the window is painted. Anything but a pipe refuses this.
     constexpr int roomOfPipe = 1024 * 1024;
     ::fcntl(m_descriptor, F_SETPIPE_SZ, roomOfPipe);
 #endif

@@ -80,7 +80,7 @@ void TapeCache::save(const TapeIndex &index) const
 {
     if (m_fingerprint.isEmpty() || m_fingerprint != fingerprint() || !QDir().mkpath(m_folder))
         return;
-    // An index tells what a recording holds, and so is for nobody else.
+    // An index tells what a recording holds, so nobody else may read it.
     constexpr auto own = QFile::ReadOwner | QFile::WriteOwner;
     QFile::setPermissions(m_folder, own | QFile::ExeOwner);
     if (QFileInfo(m_file).isSymLink() && !QFile::remove(m_file))

@@ -131,7 +131,7 @@ double TapeIndex::positionOf(const TapeSpot &spot) const
     if (m_parts.empty())
         return 0.0;
     const Part &its = part(std::clamp(spot.part, 0, parts() - 1));
-    // In the order of end(), beyond which rounding would lead otherwise.
+    // Summed in the order of end(): another order may round to a place behind it.
     return its.begin + (std::clamp(spot.time, its.firstTime, its.lastTime) - its.firstTime);
 }
 

@@ -23,7 +23,7 @@ class ClearUndo : public QObject
     Q_OBJECT
 
 public:
-    //! For how long readings can be brought back.
+    //! How long readings can be brought back.
     static constexpr double patience = 60.0; // s
 
     //! \a notice is a line of the window that this object fills.

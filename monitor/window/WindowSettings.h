@@ -25,7 +25,7 @@ public:
 
     //! Returns the absolute path of the file.
     QString fileName() const { return m_file; }
-    //! Makes the folder of the file, as every change does; reading makes nothing.
+    //! Creates the folder of the file, as every change does; reading creates nothing.
     void makeFolder() const;
     bool isXml() const;
     //! Returns whether the file has choices of an operator on the statistics page.

@@ -43,7 +43,7 @@ private:
     std::vector<Variable> m_variables;
     std::vector<double> m_values;
     double m_time = 0.0; //!< of the newest value of the row
-    double m_lastTime = 0.0; //!< of the row before
+    double m_lastTime = 0.0; //!< of the previous row
     int m_waiting = 0; //!< new values in the row
     int m_present = 0;
     bool m_any = false; //!< whether there was a row before

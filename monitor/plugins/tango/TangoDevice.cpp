@@ -17,7 +17,7 @@ namespace {
 using Form = TangoAttribute::Form;
 using Quality = TangoReading::Quality;
 
-//! A window shows no larger image, and no longer spectrum.
+//! A window shows no image larger than this, and no longer spectrum.
 constexpr int largestSide = 256;
 constexpr int longestSpectrum = 65536;
 

@@ -190,7 +190,7 @@ QString TangoStream::channelName(const TangoAttribute &attribute) const
 }
 
 /*! Returns the newest time of the readings, in seconds since 1970. It does not go back unless the clock of the device was set back; where
-    the device tells none, it is that of the row before. */
+    the device tells none, it is that of the previous row. */
 double TangoStream::timeOf(const std::vector<TangoReading> &readings)
 {
     double newest = missing;

@@ -12,6 +12,7 @@
 #include <corvale_qt/proxies/RVXZeroingProxyModel.h>
 
 #include <QClipboard>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -119,6 +120,7 @@ QSize LatestValuePanel::sizeHint() const
 //! The names get the room that they need, the values the rest, and at least enough for a number.
 void LatestValuePanel::fitNames()
 {
+    m_leastNameWidth.reset();
     updateGeometry(); // limits have words beside the values
     const int room = m_table->viewport()->width() - valueWidth();
     const int least = leastNameWidth();
@@ -135,12 +137,16 @@ int LatestValuePanel::valueWidth() const
     return values.horizontalAdvance(hasLimits ? LimitMarks::longestMark() + number : number);
 }
 
-//! Short names can be read whole beside their box and colour, however narrow the panel becomes.
+/*! Short names can be read whole beside their box and colour, however narrow the panel becomes. Layouts ask for the width again and
+    again, and to measure all names takes long. */
 int LatestValuePanel::leastNameWidth() const
 {
-    const int digit = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-    const QAbstractItemView &table = *m_table;
-    return std::clamp(table.sizeHintForColumn(0), 8 * digit, 13 * digit);
+    if (!m_leastNameWidth) {
+        const int digit = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+        const QAbstractItemView &table = *m_table;
+        m_leastNameWidth = std::clamp(table.sizeHintForColumn(0), 8 * digit, 13 * digit);
+    }
+    return *m_leastNameWidth;
 }
 
 QSize LatestValuePanel::minimumSizeHint() const
@@ -148,6 +154,13 @@ QSize LatestValuePanel::minimumSizeHint() const
     const int scrollBar = m_table->verticalScrollBar()->sizeHint().width();
     const int ofTable = leastNameWidth() + valueWidth() + scrollBar + 8;
     return {std::max(ofTable, QWidget::minimumSizeHint().width()), 100};
+}
+
+void LatestValuePanel::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitNames();
+    QWidget::changeEvent(event);
 }
 
 //! Fits the columns to the room of the table, which a scroll bar takes some of when many channels come.

@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class QAbstractItemModel;
 class QLabel;
 class QModelIndex;
@@ -39,6 +41,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -54,6 +57,7 @@ private:
     StaleMarks *m_marks;
     QLabel *m_baseline;
     ValueTable *m_table;
+    mutable std::optional<int> m_leastNameWidth; //!< until the names, the font or the size change
 };
 
 } // namespace Monitor

@@ -43,6 +43,30 @@ private Q_SLOTS:
         QVERIFY(heard(states, QAccessible::Description).contains("Space"));
     }
 
+    //! Longer names and wider letters need more room beside the values, and give it back.
+    void namesOfChannelsCanBeRead()
+    {
+        SmallWindow w(file("names.xui"));
+        QWidget *panel = w.values()->parentWidget();
+        const auto leastWidth = [&](const char *name) {
+            StreamHeader header;
+            header.channels = {{name, "nA"}};
+            w.source->begin(header);
+            w.source->give(1.0, {2.0});
+            w.settle();
+            return panel->minimumSizeHint().width();
+        };
+        const int narrow = leastWidth("a");
+        QVERIFY(leastWidth("the strip far left") > narrow);
+        QCOMPARE(leastWidth("a"), narrow);
+        leastWidth("strip");
+        QFont spread = panel->font(); // as high as before, so that no row changes
+        spread.setLetterSpacing(QFont::AbsoluteSpacing, 5.0);
+        panel->setFont(spread);
+        const int ofSpread = panel->minimumSizeHint().width();
+        QCOMPARE(leastWidth("strip"), ofSpread);
+    }
+
     void theTriggerIsSetByKeyboard()
     {
         WindowInTest w(file("trigger.xui"));

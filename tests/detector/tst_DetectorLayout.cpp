@@ -28,55 +28,70 @@ QString text(const QVector<double> &numbers)
     return words.join(' ');
 }
 
+//! Changes an axis; returns false if it has no such field.
+bool changeAxis(DetectorAxis &axis, const QString &field, const QVector<double> &numbers)
+{
+    if (field == "cells")
+        axis.cells = int(numbers[0]);
+    else if (field == "positions")
+        axis.positions = numbers;
+    else if (field == "at")
+        axis = DetectorAxis::at(numbers, mm);
+    else if (field == "count")
+        axis = DetectorAxis::counted(int(numbers[0]));
+    else if (field == "uniform")
+        axis = DetectorAxis::uniform(int(numbers[0]), numbers[1], mm);
+    else if (field == "pitch")
+        axis.pitch = numbers[0];
+    else if (field == "offset")
+        axis.offset = numbers[0];
+    else if (field == "widths")
+        axis.widths = numbers;
+    else if (field == "reversed")
+        axis.reversed = true;
+    else
+        return false;
+    return true;
+}
+
+//! Changes what is not of one axis.
+void changeRest(DetectorDescription &description,
+                const QString &what,
+                const QVector<double> &numbers)
+{
+    if (what == "matrix")
+        description.kind = DetectorKind::Matrix;
+    else if (what == "channels")
+        description.kind = DetectorKind::Channels;
+    else if (what == "wiring")
+        description.wiring = QVector<int>(numbers.begin(), numbers.end());
+    else if (what == "readings")
+        description.readings = int(numbers[0]);
+    else if (what == "noise")
+        description.noise = numbers[0];
+    else if (what == "density")
+        description.density = true;
+    else if (what == "gains")
+        for (const double gain : numbers) {
+            description.channels.resize(description.channels.size() + 1);
+            description.channels.last().gain = gain;
+        }
+    else
+        qFatal("no such step: %s", qPrintable(what));
+}
+
 /*! Changes a description by a script, such as "x.positions 0 1 3; x.reversed; wiring 0 7 -1": numbers behind the name of what they
     are for. "x.count 3" states cells without a pitch, "x.uniform 4 2" four cells with a pitch of 2 mm. */
 void change(DetectorDescription &description, const QString &script)
 {
     for (const QString &step : script.split("; ")) {
-        QStringList words = step.split(' ');
-        const QString what = words.takeFirst();
+        const QStringList words = step.split(' ');
         QVector<double> numbers;
-        for (const QString &word : qAsConst(words))
+        for (const QString &word : words.mid(1))
             numbers << word.toDouble();
-        const int first = numbers.isEmpty() ? 1 : int(numbers[0]);
-        DetectorAxis &axis = what.startsWith('y') ? description.y : description.x;
-        const QString field = what.section('.', 1);
-        if (field == "cells")
-            axis.cells = first;
-        else if (field == "positions")
-            axis.positions = numbers;
-        else if (field == "at")
-            axis = DetectorAxis::at(numbers, mm);
-        else if (field == "count")
-            axis = DetectorAxis::counted(first);
-        else if (field == "uniform")
-            axis = DetectorAxis::uniform(first, numbers[1], mm);
-        else if (field == "pitch")
-            axis.pitch = numbers[0];
-        else if (field == "offset")
-            axis.offset = numbers[0];
-        else if (field == "widths")
-            axis.widths = numbers;
-        else if (field == "reversed")
-            axis.reversed = true;
-        else if (what == "kind")
-            description.kind =
-                DetectorKind(words[0] == "matrix" ? DetectorKind::Matrix : DetectorKind::Channels);
-        else if (what == "wiring")
-            description.wiring = QVector<int>(numbers.begin(), numbers.end());
-        else if (what == "readings")
-            description.readings = first;
-        else if (what == "gains")
-            for (const double gain : numbers) {
-                description.channels.resize(description.channels.size() + 1);
-                description.channels.last().gain = gain;
-            }
-        else if (what == "noise")
-            description.noise = numbers[0];
-        else if (what == "density")
-            description.density = true;
-        else
-            qFatal("no such step: %s", qPrintable(step));
+        DetectorAxis &axis = step.startsWith("y.") ? description.y : description.x;
+        if (!changeAxis(axis, words[0].section('.', 1), numbers))
+            changeRest(description, words[0], numbers);
     }
 }
 
@@ -133,8 +148,8 @@ private Q_SLOTS:
             | script | message
             no cells | x.cells 0; x.positions | x.cells: the strips of neither x nor y are stated
             negative cells | y.cells -1 | y.cells: must be between 0 and 4096
-            a matrix beyond all bounds | kind matrix; x.count 256; y.count 2000000000 | y.cells: must be between 0 and 256
-            a matrix without rows | kind matrix | y.cells: a matrix has rows and columns
+            a matrix beyond all bounds | matrix; x.count 256; y.count 2000000000 | y.cells: must be between 0 and 256
+            a matrix without rows | matrix | y.cells: a matrix has rows and columns
             repeated positions | x.positions 0 1 1
                 | x.positions[2]: 1 follows 1: positions must rise, or fall, without repeating
             a position that is not a number | x.positions 0 nan 3 | x.positions[1]: is not a usable length
@@ -149,7 +164,7 @@ private Q_SLOTS:
             too few readings | readings 2 | readings: 2 readings are fewer than 3 cells
             too few channels | gains 1 | channels: there are 1 channels for 3 readings
             a gain of 0 | gains 1 0 1 | channels.gain[1]: is 0 or not a usable number
-            a list of channels with an axis | kind channels | x: a list of channels has no axes
+            a list of channels with an axis | channels | x: a list of channels has no axes
             a noise of 0 | noise 0 | noise: is not above 0
         )");
     }

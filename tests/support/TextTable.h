@@ -16,7 +16,7 @@ inline void tableFrom(const char *text)
     const QString separator(QString::fromUtf8(text).trimmed().startsWith("||") ? "||" : "|");
     for (const QString &line : QString::fromUtf8(text).replace(lineInRow, " ").split('\n')) {
         QStringList cells;
-        for (QString cell : line.split(separator))
+        for (const QString &cell : line.split(separator))
             cells << cell.trimmed().replace("\\n", "\n");
         const QString name = cells.takeFirst();
         if (types.isEmpty()) {

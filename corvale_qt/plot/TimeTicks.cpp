@@ -110,7 +110,10 @@ QString dateText(qint64 local)
     int year = 0;
     int month = 0;
     int day = 0;
-    QDate(1970, 1, 1).addDays(floorDivided(local, kDay)).getDate(&year, &month, &day);
+    const QDate date = QDate(1970, 1, 1).addDays(floorDivided(local, kDay));
+    date.getDate(&year, &month, &day);
+    if (year < 0 || year > 9999)
+        return date.toString(QStringLiteral("yyyy-MM-dd"));
     return digits(year, 4) % QLatin1Char('-') % twoDigits(month) % QLatin1Char('-')
         % twoDigits(day);
 }

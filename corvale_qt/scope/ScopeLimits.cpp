@@ -162,7 +162,7 @@ void ScopeLimits::show(LineOf lineOf)
             if (!drawn.lines().contains(line))
                 missing.append(line);
         }
-        // Most channels have the limits of another one: the model, which takes longer, is not asked about them.
+        // Most channels share their limits with another one, so that the model, which takes longer, need not be asked.
         if (missing.isEmpty() || !m_model.isShown(watch.key()))
             continue;
         for (const LimitLines::Line &line : missing)

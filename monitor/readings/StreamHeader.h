@@ -48,8 +48,8 @@ struct StreamHeader
     StreamKind kind = StreamKind::Channels;
     QVector<Channel> channels;
     int computed = 0; //!< how many of the last channels were computed from the others
-    bool hasTimes =
-        true; //!< false if nothing states when readings were taken: their times are their numbers, from 1
+    //! False if nothing states when readings were taken: their times are their numbers then, from 1.
+    bool hasTimes = true;
     QDateTime startTime; //!< the moment at which t was 0; invalid if it is unknown
     double startUncertainty = 0.0; //!< of the start time, in seconds; 0 if nobody states one
     //! Readings outside these limits, unless they are computed, are over range; there are no limits if both are equal.
@@ -69,7 +69,7 @@ struct StreamHeader
     QString frameUnit; //!< unit of the values of a frame; empty if it is not known
     int leftOutChannels = 0; //!< channels of the source beyond the 256 that are read
 
-    //! Returns whether the order of the readings counts and not their times: of spots, and of readings without times.
+    //! Returns whether the readings are a list, in which only their order counts: spots, and readings without times.
     bool isList() const { return kind == StreamKind::Spots || !hasTimes; }
     //! Returns whether the readings are frames.
     bool hasFrames() const { return frameSize > 0; }

@@ -219,7 +219,7 @@ void Recorder::addHeaderIfDue()
                      recordingHeader(m_header, m_options.source));
 }
 
-//! Has the header written although nothing follows it yet.
+//! Writes the header even if nothing follows it yet.
 void Recorder::beginWithHeader()
 {
     addHeaderIfDue();

@@ -59,8 +59,8 @@ private:
     int m_descriptor = -1;
     qint64 m_size = 0;
     QString m_error;
-    int m_errorNumber =
-        0; //!< of the system, whose text only the owner's thread asks for; 0 if m_error says what is wrong
+    //! The system's number of an error, or 0 if m_error says what is wrong. Its text is made in the owner's thread only.
+    int m_errorNumber = 0;
 };
 
 } // namespace Monitor

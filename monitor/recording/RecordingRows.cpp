@@ -68,7 +68,7 @@ void appendFrame(QByteArray *text, int rows, int columns, double time, const dou
     }
 }
 
-//! Appends the line of a reading without a time. The first of a single value is written out, since an empty line would be none.
+//! Appends the line of a reading without a time. A single value is written even if it is NaN, since an empty line is not a row.
 void appendUntimedRow(QByteArray *text, const double *values, int channels)
 {
     NumberText row(text);

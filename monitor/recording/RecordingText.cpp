@@ -2,6 +2,7 @@
 #include "monitor/recording/RecordingText.h"
 
 #include "monitor/recording/RecordingRows.h"
+#include "monitor/recording/RecordingWriter.h"
 
 #include <utility>
 
@@ -56,8 +57,11 @@ void RecordingText::appendLoss()
 {
     if (m_lost == 0)
         return;
-    m_waiting.append("#event " + QByteArray::number(m_lost)
-                     + " readings were lost here because the disk was full\n");
+    QByteArray line;
+    appendRecordingEvent(
+        &line,
+        QStringLiteral("%1 readings were lost here because the disk was full").arg(m_lost));
+    m_waiting.append(line);
     m_lost = 0;
 }
 

@@ -5,8 +5,8 @@
 
 namespace Monitor {
 
-/*! How much of a stream a run takes: a number of readings, a number of seconds of the readings' times, or everything. Readings without times take as
-    long as playing them.
+/*! How much of a stream a run takes: a number of readings, a number of seconds of the readings' times, or everything. Seconds of readings
+    without times are those that it takes to play them.
     It cuts exactly after the last reading, whatever the blocks are. */
 class ReadingLimit
 {

@@ -16,7 +16,7 @@ namespace Monitor {
 namespace {
 
 constexpr int usualBlocks = TapeIndex::maxBlocks / 2;
-// Bytes: fewer than a line has, so that a short file has a block for each reading.
+// In bytes. It is shorter than a line, so that a short file has a block for each reading.
 constexpr qint64 smallestBlock = 8;
 constexpr qint64 largestBlock = 16 * 1024 * 1024;
 

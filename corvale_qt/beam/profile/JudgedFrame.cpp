@@ -143,7 +143,7 @@ void fillStripRaster(JudgedFrame &frame)
     }
 }
 
-//! Returns the largest of \a values that is above \a floor, and otherwise that; a NaN is left out.
+//! Returns the largest of \a floor and those of \a values that are not NaN.
 double largestOf(const QVector<double> &values, double floor)
 {
     // Two comparisons of pairs do not wait for each other.
@@ -164,9 +164,11 @@ void fillMatrixRaster(JudgedFrame &frame)
 {
     const DetectorFrame &cells = frame.cells;
     frame.beam.raster = cells.values;
-    for (int cell = 0; cells.layout.unwiredCells() > 0 && cell < cells.values.size(); ++cell) {
-        if (cells.layout.readingAt(cell) < 0)
-            frame.beam.raster[cell] = std::nan("");
+    if (cells.layout.unwiredCells() > 0) {
+        for (int cell = 0; cell < cells.values.size(); ++cell) {
+            if (cells.layout.readingAt(cell) < 0)
+                frame.beam.raster[cell] = std::nan("");
+        }
     }
     frame.beam.calc.max = largestOf(frame.beam.raster, frame.beam.calc.max);
 }

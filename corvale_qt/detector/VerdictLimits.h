@@ -27,8 +27,8 @@ struct CORVALE_QT_EXPORT VerdictLimits
 //! A limit and its key in the description of a detector.
 struct VerdictLimitField
 {
-    const char *key; //!< for example "residual_rms"
-    double VerdictLimits::*limit; //!< the limit itself
+    const char *key = nullptr; //!< for example "residual_rms"
+    double VerdictLimits::*limit = nullptr; //!< the limit itself
 };
 
 //! All limits, for programs that keep, show or compare them one by one.

@@ -122,8 +122,7 @@ QString dateText(qint64 local)
 QString timeOfDayText(qint64 local, qint64 step)
 {
     const qint64 ofDay = local - floorDivided(local, kDay) * kDay;
-    const QString minutes =
-        twoDigits(ofDay / kHour) % QLatin1Char(':') % twoDigits(ofDay / kMinute % 60);
+    QString minutes = twoDigits(ofDay / kHour) % QLatin1Char(':') % twoDigits(ofDay / kMinute % 60);
     const bool hasSeconds = step % kMinute != 0;
     if (!hasSeconds)
         return minutes;

@@ -2,6 +2,7 @@
 #include "monitor/input/LineProtocol.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/input/CleanText.h"
 #include "monitor/input/ColumnPlan.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/MultichannelRowReader.h"

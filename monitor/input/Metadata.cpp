@@ -3,6 +3,7 @@
 
 #include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
+#include "monitor/input/CleanText.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/StatedMoment.h"
 #include "monitor/readings/PixelShape.h"
@@ -26,21 +27,6 @@ QStringList cleanList(const QString &value)
 }
 
 } // namespace
-
-QString cleanText(const QString &text, int length)
-{
-    QString clean;
-    for (const QChar c : text) {
-        if (c.isSpace())
-            clean += QLatin1Char(' ');
-        else if (c.isPrint() || c.isSurrogate())
-            clean += c;
-    }
-    clean = clean.simplified();
-    // A surrogate pair is kept or left out as a whole.
-    const bool cutsACharacter = clean.size() > length && clean.at(length - 1).isHighSurrogate();
-    return clean.left(cutsACharacter ? length - 1 : length).trimmed();
-}
 
 Metadata::Line Metadata::take(std::string_view line)
 {

@@ -10,11 +10,6 @@
 
 namespace Monitor {
 
-//! Length of the longest name or unit in characters; the rest is cut off.
-constexpr int maxNameLength = 64;
-//! Length of the longest event or other text for people in characters; the rest is cut off.
-constexpr int maxTextLength = 500;
-
 //! Collects the contents of the "#" lines of a stream.
 class Metadata
 {
@@ -87,9 +82,5 @@ private:
     QString m_event;
     QString m_fault;
 };
-
-/*! Returns a text from outside as one line of at most \a length characters, without control characters and without
-    blanks at its ends. */
-QString cleanText(const QString &text, int length);
 
 } // namespace Monitor

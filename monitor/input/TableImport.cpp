@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/TableImport.h"
 
+#include "monitor/input/CleanText.h"
 #include "monitor/input/ColumnPlan.h"
 #include "monitor/input/LineText.h"
-#include "monitor/input/Metadata.h"
 #include "monitor/input/StatedMoment.h"
 
 #include <QStringList>

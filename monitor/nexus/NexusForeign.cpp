@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/core/Text.h"
-#include "monitor/input/Metadata.h"
+#include "monitor/input/CleanText.h"
 #include "monitor/input/StatedMoment.h"
 #include "monitor/nexus/NexusEntry.h"
 #include "monitor/nexus/NexusNames.h"

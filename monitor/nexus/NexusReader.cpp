@@ -2,7 +2,7 @@
 #include "monitor/nexus/NexusReader.h"
 
 #include "monitor/core/Text.h"
-#include "monitor/input/Metadata.h"
+#include "monitor/input/CleanText.h"
 #include "monitor/nexus/NexusTree.h"
 #include "monitor/nexus/TextHeapGuard.h"
 

@@ -2,7 +2,7 @@
 #include "monitor/nexus/NexusTree.h"
 
 #include "monitor/core/Text.h"
-#include "monitor/input/Metadata.h"
+#include "monitor/input/CleanText.h"
 #include "monitor/nexus/NexusWriter.h"
 
 namespace Monitor {
@@ -34,7 +34,7 @@ bool isOfClass(hid_t parent, const QString &name, const char *nexusClass)
 //! Returns the name of the NXdata of a group that is to be shown; empty if it has none.
 QString dataIn(hid_t group)
 {
-    const QString stated = attributeText(group, "default");
+    QString stated = attributeText(group, "default");
     if (isOfClass(group, stated, "NXdata"))
         return stated;
     for (const QString &name : namesIn(group))

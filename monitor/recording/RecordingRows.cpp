@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingRows.h"
 
+#include "monitor/input/CleanText.h"
 #include "monitor/recording/ShortestNumber.h"
 
 #include <cmath>
@@ -111,6 +112,11 @@ void appendRecordingReading(QByteArray *text,
         appendRecordingRow(text, time, values, shape.values);
     else
         appendUntimedRow(text, values, shape.values);
+}
+
+void appendRecordingEvent(QByteArray *text, const QString &event)
+{
+    *text += "#event " + cleanText(event, maxTextLength).toUtf8() + "\n";
 }
 
 } // namespace Monitor

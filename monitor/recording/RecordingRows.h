@@ -6,8 +6,8 @@
 namespace Monitor {
 
 /*! \file
-    The readings of a recording as text: lines "time,value,value,..." with as many digits as restore every number bit for bit. Readings
-    without times have lines "value,value,...". */
+    The lines of a recording that follow its header. A reading is "time,value,value,..." with as many digits as restore
+    every number bit for bit, or "value,value,..." if it has no time. */
 
 //! How many bytes of text are read or written at a time.
 inline constexpr int recordingPiece = 1024 * 1024;
@@ -34,5 +34,7 @@ void appendRecordingReading(QByteArray *text,
                             const ReadingShape &shape,
                             double time,
                             const double *values);
+//! Appends an "#event" line.
+void appendRecordingEvent(QByteArray *text, const QString &event);
 
 } // namespace Monitor

@@ -2,7 +2,6 @@
 #include "monitor/recording/RecordingText.h"
 
 #include "monitor/recording/RecordingRows.h"
-#include "monitor/recording/RecordingWriter.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingWriter.h"
 
+#include "monitor/input/CleanText.h"
 #include "monitor/input/LineSplitter.h"
-#include "monitor/input/Metadata.h"
 #include "monitor/readings/LimitTexts.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
@@ -107,11 +107,6 @@ QByteArray recordingHeader(const StreamHeader &header, const QString &source)
     const bool fits = line.size() <= LineSplitter::maxLength;
     const QByteArray shortLine = (header.hasTimes ? "time_s," : "") + names.join(',');
     return text + (fits ? line : shortLine) + "\n";
-}
-
-void appendRecordingEvent(QByteArray *text, const QString &event)
-{
-    *text += "#event " + cleanText(event, maxTextLength).toUtf8() + "\n";
 }
 
 } // namespace Monitor

@@ -21,7 +21,5 @@ inline ReadingShape readingShape(const StreamHeader &header)
 {
     return {header.valuesPerReading(), header.frameRows, header.hasTimes};
 }
-//! Appends an "#event" line.
-void appendRecordingEvent(QByteArray *text, const QString &event);
 
 } // namespace Monitor

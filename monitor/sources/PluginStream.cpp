@@ -2,7 +2,7 @@
 #include "monitor/sources/PluginStream.h"
 
 #include "monitor/core/Text.h"
-#include "monitor/input/Metadata.h"
+#include "monitor/input/CleanText.h"
 
 #include <algorithm>
 

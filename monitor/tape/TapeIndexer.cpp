@@ -18,16 +18,14 @@ namespace {
 constexpr int usualBlocks = TapeIndex::maxBlocks / 2;
 // In bytes. It is shorter than a line, so that a short file has a block for each reading.
 constexpr qint64 smallestBlock = 8;
-constexpr qint64 largestBlock = 16 * 1024 * 1024;
+constexpr qint64 largestBlock = 16LL * 1024 * 1024;
 
 //! Puts what is read into an index, block by block.
 class IndexSink : public StreamSink
 {
 public:
-    explicit IndexSink(const TableReader *const &reader)
-        : m_reader(reader)
-    {
-    }
+    //! Sets what is asked where it stands; it must be set before the first reading.
+    void setReader(const TableReader *reader) { m_reader = reader; }
 
     //! Begins a block at the place up to which the reader has read.
     void beginBlock()
@@ -104,7 +102,7 @@ public:
     bool isComplete = true;
 
 private:
-    const TableReader *const &m_reader;
+    const TableReader *m_reader = nullptr;
     TapeBlock m_block;
     StreamHeader m_header;
     GapWatch m_gaps;
@@ -118,10 +116,9 @@ private:
 TapeIndex
 indexTape(const QString &path, const ImportOptions &options, TapeIndexing *indexing, QString *error)
 {
-    const TableReader *pointer = nullptr;
-    IndexSink sink(pointer);
+    IndexSink sink;
     const std::unique_ptr<TableReader> reader = makeTableReader(path, sink, options);
-    pointer = reader.get();
+    sink.setReader(reader.get());
     if (!reader->open(path)) {
         *error = reader->errorString();
         return {};

@@ -177,14 +177,15 @@ void recordReadings()
                       RecordingFile::usualMode),
             "no file can be opened");
     constexpr int rows = 1000, blocks = 1000, blocksOfTurn = 300;
-    ReadingBlock readings(1);
+    constexpr ReadingShape shape{1, 0, true};
+    ReadingBlock readings(shape.values);
     const double value = 1.0;
     for (int row = 0; row < rows; ++row)
         readings.append(0.0, &value);
     RecordingWorker worker;
     worker.setFile(&file, true);
     for (int number = 0; number < blocks; ++number) {
-        worker.add(readings, 0);
+        worker.add(readings, shape);
         worker.add(RecordingBatch::Entry::Kind::Lines, "#event\n");
         require(!worker.isStuck() && worker.size() >= 0 && worker.lostReadings() == 0,
                 "readings were not written");
@@ -201,7 +202,7 @@ void recordReadings()
     require(worker.size() == bytes, "bytes are missing");
     require(QFile::remove(file.path()), "the file cannot be removed");
     while (!worker.isStuck())
-        worker.add(readings, 0);
+        worker.add(readings, shape);
 }
 
 //! Two threads change a number without a lock.

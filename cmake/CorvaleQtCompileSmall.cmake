@@ -1,0 +1,47 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+# What runs with each reading or each frame is compiled to be fast. The rest, most of the library, runs when a window is made or a
+# person does something: optimised builds compile it to be small, which takes a third of its code away.
+
+# corvale_qt_fast(File.cpp ...): sources of the calling folder that run with each reading or each frame.
+function(corvale_qt_fast)
+  foreach(source IN LISTS ARGN)
+    if(NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
+      message(FATAL_ERROR "corvale_qt_fast: there is no ${source} in ${CMAKE_CURRENT_SOURCE_DIR}")
+    endif()
+    set_property(GLOBAL APPEND PROPERTY CORVALE_QT_FAST "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
+  endforeach()
+endfunction()
+
+# corvale_qt_compile_small(target): compiles the other sources of the target to be small. Called after corvale_qt_compile_folders(), of
+# whose sources made of several those become small that have only such sources.
+function(corvale_qt_compile_small target)
+  if(NOT CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo)$" OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    return()
+  endif()
+  get_property(fast GLOBAL PROPERTY CORVALE_QT_FAST)
+  get_target_property(sources ${target} SOURCES)
+  get_target_property(base ${target} SOURCE_DIR)
+  get_target_property(binary ${target} BINARY_DIR)
+  set(small "${binary}/${target}_autogen/mocs_compilation.cpp")
+  foreach(source IN LISTS sources)
+    get_filename_component(source "${source}" ABSOLUTE BASE_DIR "${base}")
+    if(NOT source MATCHES "\\.cpp$" OR source IN_LIST fast)
+      continue()
+    endif()
+    get_source_file_property(group "${source}" TARGET_DIRECTORY ${target} UNITY_GROUP)
+    if(CORVALE_QT_COMPILE_FOLDERS AND group)
+      set(small_group "${group}_small")
+      set_source_files_properties("${source}" TARGET_DIRECTORY ${target} PROPERTIES UNITY_GROUP ${small_group})
+      list(APPEND small "${binary}/CMakeFiles/${target}.dir/Unity/unity_${small_group}_cxx.cxx")
+    else()
+      list(APPEND small "${source}")
+    endif()
+  endforeach()
+  list(REMOVE_DUPLICATES small)
+  # Loops begin at addresses that suit the processor, as before; that functions and jumps do so takes a twentieth of the code.
+  # Each function has a section of its own, so that the linker leaves out what nothing calls.
+  target_compile_options(${target} PRIVATE -fno-align-functions -fno-align-jumps -ffunction-sections -fdata-sections)
+  # Precompiled headers are compiled to be fast, and gcc takes what it optimises for from them.
+  set_source_files_properties(${small} TARGET_DIRECTORY ${target} PROPERTIES
+    COMPILE_OPTIONS -Os SKIP_PRECOMPILE_HEADERS ON)
+endfunction()

@@ -150,6 +150,23 @@ private:
     double m_largestScale = 0;
 };
 
+/*! Returns the roots of the diagonal of (J^T J)^-1 from J P = Q R, whose J has more rows than columns: the length of R^-T P^T e for
+    each unit vector e. */
+Eigen::VectorXd lengthsOfInverse(const Eigen::ColPivHouseholderQR<Eigen::MatrixXd> &qr)
+{
+    const Eigen::Index columns = qr.cols();
+    const auto transposed =
+        qr.matrixR().topLeftCorner(columns, columns).triangularView<Eigen::Upper>().transpose();
+    Eigen::VectorXd lengths(columns);
+    for (Eigen::Index i = 0; i < columns; ++i) {
+        Eigen::VectorXd solution =
+            qr.colsPermutation().transpose() * Eigen::VectorXd::Unit(columns, i);
+        transposed.solveInPlace(solution);
+        lengths[i] = solution.norm();
+    }
+    return lengths;
+}
+
 /*! Sets the standard errors from the covariance of the parameters, (J^T J)^-1 times the variance of a residual: that of the
     noise if it is known, otherwise the sum of squares over the degrees of freedom. */
 void takeErrors(const BeamProfile &profile,
@@ -163,14 +180,13 @@ void takeErrors(const BeamProfile &profile,
     Eigen::VectorXd values(residuals.values());
     residuals.df(p, jacobian);
     residuals(p, values);
-    const Eigen::FullPivLU<Eigen::MatrixXd> solver(jacobian.transpose() * jacobian);
-    if (!solver.isInvertible())
+    const Eigen::ColPivHouseholderQR<Eigen::MatrixXd> qr(jacobian);
+    if (!qr.isInjective())
         return;
     const double variance = profile.noise > 0
         ? std::pow(profile.noise / residuals.unit(), 2)
         : values.squaredNorm() / (residuals.values() - parameters);
-    const Eigen::MatrixXd inverse = solver.inverse();
-    const Eigen::VectorXd errors = (inverse.diagonal() * variance).cwiseSqrt();
+    const Eigen::VectorXd errors = lengthsOfInverse(qr) * std::sqrt(variance);
     result.position.error = guess.sigma * errors[Mean];
     result.sigma.error = result.sigma.value * errors[LogSigma];
     result.height.error = guess.height * errors[Height];

@@ -17,6 +17,8 @@ public:
         const QString text = QString::number(count) + QLatin1Char(' ') + QLatin1String(noun);
         return count == 1 ? text : text + QLatin1Char('s');
     }
+    //! Returns why something is not done that needs a thread.
+    static QString noThread() { return tr("the system cannot start another thread"); }
 };
 
 } // namespace Monitor

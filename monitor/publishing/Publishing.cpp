@@ -2,6 +2,7 @@
 #include "monitor/publishing/Publishing.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/sources/PluginCall.h"
 #include "monitor/sources/SourcePlugins.h"
 
 #include <QMap>
@@ -24,7 +25,9 @@ ResultPublisher *publisherOf(const QString &address, QString *error)
     }
     ResultPublisher *publisher = SourcePlugins().loadPublisher(scheme, error);
     if (publisher)
-        *error = publisher->checkPublished(address);
+        callPlugin(error, [&] {
+            *error = publisher->checkPublished(address);
+        });
     return error->isEmpty() ? publisher : nullptr;
 }
 
@@ -50,7 +53,10 @@ std::vector<std::unique_ptr<Publication>> openPublications(const QStringList &ad
         QStringList asked;
         for (const int index : each.value())
             asked.append(addresses[index]);
-        auto opened = each.key()->publish(asked, error);
+        std::vector<std::unique_ptr<Publication>> opened;
+        callPlugin(error, [&] {
+            opened = each.key()->publish(asked, error);
+        });
         if (opened.size() != std::size_t(asked.size())) {
             *error =
                 QStringLiteral("--publish %1: %2").arg(asked.join(QStringLiteral(", ")), *error);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingWorker.h"
 
+#include "monitor/core/ThreadStart.h"
 #include "monitor/recording/RecordingFile.h"
 #include "monitor/recording/RecordingRows.h"
 
-#include <system_error>
 #include <utility>
 
 namespace Monitor {
@@ -46,7 +46,7 @@ void RecordingWorker::add(RecordingBatch::Entry::Kind kind, const QByteArray &li
 //! Hands what was added to the thread, and waits while it is far behind.
 void RecordingWorker::seal()
 {
-    if (!startThread()) {
+    if (!hasThread()) {
         workOnFilling();
         return;
     }
@@ -64,19 +64,12 @@ void RecordingWorker::seal()
     m_wakeUp.notify_one();
 }
 
-//! Returns false if the system has no more threads.
-bool RecordingWorker::startThread()
+//! Starts the thread if that was not possible until now.
+bool RecordingWorker::hasThread()
 {
-    if (m_thread.joinable())
-        return true;
-    try {
-        m_thread = std::thread([this] {
-            run();
-        });
-    } catch (const std::system_error &) {
-        return false;
-    }
-    return true;
+    return m_thread.joinable() || startThread(&m_thread, [this] {
+               run();
+           });
 }
 
 void RecordingWorker::settle()

@@ -16,7 +16,7 @@ namespace Monitor {
 class RecordingFile;
 
 /*! Turns what is recorded into text and writes it in large pieces, in a separate thread if much comes at once. What little
-    has come is left until settle(), which needs no thread.
+    has come is left until settle(), which needs no thread. Where the system has no more threads, the caller does all of the work.
 
     The thread only does what usually succeeds. If the file is not in its place any more, or the disk does not take everything, it
     writes no more and isStuck(); the owner then decides what becomes of the text that waits. */
@@ -52,7 +52,7 @@ public:
 
 private:
     void seal();
-    bool startThread();
+    bool hasThread();
     void run();
     void workOnFilling();
     void work(const RecordingBatch &batch);

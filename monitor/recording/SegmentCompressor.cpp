@@ -2,6 +2,7 @@
 #include "monitor/recording/SegmentCompressor.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/core/ThreadStart.h"
 #include "monitor/recording/DraftFile.h"
 
 #include <QFile>
@@ -34,6 +35,13 @@ QString faultOfSegment(QFile *file, const QString &target, bool replaces)
     if (::flock(file->handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
         return Text::tr("a recorder is writing to it");
     return {};
+}
+
+QString staysText(const QString &path, SegmentForm form, const QString &why)
+{
+    return form == SegmentForm::Hdf5
+        ? Text::tr("%1 is complete, but stays text: %2").arg(path, why)
+        : Text::tr("%1 is complete, but stays uncompressed: %2").arg(path, why);
 }
 
 //! Writes the other form of a file and checks it. Returns why that is not possible; empty if it is.
@@ -80,9 +88,7 @@ bool convertSegment(const QString &path,
     if (fault.isEmpty() && isNamed(file, path) && !file.remove())
         fault = file.errorString();
     if (!fault.isEmpty())
-        *error = conversion.form == SegmentForm::Hdf5
-            ? Text::tr("%1 is complete, but stays text: %2").arg(path, fault)
-            : Text::tr("%1 is complete, but stays uncompressed: %2").arg(path, fault);
+        *error = staysText(path, conversion.form, fault);
     return fault.isEmpty();
 }
 
@@ -94,11 +100,14 @@ SegmentCompressor::~SegmentCompressor()
 void SegmentCompressor::add(const QString &path, const SegmentConversion &conversion)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    const bool hasThread = m_thread.joinable() || startThread(&m_thread, [this] {
+                               run();
+                           });
+    if (!hasThread) {
+        m_errors.append(staysText(path, conversion.form, Text::noThread()));
+        return;
+    }
     m_pending.push_back({path, conversion});
-    if (!m_thread.joinable())
-        m_thread = std::thread([this] {
-            run();
-        });
     m_wakeUp.notify_one();
 }
 

@@ -25,7 +25,7 @@ public:
     SegmentCompressor(const SegmentCompressor &) = delete;
     SegmentCompressor &operator=(const SegmentCompressor &) = delete;
 
-    //! Brings a file to which nothing is written any more into another form.
+    //! Brings a file to which nothing is written any more into another form. It stays as it is, with an error, if the thread cannot start.
     void add(const QString &path, const SegmentConversion &conversion);
     //! Returns the files that are not compressed yet; the first one is in work.
     QStringList pending() const;

@@ -2,6 +2,7 @@
 #include "monitor/sources/PluginSource.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/sources/PluginCall.h"
 #include "monitor/sources/PluginStream.h"
 
 #include <algorithm>
@@ -40,8 +41,13 @@ void PluginSource::start()
     setState(State::Connecting, LoggedText::of([this] {
                  return tr("opening %1").arg(m_address);
              }));
-    m_connection = m_plugin.open(m_address, m_queue);
-    if (!m_connection && state() == State::Connecting)
+    QString error;
+    callPlugin(&error, [this] {
+        m_connection = m_plugin.open(m_address, m_queue);
+    });
+    if (!error.isEmpty())
+        fail(error);
+    else if (!m_connection && state() == State::Connecting)
         fail(LoggedText::of([] {
             return tr("the plugin cannot open it");
         }));

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Text.h"
 #include "monitor/sources/PgmSource.h"
+#include "monitor/sources/PluginCall.h"
 #include "monitor/sources/PluginSource.h"
 #include "monitor/sources/SerialSource.h"
 #include "monitor/sources/SimulatorSource.h"
@@ -121,7 +122,9 @@ std::unique_ptr<Source> SourceFactory::ofPlugin(const QString &text)
     CorvaleMonitor::SourcePlugin *plugin =
         SourcePlugins().load(SourcePlugins::schemeOf(text), &error);
     if (plugin)
-        error = plugin->check(text);
+        callPlugin(&error, [&] {
+            error = plugin->check(text);
+        });
     else
         error = Text::tr("\"%1\" is not a known kind of source: %2").arg(text, error);
     if (!error.isEmpty())

@@ -31,6 +31,7 @@ TcpClientSource::TcpClientSource(Clock &clock,
             QOverload<QAbstractSocket::SocketError>::of(&QAbstractSocket::errorOccurred),
             this,
             &TcpClientSource::socketFailed);
+    connect(&clock, &Clock::tick, this, &TcpClientSource::giveUpLookup);
     if (!question.text.isEmpty())
         setLongestSilence(std::max(usualSilence, intervalsOfPatience * question.every));
 }
@@ -54,6 +55,7 @@ QString TcpClientSource::remedy() const
 void TcpClientSource::open()
 {
     close();
+    m_openedAt = clock().seconds();
     m_socket.connectToHost(m_host, m_port);
 }
 
@@ -102,6 +104,18 @@ void TcpClientSource::socketFailed()
     }
     m_up = false;
     lostBecause(came, endedByPeer && !wasReset);
+}
+
+//! Qt looks for names in threads and waits without end for the answer, which never comes if such a thread cannot start.
+void TcpClientSource::giveUpLookup()
+{
+    const bool isSearching = m_socket.state() == QAbstractSocket::HostLookupState;
+    if (!isSearching || clock().seconds() - m_openedAt < longestLookup)
+        return;
+    close();
+    lostBecause(LoggedText::of([] {
+        return tr("its name was not resolved in time");
+    }));
 }
 
 void TcpClientSource::poll()

@@ -20,6 +20,8 @@ public:
     static constexpr double usualInterval = 0.1;
     //! Seconds that an instrument which used to answer may be silent at least.
     static constexpr double usualSilence = 30.0;
+    //! Seconds after which the host is looked for by its name once more.
+    static constexpr double longestLookup = 30.0;
     //! What to ask the instrument, and how often.
     struct Question
     {
@@ -45,6 +47,7 @@ private:
     void socketConnected();
     void socketReadable();
     void socketFailed();
+    void giveUpLookup();
     void ask();
 
     const QString m_host;
@@ -52,6 +55,7 @@ private:
     const Question m_question;
     QTcpSocket m_socket;
     SocketEnd m_end;
+    double m_openedAt = 0.0;
     double m_askedAt = 0.0;
     bool m_answered = true;
     bool m_up = false;

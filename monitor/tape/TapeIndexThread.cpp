@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/tape/TapeIndexThread.h"
 
+#include "monitor/core/Text.h"
+#include "monitor/core/ThreadStart.h"
 #include "monitor/tape/TapeCache.h"
 
 namespace Monitor {
@@ -8,10 +10,14 @@ namespace Monitor {
 TapeIndexThread::TapeIndexThread(const QString &path,
                                  const ImportOptions &options,
                                  const QString &cacheFolder)
-    : m_thread([this, path, options, cacheFolder] {
-        run(path, options, cacheFolder);
-    })
 {
+    const bool hasThread = startThread(&m_thread, [this, path, options, cacheFolder] {
+        run(path, options, cacheFolder);
+    });
+    if (hasThread)
+        return;
+    m_error = Text::noThread();
+    tellEnd();
 }
 
 TapeIndexThread::~TapeIndexThread()
@@ -32,6 +38,11 @@ void TapeIndexThread::run(const QString &path,
         if (!m_index.isEmpty())
             cache.save(m_index);
     }
+    tellEnd();
+}
+
+void TapeIndexThread::tellEnd()
+{
     m_indexing.progress = 1.0;
     m_done = true;
 }

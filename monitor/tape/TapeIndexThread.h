@@ -12,7 +12,7 @@ namespace Monitor {
 class TapeIndexThread
 {
 public:
-    //! Starts the thread. \a cacheFolder is that of TapeCache.
+    //! Starts the thread; if that is not possible, there is no index. \a cacheFolder is that of TapeCache.
     TapeIndexThread(const QString &path,
                     const ImportOptions &options,
                     const QString &cacheFolder = {});
@@ -23,7 +23,7 @@ public:
 
     //! Returns how much of the recording was read, from 0 to 1.
     double progress() const { return m_indexing.progress; }
-    //! Returns whether the thread has ended.
+    //! Returns whether the thread has ended, or could not start.
     bool isDone() const { return m_done; }
     //! Waits for the thread and returns the index; an empty one, with errorString(), if there is none.
     const TapeIndex &result();
@@ -32,6 +32,7 @@ public:
 
 private:
     void run(const QString &path, const ImportOptions &options, const QString &cacheFolder);
+    void tellEnd();
 
     TapeIndexing m_indexing;
     std::atomic<bool> m_done{false};

@@ -8,11 +8,10 @@ is broken, a small library that is loaded before the monitor refuses them (faili
 import errno
 import os
 import shutil
-import subprocess
 import sys
-from pathlib import Path
 
 import plants
+import preloaded
 from bench import main
 from readings import Fault, expect_all, header, lines, recorded
 
@@ -146,13 +145,11 @@ class BrokenDisk:
 
     def __init__(self, folder):
         self.order = folder / "error"
-        self.library = folder / "failing_disk.so"
-        source = Path(__file__).with_name("failing_disk.c")
-        subprocess.run(["cc", "-shared", "-fPIC", "-o", self.library, source, "-ldl"], check=True)
+        self.preloaded = preloaded.environment_with("failing_disk", folder)
 
     def changes(self):
         """The environment in which it is loaded."""
-        return {"LD_PRELOAD": str(self.library), "FAILING_DISK": str(self.order)}
+        return self.preloaded | {"FAILING_DISK": str(self.order)}
 
     def fail(self, error):
         self.order.write_text(str(error))
@@ -199,10 +196,10 @@ def drive(bench):
         with bench.trying("a folder that takes no file"):
             refused(bench)
         for error in ERRORS if bench.long else ERRORS[:1]:
-            for is_mended in (True, False) if shutil.which("cc") else ():
+            for is_mended in (True, False) if preloaded.can_be_made() else ():
                 with bench.trying(f"{errno.errorcode[error]}{', and the disk works again' if is_mended else ''}"):
                     broken(bench, error, is_mended)
-    if not shutil.which("cc"):
+    if not preloaded.can_be_made():
         bench.skip("a broken disk", "there is no compiler")
 
 

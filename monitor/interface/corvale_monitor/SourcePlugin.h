@@ -109,7 +109,8 @@ public:
     virtual ~SourcePlugin() = default;
     //! Returns what is wrong with an address, its scheme included, and what would be right; empty if nothing is.
     virtual QString check(const QString &address) const = 0;
-    //! Opens an address that is in order. The readings go to \a receiver, which may be kept by other threads.
+    /*! Opens an address that is in order. The readings go to \a receiver, which may be kept by other threads. Where an
+        exception derived from std::exception comes out, the source has failed for that reason. */
     virtual std::unique_ptr<SourceConnection>
     open(const QString &address, const std::shared_ptr<SourceReceiver> &receiver) = 0;
     //! Returns what a person can do if the source fails or is silent; empty if there is no general advice.

@@ -2,6 +2,7 @@
 #include "monitor/plugins/epics/ChannelAccess.h"
 
 #include "monitor/plugins/epics/EpicsText.h"
+#include "monitor/plugins/support/ReaderThreads.h"
 
 #include <QDir>
 #include <QLibrary>
@@ -63,6 +64,8 @@ const Library *Library::load(QString *error)
 {
     if (functions.message) // the last that is resolved
         return &functions;
+    // If threads cannot start, the library waits for itself without end while it is being loaded.
+    ReaderThreads::run([] {});
     for (const QString &name : libraryNames()) {
         QLibrary library(name);
         if (!library.load())

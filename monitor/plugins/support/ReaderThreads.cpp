@@ -6,6 +6,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -21,6 +22,18 @@ struct Threads
     std::mutex mutex;
     std::condition_variable ended;
     int running = 0;
+
+    void add()
+    {
+        const std::lock_guard lock(mutex);
+        ++running;
+    }
+    void remove()
+    {
+        const std::lock_guard lock(mutex);
+        --running;
+        ended.notify_all();
+    }
 };
 
 //! Returns the threads. They are never destroyed, since one may outlive main().
@@ -39,17 +52,17 @@ void run(std::function<void()> task)
         qAddPostRoutine(&waitForAll);
     });
     Threads &all = threads();
-    {
-        const std::lock_guard lock(all.mutex);
-        ++all.running;
+    all.add();
+    try {
+        std::thread([task = std::move(task), &all]() mutable {
+            task();
+            task = nullptr; // nothing of it is left when the end of the program goes on
+            all.remove();
+        }).detach();
+    } catch (const std::system_error &) {
+        all.remove();
+        throw;
     }
-    std::thread([task = std::move(task), &all]() mutable {
-        task();
-        task = nullptr; // nothing of it is left when the end of the program goes on
-        const std::lock_guard lock(all.mutex);
-        --all.running;
-        all.ended.notify_all();
-    }).detach();
 }
 
 void waitForAll()

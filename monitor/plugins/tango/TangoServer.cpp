@@ -11,6 +11,7 @@
 #include <csignal>
 #include <future>
 #include <iostream>
+#include <system_error>
 
 namespace {
 
@@ -116,6 +117,7 @@ struct TangoServer::Private
     QString begin(const QVector<Device> &devices);
     QString arguments(const QVector<Device> &devices);
     void announce();
+    static void end();
 
     std::mutex mutex; //!< for what follows up to the empty line
     std::condition_variable changed;
@@ -238,6 +240,11 @@ void TangoServer::Private::announce()
             break;
         lock.lock();
     }
+    end();
+}
+
+void TangoServer::Private::end()
+{
     try {
         Tango::Util::instance()->get_dserver_device()->kill();
     } catch (const CORBA::Exception &) {
@@ -267,9 +274,14 @@ std::shared_ptr<TangoServer> TangoServer::start(const QVector<Device> &devices, 
         : TangoText::tr("the database does not answer in time");
     if (!error->isEmpty())
         return nullptr;
-    ReaderThreads::run([d = server->d] {
-        d->announce();
-    });
+    try {
+        ReaderThreads::run([d = server->d] {
+            d->announce();
+        });
+    } catch (const std::system_error &) {
+        Private::end(); // clients would wait for changes that nobody tells
+        throw;
+    }
     return server;
 }
 

@@ -322,6 +322,21 @@ private Q_SLOTS:
         QTRY_COMPARE(log.times, QVector<double>({1, 2, 4, 5}));
     }
 
+    //! Qt never tells of a name that it could not look for. It does not look for one before the event loop runs.
+    void aLookupWithoutEndIsRepeated()
+    {
+        ManualClock clock;
+        TcpClientSource source(clock, "localhost", 1, {{}, 0.1});
+        source.start();
+        clock.advance(0.99 * TcpClientSource::longestLookup);
+        QCOMPARE(source.state(), Source::State::Connecting);
+        clock.advance(0.02 * TcpClientSource::longestLookup);
+        QCOMPARE(source.state(), Source::State::Retrying);
+        QVERIFY2(source.stateText().startsWith(
+                     "tcp://localhost:1: its name was not resolved in time; trying again in 0.5 s"),
+                 qPrintable(source.stateText()));
+    }
+
     //! The system asks a silent peer soon enough, and often enough, to give it up within 30 s.
     void aVanishedPeerIsFoundBySystem()
     {

@@ -2265,6 +2265,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>reset by the other side, which did not close the connection</source>
         <translation>von der Gegenseite zurückgesetzt, die die Verbindung nicht geschlossen hat</translation>
     </message>
+    <message>
+        <source>its name was not resolved in time</source>
+        <translation>der Name wurde nicht rechtzeitig aufgelöst</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpServerForm</name>
@@ -2825,6 +2829,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>a text in it is larger than 64 MB</source>
         <translation>ein Text darin ist größer als 64 MB</translation>
+    </message>
+    <message>
+        <source>the system cannot start another thread</source>
+        <translation>das System kann keinen weiteren Thread starten</translation>
     </message>
 </context>
 <context>

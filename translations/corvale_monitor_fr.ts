@@ -2265,6 +2265,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>reset by the other side, which did not close the connection</source>
         <translation>réinitialisée par l&apos;autre côté, qui n&apos;a pas fermé la connexion</translation>
     </message>
+    <message>
+        <source>its name was not resolved in time</source>
+        <translation>son nom n&apos;a pas été résolu à temps</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpServerForm</name>
@@ -2825,6 +2829,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>a text in it is larger than 64 MB</source>
         <translation>un texte qu’il contient dépasse 64 Mo</translation>
+    </message>
+    <message>
+        <source>the system cannot start another thread</source>
+        <translation>le système ne peut pas démarrer un thread de plus</translation>
     </message>
 </context>
 <context>

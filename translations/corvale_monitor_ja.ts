@@ -2265,6 +2265,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>reset by the other side, which did not close the connection</source>
         <translation>相手側が接続を閉じずにリセットしました</translation>
     </message>
+    <message>
+        <source>its name was not resolved in time</source>
+        <translation>名前解決が時間内に完了しませんでした</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TcpServerForm</name>
@@ -2825,6 +2829,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>a text in it is larger than 64 MB</source>
         <translation>中のテキストが 64 MB を超えています</translation>
+    </message>
+    <message>
+        <source>the system cannot start another thread</source>
+        <translation>システムはこれ以上スレッドを開始できません</translation>
     </message>
 </context>
 <context>

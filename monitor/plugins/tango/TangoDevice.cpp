@@ -358,13 +358,7 @@ TangoDevice::TangoDevice(const QString &name)
 
 TangoDevice::~TangoDevice()
 {
-    if (!d->subscription)
-        return;
-    const std::lock_guard lock(subscriptionMutex());
-    Fault fault; // of which nobody wants to hear any more
-    guarded(d->name, &fault, [&] {
-        d->proxy->unsubscribe_event(*d->subscription);
-    });
+    unsubscribe();
 }
 
 std::vector<TangoAttribute> TangoDevice::attributes(const QStringList &names, Fault *fault)
@@ -416,6 +410,18 @@ bool TangoDevice::subscribe(const TangoAttribute &attribute, TangoEventQueue &qu
                                                     Tango::CHANGE_EVENT,
                                                     d->listener.get());
     });
+}
+
+void TangoDevice::unsubscribe()
+{
+    if (!d->subscription)
+        return;
+    const std::lock_guard lock(subscriptionMutex());
+    Fault fault; // of which nobody wants to hear any more
+    guarded(d->name, &fault, [&] {
+        d->proxy->unsubscribe_event(*d->subscription);
+    });
+    d->subscription.reset();
 }
 
 bool TangoDevice::ping(Fault *fault)

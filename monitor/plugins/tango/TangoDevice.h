@@ -43,6 +43,8 @@ public:
     /*! Makes the server send the changes of an attribute, beginning with its present value. They go to \a queue, which has to live longer
         than this object. Returns whether the server does; otherwise \a fault says why not, and the attribute can be read. */
     bool subscribe(const TangoAttribute &attribute, TangoEventQueue &queue, Fault *fault);
+    //! Lets nothing more go to the queue.
+    void unsubscribe();
     //! Asks for nothing. Returns whether the device has answered.
     bool ping(Fault *fault);
 

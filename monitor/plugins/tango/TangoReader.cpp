@@ -104,6 +104,8 @@ bool TangoReader::takeEventsUntilSilence(TangoDevice &device)
     }
     m_receiver->note(QStringLiteral("WARNING %1: its events do not arrive any more; it is polled")
                          .arg(m_attributes.front().channel.name));
+    // The library would go on looking for the server's events, and fill a queue that nobody empties any more.
+    device.unsubscribe();
     m_stream.configure(m_attributes, false);
     return true;
 }

@@ -4,7 +4,8 @@
 
        NAME QUALITY MILLISECONDS COLUMNS ROWS VALUE ...
 
-   with a quality of TANGO, or 9 for a failure, and a time after 2001-09-09 01:46:40 UTC. Readings of the attributes "level" and "profile"
+   with a quality of TANGO, 9 for a failure, or 8 for the error by which the library tells a client that it hears no events of the
+   server any more, and a time after 2001-09-09 01:46:40 UTC. Readings of the attributes "level" and "profile"
    are sent to clients as events. */
 #include <algorithm>
 #include <iostream>
@@ -17,6 +18,7 @@
 namespace {
 
 constexpr int failure = 9;
+constexpr int silence = 8; //!< of events; who asks for the reading gets it
 
 struct Reading
 {
@@ -48,12 +50,13 @@ void give(Tango::Attribute &attribute, const Reading &reading)
     time.tv_sec = 1000000000 + reading.milliseconds / 1000;
     time.tv_usec = reading.milliseconds % 1000 * 1000;
     const bool isImage = attribute.get_data_format() == Tango::IMAGE;
-    attribute.set_value_date_quality(values,
-                                     time,
-                                     Tango::AttrQuality(reading.quality),
-                                     reading.columns,
-                                     isImage ? reading.rows : 0,
-                                     true);
+    attribute.set_value_date_quality(
+        values,
+        time,
+        reading.quality == silence ? Tango::ATTR_VALID : Tango::AttrQuality(reading.quality),
+        reading.columns,
+        isImage ? reading.rows : 0,
+        true);
 }
 
 template<typename Type>
@@ -123,10 +126,11 @@ public:
     {
         const Tango::AutoTangoMonitor lock(this, true);
         Tango::Attribute &attribute = get_device_attr()->get_attr_by_name(attributeName.c_str());
-        if (reading.quality == failure) {
+        if (reading.quality == failure || reading.quality == silence) {
             Tango::DevErrorList errors(1);
             errors.length(1);
-            errors[0].reason = CORBA::string_dup("Broken");
+            errors[0].reason =
+                CORBA::string_dup(reading.quality == failure ? "Broken" : "API_EventTimeout");
             errors[0].desc = CORBA::string_dup("the cable is cut");
             errors[0].origin = CORBA::string_dup("TangoInstrument");
             errors[0].severity = Tango::ERR;

@@ -231,6 +231,26 @@ private Q_SLOTS:
         QCOMPARE(level.source->counts().bad() + profile.source->counts().bad(), qint64(0));
     }
 
+    //! A server whose events do not arrive any more is polled, and no reading is taken twice.
+    void eventsThatFallSilent()
+    {
+        m_instrument.set("level 0 0 1 1 1");
+        Reading level(m_instrument.address("level"));
+        QTRY_COMPARE_WITH_TIMEOUT(level.lastRow(), QString("0: 1"), patience);
+        QVERIFY(level.source->isHolding());
+        m_instrument.set("level 8 1000 1 1 2");
+        QTRY_COMPARE(level.lastRow(), QString("0: 2")); // of another stream
+        QVERIFY2(level.log->text().contains(
+                     "event WARNING level: its events do not arrive any more; it is polled"),
+                 qPrintable(level.log->text()));
+        QVERIFY(!level.source->isHolding()); // its silence is not in order any more
+        m_instrument.set("level 0 2000 1 1 3");
+        QTRY_COMPARE(level.lastRow(), QString("1: 3"));
+        QCOMPARE(level.rows().size(), 3);
+        QCOMPARE(level.starts().size(), 2);
+        QCOMPARE(level.source->counts().bad(), qint64(0));
+    }
+
     //! A server that sends events and dies is missed as soon as a polled one, and its events come again when it does.
     void serverOfEventsThatDies()
     {
@@ -380,7 +400,7 @@ private Q_SLOTS:
     {
         if (!hasTangoTest())
             QSKIP(noTangoTest);
-        Reading scalars(m_tangoTest.address("short_scalar_ro,double_scalar"));
+        Reading scalars(m_tangoTest.address("ampli,short_scalar_ro"));
         Reading spectrum(m_tangoTest.address("double_spectrum_ro"));
         Reading image(m_tangoTest.address("double_image_ro"));
         const auto areLive = [&] {
@@ -404,6 +424,8 @@ private Q_SLOTS:
             QTRY_VERIFY_WITH_TIMEOUT(areLive(), patience);
             QTRY_VERIFY(!scalars.lastRow().endsWith(": - -"));
         }
+        // The amplitude is 0 after each start, and the number beside it changes.
+        QCOMPARE(scalars.rows().filter(QRegularExpression(": (0 \\d+|- -)$")), scalars.rows());
         for (const Reading *reading : {&scalars, &spectrum, &image}) {
             QCOMPARE(reading->starts().size(), 1); // one stream all the time
             QCOMPARE(reading->source->counts().bad(), qint64(0));

@@ -3,29 +3,57 @@
 
 namespace Monitor {
 
-//! Finds the gaps in the times of a stream: steps longer than three of the usual steps.
+/*! Finds the gaps in the times of a stream: steps longer than three of the usual steps.
+
+    The usual step is known once two steps that follow each other agree and are no burst, as readings are that waited for a
+    connection: these come within milliseconds, whatever the rate. No step before is a gap. The usual step then follows those of
+    the stream slowly, without the gaps. Many long steps in a row are no gaps any more: the stream has another rate. */
 class GapWatch
 {
 public:
-    /*! Returns whether this step, in seconds, is a gap. The usual step follows the steps of the stream slowly, without
-        the gaps. Many long steps in a row are no gaps any more: the stream has another rate. Readings that came together
-        have no step. */
+    //! Returns whether this step, in seconds, is a gap. Readings of the same time have no step.
     bool isGap(double step)
     {
-        constexpr double gapFactor = 3.0, follow = 0.1;
         constexpr int stepsOfAnotherRate = 8;
-        const bool isLong = m_usualStep > 0.0 && step > gapFactor * m_usualStep;
+        if (!(step > 0.0))
+            return false;
+        if (!m_isKnown) {
+            learn(step);
+            return false;
+        }
+        const bool isLong = step > gapFactor * m_usualStep;
         m_longSteps = isLong ? m_longSteps + 1 : 0;
-        if (m_usualStep <= 0.0 || m_longSteps >= stepsOfAnotherRate)
+        if (m_longSteps >= stepsOfAnotherRate)
             m_usualStep = step;
-        else if (!isLong && step > 0.0)
+        else if (!isLong)
             m_usualStep += follow * (step - m_usualStep);
         return isLong;
     }
 
 private:
+    static constexpr double gapFactor = 3.0, follow = 0.1;
+
+    void learn(double step)
+    {
+        constexpr double longestBurst = 0.02; // s
+        // Steps that never agree, as those of readings that come in pairs, are told by their mean.
+        constexpr int enoughForMean = 64;
+        const bool agrees = step <= gapFactor * m_usualStep && m_usualStep <= gapFactor * step;
+        m_agreeing = agrees ? m_agreeing + step : step;
+        m_usualStep = agrees ? m_usualStep + follow * (step - m_usualStep) : step;
+        m_sum += step;
+        if (++m_steps >= enoughForMean)
+            m_usualStep = m_sum / m_steps;
+        m_isKnown = (agrees && m_agreeing >= longestBurst) || m_steps >= enoughForMean;
+    }
+
     double m_usualStep = 0.0;
     int m_longSteps = 0; //!< in a row
+    bool m_isKnown = false;
+    // Until the usual step is known:
+    double m_agreeing = 0.0; //!< seconds of the newest steps, which agree
+    double m_sum = 0.0;
+    int m_steps = 0;
 };
 
 } // namespace Monitor

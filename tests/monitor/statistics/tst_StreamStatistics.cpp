@@ -297,18 +297,41 @@ private Q_SLOTS:
                  valuesOf(fit, "plane estimator position position_error sigma sigma_error unit"));
     }
 
-    void anotherRateIsNoGap()
+    void gapsAreJudgedByTheUsualStep_data()
     {
+        // The steps are given as "count x seconds".
+        tableFrom(R"(
+            | QString steps | int gaps
+            until another rate is believed             | 500x0.001 500x1 | 8
+            another rate of readings in pairs          | 500x0.001 20x1,0 | 8
+            after readings that waited                 | 9x0.0001 50x0.1 | 0
+            after readings that waited, twice          | 4x0.0001 1x0.1 4x0.0001 50x0.1 | 0
+            after readings of one time                 | 5x0 50x0.1 | 0
+            after the end of an outage                 | 1x50 50x0.1 1x50 | 1
+            after two steps                            | 2x1 1x3.1 | 1
+            of a step that is just no gap              | 2x1 1x2.9 | 0
+            in pairs                                   | 100x0.1,0.0001 1x1 | 1
+            in microseconds                            | 100x1e-6 1x1e-5 | 1
+        )");
+    }
+    void gapsAreJudgedByTheUsualStep()
+    {
+        QFETCH(QString, steps);
+        QFETCH(int, gaps);
         StreamStatistics statistics;
         StreamHeader header;
         header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 1);
         statistics.startStream(header);
         ReadingBlock block(1);
         const double value = std::nan("");
-        for (int i = 0; i < 1000; ++i)
-            block.append(i < 500 ? i * 0.001 : i - 499.0, &value);
+        double time = 0.0;
+        block.append(time, &value);
+        for (const QString &some : steps.split(' '))
+            for (int i = 0; i < some.section('x', 0, 0).toInt(); ++i)
+                for (const QString &step : some.section('x', 1).split(','))
+                    block.append(time += step.toDouble(), &value);
         statistics.addReadings(block);
-        QCOMPARE(statistics.gaps(), qint64(8)); // until the new rate is believed
+        QCOMPARE(statistics.gaps(), qint64(gaps));
         QCOMPARE(statistics.channel(0).coveredTime(), 0.0); // without a reading there is none
     }
 

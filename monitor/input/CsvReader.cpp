@@ -209,17 +209,38 @@ void CsvReader::takeProtocolLine(std::string_view line, bool tooLong)
     const bool isMetadata = line.empty() || line.front() == '#';
     if (isMetadata && line.substr(0, 8) == "#corvale")
         m_isRecording = true;
-    if (isMetadata && line.substr(0, 6) == "#frame")
+    const bool beginsFrame = isMetadata && line.substr(0, 6) == "#frame";
+    const bool wasInFrame = m_protocol->isInFrame();
+    // A row that cannot be read leaves a gap in times, and none in a list. The same holds for a frame.
+    if (beginsFrame && wasInFrame && !isCounting())
+        ++m_row;
+    if (beginsFrame)
         m_frame = pointAtLine();
     m_protocol->setArrivalTime(isCounting() ? double(m_row + 1) : double(m_row) * m_rowInterval);
     const qint64 badBefore = m_protocol->counts().bad();
     m_protocol->takeLine(line, tooLong);
-    // A row that cannot be read leaves a gap in times, and none in a list.
-    const bool isRead = !isCounting() || m_protocol->counts().bad() == badBefore;
+    if (beginsFrame) { // the one before may have been refused just now
+        m_frame.counts.refused = counts().refused;
+        m_badAtFrame = m_protocol->counts().bad();
+    }
     if (isMetadata || m_protocol->isAtHeader())
         noteContext(line);
-    else if (m_protocol->hasColumns() && isRead)
+    else if (wasInFrame)
+        m_row += isFrameOver() ? 1 : 0;
+    else if (m_protocol->hasColumns() && isCounted(badBefore))
         ++m_row;
+}
+
+//! Returns whether what was read since there were so many bad lines has a number.
+bool CsvReader::isCounted(qint64 badBefore) const
+{
+    return !isCounting() || m_protocol->counts().bad() == badBefore;
+}
+
+//! Returns whether the present frame has all of its rows, and a number.
+bool CsvReader::isFrameOver() const
+{
+    return !m_protocol->isInFrame() && isCounted(m_badAtFrame);
 }
 
 //! Keeps the lines that a reader must know to go on from here.

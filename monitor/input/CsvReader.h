@@ -56,6 +56,8 @@ private:
     void takeLine(std::string_view line, bool tooLong);
     void takeProtocolLine(std::string_view line, bool tooLong);
     void beginProtocol();
+    bool isCounted(qint64 badBefore) const;
+    bool isFrameOver() const;
     bool isCounting() const { return m_rowInterval == 0.0; }
     ReadPoint pointAtLine() const;
     void noteContext(std::string_view line);
@@ -72,9 +74,10 @@ private:
     bool m_isRecording = false;
     bool m_passesDamage = false;
     std::function<void(Damage, const QString &)> m_damageHandler;
-    qint64 m_row = 0; //!< rows of the table that were read; readings, if they are counted
+    qint64 m_row = 0; //!< rows or frames of the table that were read; readings, if they are counted
     qint64 m_offset = 0; //!< bytes of the text that were read
     ReadPoint m_frame; //!< where the present frame begins
+    qint64 m_badAtFrame = 0; //!< bad lines up to there
     QByteArray m_context;
     bool m_contextTooLong = false;
     std::unique_ptr<ZstdFrames> m_frames; //!< null if the file is not compressed

@@ -26,15 +26,16 @@ bool FrameRowReader::Beginning::read(std::string_view text, double arrivalTime, 
 {
     std::vector<std::string_view> fields;
     splitFields(text, &fields);
-    const bool timed = fields.size() == 3;
+    const bool hasField = fields.size() == 3;
     time = arrivalTime;
-    const std::size_t first = timed ? 1 : 0;
-    if ((!timed && fields.size() != 2) || !readSide(fields[first], &rows)
+    isTimed = hasField && !fields[0].empty();
+    const std::size_t first = hasField ? 1 : 0;
+    if ((!hasField && fields.size() != 2) || !readSide(fields[first], &rows)
         || !readSide(fields[first + 1], &columns)) {
         *fault = Text::tr("it should be #frame TIME ROWS COLUMNS");
         return false;
     }
-    if (timed && !fields[0].empty() && (!parseNumber(fields[0], &time) || !std::isfinite(time))) {
+    if (isTimed && (!parseNumber(fields[0], &time) || !std::isfinite(time))) {
         *fault = Text::tr("the time is not a number");
         return false;
     }
@@ -55,9 +56,10 @@ FrameRowReader::FrameRowReader(int rows, int columns)
 {
 }
 
-void FrameRowReader::begin(double time)
+void FrameRowReader::begin(const Beginning &beginning)
 {
-    m_time = time;
+    m_time = beginning.time;
+    m_isTimed = beginning.isTimed;
     m_row = 0;
     m_spoiled = false;
 }

@@ -14,6 +14,7 @@ public:
     struct Beginning
     {
         double time = 0.0;
+        bool isTimed = true; //!< false if the time is that of the arrival
         int rows = 0;
         int columns = 0;
 
@@ -26,7 +27,7 @@ public:
     FrameRowReader(int rows, int columns);
 
     //! Begins a frame, and forgets the rows that the previous one still lacks.
-    void begin(double time);
+    void begin(const Beginning &beginning);
     //! Returns whether rows of the frame are missing.
     bool isOpen() const { return m_row < m_rows; }
     //! Returns whether a row of the frame was refused.
@@ -37,6 +38,8 @@ public:
     void spoilRow();
     //! Forgets the frame that has begun.
     void drop() { m_row = m_rows; }
+    //! Returns whether the present frame states its time.
+    bool isTimed() const override { return m_isTimed; }
     //! Returns whether the frames have that size.
     bool hasSize(int rows, int columns) const { return rows == m_rows && columns == m_columns; }
 
@@ -53,6 +56,7 @@ private:
     const int m_columns;
     std::vector<double> m_values;
     double m_time = 0.0;
+    bool m_isTimed = true;
     int m_row;
     bool m_spoiled = false;
 };

@@ -180,7 +180,7 @@ bool LineProtocol::takePlainRow(std::string_view line)
     return true;
 }
 
-//! Begins a frame. A change of the size begins a new acquisition.
+//! Begins a frame. Another size begins a new acquisition, and so do times where frames were only counted.
 void LineProtocol::beginFrame(std::string_view text)
 {
     FrameRowReader::Beginning frame;
@@ -199,7 +199,9 @@ void LineProtocol::beginFrame(std::string_view text)
             m_frames->drop();
         return;
     }
-    if (!m_frames || !m_frames->hasSize(frame.rows, frame.columns)) {
+    const bool isOfAnotherKind =
+        m_frames && m_isArrivalCounted && m_frames->isTimed() != frame.isTimed;
+    if (!m_frames || isOfAnotherKind || !m_frames->hasSize(frame.rows, frame.columns)) {
         if (m_rows)
             beginAcquisition();
         auto rows = std::make_unique<FrameRowReader>(frame.rows, frame.columns);
@@ -209,7 +211,7 @@ void LineProtocol::beginFrame(std::string_view text)
         m_headerTold = false;
     }
     m_frameLine = line;
-    m_frames->begin(frame.time);
+    m_frames->begin(frame);
 }
 
 void LineProtocol::takeFrameRow()

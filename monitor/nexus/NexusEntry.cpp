@@ -102,7 +102,8 @@ RecordedHeader recordedHeader(hid_t group)
     };
     return {texts ? texts->join(QLatin1Char('\n')).toUtf8() : QByteArray(),
             whole(NexusNames::recordingValues),
-            whole(NexusNames::recordingRows)};
+            whole(NexusNames::recordingRows),
+            attributeNumber(group, NexusNames::recordingTimes, 1.0) != 0.0};
 }
 
 } // namespace

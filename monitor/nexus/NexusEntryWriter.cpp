@@ -81,6 +81,8 @@ void NexusEntryWriter::describe(const RecordedHeader &recorded, const QString &s
         QString::fromUtf8(recorded.lines).split(QLatin1Char('\n'), Qt::SkipEmptyParts));
     m_output.number(group.id(), recordingValues, recorded.values);
     m_output.number(group.id(), recordingRows, recorded.frameRows);
+    if (!recorded.hasFrameTimes)
+        m_output.number(group.id(), recordingTimes, 0.0);
 }
 
 void NexusEntryWriter::makeGroup(const NexusGroup &group, bool isFirst)

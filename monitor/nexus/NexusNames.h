@@ -17,6 +17,8 @@ inline constexpr const char *recording = "recording";
 inline constexpr const char *recordingLines = "header";
 inline constexpr const char *recordingValues = "values_per_reading";
 inline constexpr const char *recordingRows = "rows_per_frame";
+//! 0 if frames are only counted.
+inline constexpr const char *recordingTimes = "frames_have_times";
 
 inline constexpr const char *events = "events";
 inline constexpr const char *eventText = "value";

@@ -41,7 +41,10 @@ bool haveTimes(const QByteArray &lines)
 
 RecordedHeader RecordedHeader::of(const StreamHeader &header, const QString &source)
 {
-    return {recordingHeader(header, source), header.valuesPerReading(), header.frameRows};
+    return {recordingHeader(header, source),
+            header.valuesPerReading(),
+            header.frameRows,
+            header.hasTimes || header.frameRows == 0};
 }
 
 StreamHeader RecordedHeader::parsed() const
@@ -57,7 +60,7 @@ StreamHeader RecordedHeader::parsed() const
     takeLines(&protocol, lines);
     // A header is told with the first reading, so the protocol gets one.
     StreamHeader form;
-    form.hasTimes = haveTimes(lines);
+    form.hasTimes = frameRows > 0 ? hasFrameTimes : haveTimes(lines);
     form.frameRows = frameRows;
     if (frameRows > 0)
         form.frameSize = values;

@@ -14,6 +14,7 @@ struct RecordedHeader
     QByteArray lines;
     int values = 0; //!< number of values in a reading
     int frameRows = 0; //!< number of lines in which a frame is written; 0 for a single line
+    bool hasFrameTimes = true; //!< whether frames have times; of other readings the lines say it
 
     //! Returns the description of a stream; \a source is a line for people.
     static RecordedHeader of(const StreamHeader &header, const QString &source);

@@ -125,6 +125,7 @@ StreamHeader StreamHeader::ofNumbers() const
 {
     StreamHeader header;
     header.channels = channels;
+    header.hasTimes = hasTimes;
     header.startTime = startTime;
     return header;
 }

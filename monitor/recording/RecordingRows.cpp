@@ -53,11 +53,15 @@ private:
 };
 
 //! Appends the cells of a matrix as a frame. An empty line would not be a row, so that NaN is written out.
-void appendFrame(QByteArray *text, int rows, int columns, double time, const double *values)
+void appendFrame(QByteArray *text, const ReadingShape &shape, double time, const double *values)
 {
+    const int rows = shape.frameRows, columns = shape.values / rows;
     *text += "#frame ";
-    appendRecordingNumber(text, time);
-    *text += ' ' + QByteArray::number(rows) + ' ' + QByteArray::number(columns) + '\n';
+    if (shape.hasTimes) {
+        appendRecordingNumber(text, time);
+        *text += ' ';
+    }
+    *text += QByteArray::number(rows) + ' ' + QByteArray::number(columns) + '\n';
     NumberText cells(text);
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns; ++column) {
@@ -107,7 +111,7 @@ void appendRecordingReading(QByteArray *text,
                             const double *values)
 {
     if (shape.frameRows > 0)
-        appendFrame(text, shape.frameRows, shape.values / shape.frameRows, time, values);
+        appendFrame(text, shape, time, values);
     else if (shape.hasTimes)
         appendRecordingRow(text, time, values, shape.values);
     else

@@ -7,7 +7,7 @@ namespace Monitor {
 
 /*! \file
     The lines of a recording that follow its header. A reading is "time,value,value,..." with as many digits as restore
-    every number bit for bit, or "value,value,..." if it has no time. */
+    every number bit for bit, or "value,value,..." if it has no time. A frame has its time in the line that begins it. */
 
 //! How many bytes of text are read or written at a time.
 inline constexpr int recordingPiece = 1024 * 1024;

@@ -53,7 +53,9 @@ int WaitingText::endOfFrame(int begin) const
     const int lineEnd = m_text.indexOf('\n', begin);
     const QList<QByteArray> words = m_text.mid(begin, lineEnd - begin).split(' ');
     int end = lineEnd + 1;
-    for (int row = 0; row < words.value(2).toInt() && end > 0; ++row)
+    const int rows =
+        words.value(words.size() - 2).toInt(); // "#frame time rows columns", or without the time
+    for (int row = 0; row < rows && end > 0; ++row)
         end = m_text.indexOf('\n', end) + 1;
     return end > 0 ? end : m_text.size();
 }

@@ -10,15 +10,17 @@ ImageSink::ImageSink(Source &source)
 {
 }
 
-void ImageSink::show(double time, const PgmImage &image)
+void ImageSink::show(double time, bool hasTime, const PgmImage &image)
 {
-    if (image.rows != m_rows || image.columns != m_columns) {
+    if (image.rows != m_rows || image.columns != m_columns || hasTime != m_hasTimes) {
+        m_hasTimes = hasTime;
         m_rows = image.rows;
         m_columns = image.columns;
         StreamHeader header;
         header.setFrames(
             Corvale_Qt::DetectorLayout::fromDescription(countedMatrix(m_rows, m_columns)),
             {});
+        header.hasTimes = m_hasTimes;
         Q_EMIT m_source.streamStarted(header);
     }
     ReadingBlock block(int(image.values.size()));

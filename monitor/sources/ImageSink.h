@@ -6,7 +6,8 @@
 
 namespace Monitor {
 
-//! Reports grey images by the signals of a source, as frames. Another size begins another acquisition.
+/*! Reports grey images by the signals of a source, as frames. Another acquisition begins with another size, and where times follow
+    images that were only counted or the other way round. */
 class ImageSink
 {
 public:
@@ -15,8 +16,8 @@ public:
 
     //! Counts an image that was read.
     void count() { ++m_counts.lines; }
-    //! Hands an image on as the frame of that time, in seconds.
-    void show(double time, const PgmImage &image);
+    //! Hands an image on as the frame of that time, in seconds; if it has no time, that is its number.
+    void show(double time, bool hasTime, const PgmImage &image);
     //! Counts and reports an image that cannot be used; \a name says which one it is, \a fault why if the refusal does not.
     void refuse(Refusal refusal, const QString &fault, const QByteArray &name);
 
@@ -28,6 +29,7 @@ private:
     LineCounts m_counts;
     int m_rows = 0; //!< of the frames of this stream
     int m_columns = 0;
+    bool m_hasTimes = true;
 };
 
 } // namespace Monitor

@@ -10,6 +10,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 namespace Monitor {
 
@@ -88,6 +89,7 @@ PgmSource::PgmSource(Clock &clock,
           [this](const QString &fault) {
               refuse(fault);
           })
+    , m_play(options.speed)
 {
     if (options.speed > 0.0)
         connect(&clock, &Clock::tick, this, &PgmSource::play);
@@ -148,20 +150,26 @@ void PgmSource::play()
     clock().stayAwake();
     for (int piece = 0; piece < mostPieces && m_waiting.size() < enough && !m_atEnd; ++piece)
         readOn();
-    const double now = clock().seconds();
-    while (!m_waiting.empty()) {
-        if (!m_playFrom) {
-            m_playFrom = m_waiting.front().time;
-            m_startedAt = now;
-        }
-        const bool due = m_options.speed == 0.0
-            || m_waiting.front().time <= *m_playFrom + (now - m_startedAt) * m_options.speed;
-        if (!due)
-            return;
-        m_images.show(m_waiting.front().time, m_waiting.front().image);
-        m_waiting.pop_front();
-    }
+    playDue();
     finishWhenPlayed();
+}
+
+//! Plays the frames that are due. Those after a change from times to numbers, or back, begin at once.
+void PgmSource::playDue()
+{
+    const double now = clock().seconds();
+    for (; !m_waiting.empty(); m_waiting.pop_front()) {
+        const Frame &frame = m_waiting.front();
+        const bool hasTime = frame.image.time.has_value();
+        if (m_playsTimes != hasTime) {
+            m_playsTimes = hasTime;
+            m_play.setPace(PlayClock::paceOf(hasTime));
+            m_play.moveTo(now, frame.time);
+        }
+        if (frame.time > m_play.due(now))
+            return;
+        m_images.show(frame.time, hasTime, frame.image);
+    }
 }
 
 void PgmSource::readOn()
@@ -181,10 +189,8 @@ void PgmSource::readOn()
 //! Begins the next round, whose times continue those of this one. Returns false if there is none.
 bool PgmSource::startLoop()
 {
-    if (!m_options.loop || !m_roundFrom)
+    if (!m_options.loop || !std::exchange(m_anyInRound, false))
         return false;
-    m_offset += *m_lastTime - *m_roundFrom + m_lastStep;
-    m_roundFrom.reset();
     m_number = 0;
     m_nextFile = 0;
     return openNext();
@@ -192,20 +198,35 @@ bool PgmSource::startLoop()
 
 void PgmSource::take(const PgmImage &image)
 {
-    const double time = image.time.value_or(double(m_number++) * frameInterval);
+    const double time = image.time ? *image.time : double(++m_number);
+    if (time >= m_options.from && time <= m_options.to)
+        takeWanted(time, image);
+    else
+        m_images.count();
+}
+
+//! Takes an image of the times that are to be played. The first one of a further round follows the last one before.
+void PgmSource::takeWanted(double time, const PgmImage &image)
+{
+    const bool hasTime = image.time.has_value();
+    if (std::exchange(m_haveTimes, hasTime) != hasTime) {
+        m_lastTime.reset();
+        m_lastStep = 1.0;
+    }
+    if (!m_lastTime)
+        m_offset = 0.0;
+    else if (!m_anyInRound)
+        m_offset = *m_lastTime + m_lastStep - time;
     const double shown = time + m_offset;
-    const bool wanted = time >= m_options.from && time <= m_options.to;
-    if (wanted && m_lastTime && shown < *m_lastTime) {
+    if (m_lastTime && shown < *m_lastTime) {
         refuse({}, Refusal::TimeBackwards);
         return;
     }
     m_images.count();
-    if (!wanted)
-        return;
     if (m_lastTime && shown > *m_lastTime)
         m_lastStep = shown - *m_lastTime;
     m_lastTime = shown;
-    m_roundFrom = m_roundFrom.value_or(shown);
+    m_anyInRound = true;
     m_waiting.push_back({shown, image});
 }
 

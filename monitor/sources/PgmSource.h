@@ -10,15 +10,12 @@
 namespace Monitor {
 
 /*! Plays grey images (PGM) as frames: those of a file, one after the other, or those of all *.pgm files of a folder in the order
-    of their names. Images that do not say their time are frameInterval seconds apart. */
+    of their names. Images that do not say their time are counted from 1. */
 class PgmSource : public Source
 {
     Q_OBJECT
 
 public:
-    //! Seconds between two images that do not say their time.
-    static constexpr double frameInterval = 0.1;
-
     //! \a clock must outlive the source. Options of the time hold as for tables.
     PgmSource(Clock &clock,
               const QString &path,
@@ -46,6 +43,8 @@ private:
     bool openNext();
     bool startLoop();
     void take(const PgmImage &image);
+    void takeWanted(double time, const PgmImage &image);
+    void playDue();
     void refuse(const QString &fault, Refusal refusal = Refusal::Unreadable);
     void finishWhenPlayed();
 
@@ -61,13 +60,15 @@ private:
     bool m_atEnd = false;
 
     std::deque<Frame> m_waiting;
-    qint64 m_number = 0; //!< images of this round so far
-    std::optional<double> m_lastTime; //!< of the last frame that was taken
-    std::optional<double> m_roundFrom; //!< time of the first frame that was taken in this round
-    double m_lastStep = frameInterval;
+    qint64 m_number = 0; //!< images of this round so far that do not say their time
+    bool m_haveTimes = true; //!< the frames that are taken
+    std::optional<double>
+        m_lastTime; //!< of the last frame that was taken, unless the other kind follows
+    bool m_anyInRound = false; //!< a frame was taken in this round
+    double m_lastStep = 1.0;
     double m_offset = 0.0; //!< added to the times of this round
-    std::optional<double> m_playFrom; //!< time of the first frame
-    double m_startedAt = 0.0;
+    PlayClock m_play;
+    std::optional<bool> m_playsTimes; //!< whether the frames that are played have times
 };
 
 } // namespace Monitor

@@ -145,7 +145,7 @@ void StandardInputSource::takeImage(const PgmImage &image)
     }
     m_lastTime = time;
     m_images.count();
-    m_images.show(time, image);
+    m_images.show(time, true, image);
 }
 
 void StandardInputSource::endInput()

@@ -45,6 +45,11 @@ private Q_SLOTS:
             spots are counted, and a bad line is none
                 || layer,energy_MeV,x_mm,y_mm,mu\n1,80.5,3,4,20\n1,a,5,6,21\n1,80.5,7,8,22\n
                 || refused 3 ? | start spots counted layer energy:MeV x:mm y:mm mu | 1: 1 80.5 3 4 20 | 2: 1 80.5 7 8 22
+            frames without times, too, and one that lacks a row is none
+                || #corvale 2\n#frame 2 1\n5\n6\n#frame 2 1\n1\n#frame 2 1\n7\n8\n#frame 9 2 1\n1\n2\n
+                || refused 5 count | start pixels frames, matrix 2 x 1, positions in cells, counted sum max x:cells sigma_x:cells y:cells sigma_y:cells
+                | 1: 5 6 | 2: 7 8
+                | start pixels frames, matrix 2 x 1, positions in cells, sum max x:cells sigma_x:cells y:cells sigma_y:cells | 9: 1 2
             spots with times have them         || time_s,x_mm,y_mm,mu\n0.5,3,4,20\n0.7,3,4,21\n
                 || start spots x:mm y:mm mu | 0.5: 3 4 20 | 0.7: 3 4 21
             a recording of readings without times || #corvale 1\n#channels a,b\n#unit nA,\na_nA,b\n3,4\n5,6\n
@@ -188,6 +193,10 @@ private Q_SLOTS:
         row("frames, which are not begun in the middle",
             QByteArray("#corvale 2\n#unit nC\n#frame 0 2 2\n1,2\n3,4\n#frame 1 2 2\n5,6\n7,8\n"
                        "#frame 2 2 2\n9,8\n7,6\n#frame 3 2 2\n5,4\n3,2\n"),
+            "");
+        row("frames without times",
+            QByteArray("#corvale 2\n#frame 2 1\n1\n2\n#frame 2 1\n3\nx\n#frame 2 1\n5\n6\n"
+                       "#frame 2 1\n7\n#frame 2 1\n8\n9\n#frame 2 1\n1\n2\n"),
             "");
         row("spots", QByteArray("x_mm,y_mm,mu\n1,2,3\n2,3,4\n3,4,5\n4,5,6\n"), "");
         row("another program's",

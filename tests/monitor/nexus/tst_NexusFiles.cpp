@@ -112,6 +112,7 @@ private Q_SLOTS:
             channels of several units, with gaps, limits and events | #corvale 1\n#channels left,right plate,p/q,left\n#unit nA,nA,mm,\n#limits left 1,2,,9\n#range -5,5\n#t0 2026-03-01T12:00:00Z\n#t0-uncertainty 0.02 s\n#event before all\n0,1,,3,4\n0.10000000000000001,inf,-0,nan,5e-324\n#event one\n#event two\n0.10000000000000001,1,2,3,4\n7e9,1,2,3,4\n#event after all\n
             spots | x_mm,y_mm,mu\n1,2,0.5\n-3,2.25,0.125\n1.5,-2,1\n
             channels without times, with gaps | #corvale 1\n#channels a,b\n#unit nA,\n1,2\n,4\nnan,nan\n
+            frames without times | #corvale 2\n#frame 1 2\n1,2\n#frame 1 2\n3,4\n#frame 1 2\n5,6\n
             a channel without times | #corvale 1\n#channels a\n1\nnan\n3\n
         )");
         row("more readings than a chunk",

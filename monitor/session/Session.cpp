@@ -275,8 +275,10 @@ void Session::takeReadings(const ReadingBlock &arrived)
     takeToShow(readings);
     if ((isShowDue() && !m_headerWaits) || m_limit.isReached() || m_toShow.size() >= mostToShow)
         showWaiting();
-    if (m_limit.isReached())
-        Q_EMIT limitReached();
+    if (!m_limit.isReached())
+        return;
+    m_source->holdAfter(readings.time(readings.size() - 1));
+    Q_EMIT limitReached();
 }
 
 //! Keeps what the model shows of these readings, and the last of them if it is a frame.

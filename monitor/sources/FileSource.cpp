@@ -230,6 +230,16 @@ bool FileSource::isHolding() const
     return m_play.isPaused() || isBetweenParts;
 }
 
+//! Readings behind that time may have been emitted with it; the place is that of the last one that was wanted.
+void FileSource::holdAfter(double time)
+{
+    if (isLed())
+        return; // it is not up to this file
+    setPaused(true);
+    m_play.moveTo(clock().seconds(), time);
+    m_shown.time = time;
+}
+
 std::optional<Source::PlacedOrigin> FileSource::placedOrigin() const
 {
     if (m_shown.part < 0 || std::size_t(m_shown.part) >= m_origins.size())

@@ -54,6 +54,7 @@ public:
     LineCounts counts() const override;
     bool readsFrom(const QString &path) const override;
     bool isHolding() const override;
+    void holdAfter(double time) override;
     std::optional<PlacedOrigin> placedOrigin() const override;
     //! Returns how much of the file has been read, from 0 to 1.
     double progress() const;

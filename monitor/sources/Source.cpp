@@ -23,6 +23,8 @@ LineCounts Source::counts() const
     return {};
 }
 
+void Source::holdAfter(double) { }
+
 void Source::setReconnecting(bool) { }
 
 bool Source::readsFrom(const QString &) const

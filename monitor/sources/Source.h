@@ -51,6 +51,9 @@ public:
     virtual bool isLive() const { return false; }
     //! Returns whether the source holds its readings back on purpose, so that its silence means nothing.
     virtual bool isHolding() const { return false; }
+    /*! Called when the reading of that time, in seconds, is the last that is wanted: a source that can be held stops there, and any
+        other one goes on. */
+    virtual void holdAfter(double time);
     //! Sets whether a lost connection is made again (the default) or ends the source, as runs without a window need it.
     virtual void setReconnecting(bool on);
     //! A moment at which t is 0.

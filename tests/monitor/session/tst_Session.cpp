@@ -347,6 +347,7 @@ private Q_SLOTS:
         s.settle();
         QCOMPARE(s.session.model().rowCount(), expected + 1);
         QCOMPARE(reached.count(), expected < 40 ? 1 : 0);
+        QCOMPARE(s.source->heldAfter, expected < 40 ? 0.1 * (expected - 1) : -1.0);
     }
 
     void aPauseDoesNotStopTheRecording()

@@ -193,6 +193,37 @@ private Q_SLOTS:
         QTEST(log.sink.lines.filter(": ").mid(0, 3).join(" | "), "readings");
     }
 
+    //! The place is that of the last reading that is wanted, although others came with it.
+    void isHeldAfterAReading_data()
+    {
+        columns<double>("speed");
+        row("as fast as possible", 0.0);
+        row("as it was taken", 1.0);
+    }
+    void isHeldAfterAReading()
+    {
+        QFETCH(double, speed);
+        QByteArray text = "time_s,a\n";
+        for (int i = 0; i < 100; ++i)
+            text += QByteArray::number(0.01 * i) + ",1\n";
+        const QString path = m_dir.filePath("held.csv");
+        putFile(path, text);
+        ManualClock clock;
+        FileSource::Options options;
+        options.speed = speed;
+        FileSource source(clock, path, options);
+        SourceLog log(source);
+        connect(&source, &Source::readingsArrived, this, [&source](const ReadingBlock &block) {
+            if (block.time(block.size() - 1) >= 0.2)
+                source.holdAfter(0.2);
+        });
+        source.start();
+        QTRY_VERIFY((clock.advance(0.1), source.isHolding()));
+        clock.advance(1.0);
+        QCOMPARE(source.place().time, 0.2);
+        QVERIFY(speed == 0.0 || log.times.last() < 0.4);
+    }
+
     //! A minute of large frames does not fit into memory.
     void readsFewLargeFramesAhead()
     {

@@ -17,6 +17,7 @@ public:
     bool isLive() const override { return live; }
     QString remedy() const override { return QStringLiteral("Ask the author."); }
     Monitor::LineCounts counts() const override { return lineCounts; }
+    void holdAfter(double time) override { heldAfter = time; }
 
     void begin(Monitor::StreamKind kind, int channels, const QString &unit = {})
     {
@@ -64,6 +65,7 @@ public:
     void jump() { Q_EMIT jumped(); }
 
     Monitor::LineCounts lineCounts;
+    double heldAfter = -1.0;
     bool live = false; //!< as of an instrument
 
 private:

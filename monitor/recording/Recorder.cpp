@@ -72,7 +72,7 @@ bool Recorder::open(const QString &path, RecordingFile::Existing existing, QStri
     m_worker.settle();
     closePresentFile();
     m_file = std::move(file);
-    m_worker.setFile(m_file.get(), m_error.isEmpty());
+    m_worker.setFile(m_file.get(), m_error.isEmpty(), cutSize());
     ++m_filesBegun;
     m_fileStartedAt = m_clock.seconds();
     Q_EMIT fileStarted(path);
@@ -246,17 +246,38 @@ bool Recorder::flush()
     m_flushedAt = m_clock.seconds();
     m_worker.settle();
     const bool isWritten = keepFileInPlace() && writeWaiting();
-    m_worker.setFile(m_file.get(), isWritten);
+    m_worker.setFile(m_file.get(), isWritten, cutSize());
     return isWritten;
 }
 
+//! Writes what waits, and begins another file where one is long enough. Returns false if text is left.
 bool Recorder::writeWaiting()
 {
     WaitingText &waiting = m_worker.text().waiting();
-    waiting.take(m_file->append(waiting.data(), waiting.size()));
+    bool cuts = cutSize() > 0;
+    for (;;) {
+        const qint64 room = std::max<qint64>(cutSize() - m_file->size(), 0);
+        const qint64 size = cuts ? waiting.wholeAfter(room) : waiting.size();
+        const qint64 written = m_file->append(waiting.data(), size);
+        waiting.take(written);
+        if (written < size || waiting.isEmpty())
+            break;
+        cuts = openNext();
+        if (!cuts)
+            continue; // what is left goes into this file
+        waiting.beginFile({});
+        m_anyReading = true;
+    }
     setError(waiting.isEmpty() ? QString()
                                : tr("%1: %2").arg(m_file->path(), m_file->errorString()));
     return waiting.isEmpty();
+}
+
+//! Returns the size at which files are cut to the line. Those of a smaller size are only begun once a second; 0 for these and for none.
+qint64 Recorder::cutSize() const
+{
+    constexpr qint64 smallest = 1000 * 1000;
+    return m_options.rotateBytes >= smallest ? m_options.rotateBytes : 0;
 }
 
 /*! Makes sure that the file can still be found under its path, and opens another one if not. What waits goes to the new
@@ -306,7 +327,7 @@ bool Recorder::finish()
     m_worker.text().appendLoss();
     flush();
     m_isRecording = false;
-    m_worker.setFile(m_file.get(), false);
+    m_worker.setFile(m_file.get(), false, 0);
     m_leftWaiting = m_worker.text().waiting().readings();
     const bool isInPlace = m_file->displacement() == RecordingFile::Displacement::None;
     const bool closed = m_file->close();

@@ -101,6 +101,7 @@ private:
     void writeIfDue();
     bool flush();
     bool writeWaiting();
+    qint64 cutSize() const;
     bool open(const QString &path, RecordingFile::Existing existing, QString *error);
     void replaceComplete(const QString &path, const QString &completed);
     bool openNext();

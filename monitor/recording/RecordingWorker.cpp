@@ -90,10 +90,11 @@ void RecordingWorker::workOnFilling()
     m_filling.clear();
 }
 
-void RecordingWorker::setFile(RecordingFile *file, bool writes)
+void RecordingWorker::setFile(RecordingFile *file, bool writes, qint64 mostBytes)
 {
     m_file = file;
     m_writes = writes;
+    m_mostBytes = mostBytes;
     m_isStuck = false;
     tellSize();
 }
@@ -122,11 +123,18 @@ void RecordingWorker::run()
 void RecordingWorker::work(const RecordingBatch &batch)
 {
     m_text.append(batch);
-    if (m_writes && m_text.waiting().size() >= recordingPiece && !writeWaiting()) {
+    const bool isDue = m_text.waiting().size() >= recordingPiece || isFull();
+    if (m_writes && isDue && (isFull() || !writeWaiting())) {
         m_writes = false;
         m_isStuck = true;
     }
     tellSize();
+}
+
+//! Returns whether the file would become too long with the text that waits.
+bool RecordingWorker::isFull() const
+{
+    return m_mostBytes > 0 && m_file && m_file->size() + m_text.waiting().size() >= m_mostBytes;
 }
 
 //! Returns false if text is left.

@@ -19,7 +19,8 @@ class RecordingFile;
     has come is left until settle(), which needs no thread. Where the system has no more threads, the caller does all of the work.
 
     The thread only does what usually succeeds. If the file is not in its place any more, or the disk does not take everything, it
-    writes no more and isStuck(); the owner then decides what becomes of the text that waits. */
+    writes no more and isStuck(), as with a file that has become long enough; the owner then decides what becomes of the text that
+    waits. */
 class RecordingWorker
 {
 public:
@@ -36,7 +37,7 @@ public:
     void add(const ReadingBlock &readings, const ReadingShape &shape);
     //! Adds lines, or the header of the readings that follow.
     void add(RecordingBatch::Entry::Kind kind, const QByteArray &lines);
-    //! Returns whether the thread could not write since setFile().
+    //! Returns whether the thread could not write since setFile(), or the file has become too long.
     bool isStuck() const { return m_isStuck; }
     //! Returns the bytes of the file and of the text that waits for it.
     qint64 size() const { return m_size; }
@@ -47,8 +48,9 @@ public:
     void settle();
     //! Returns the text. Call settle() before.
     RecordingText &text() { return m_text; }
-    //! Sets the file, and whether large pieces of text are written to it at once. Call settle() before.
-    void setFile(RecordingFile *file, bool writes);
+    /*! Sets the file, and whether large pieces of text are written to it at once, as long as it stays shorter than \a mostBytes (0 for any
+        length). Call settle() before. */
+    void setFile(RecordingFile *file, bool writes, qint64 mostBytes);
 
 private:
     void seal();
@@ -56,6 +58,7 @@ private:
     void run();
     void workOnFilling();
     void work(const RecordingBatch &batch);
+    bool isFull() const;
     bool writeWaiting();
     void tellSize();
 
@@ -73,6 +76,7 @@ private:
     RecordingText m_text;
     RecordingFile *m_file = nullptr;
     bool m_writes = false;
+    qint64 m_mostBytes = 0;
 
     std::atomic<bool> m_isStuck = false;
     std::atomic<qint64> m_size = 0;

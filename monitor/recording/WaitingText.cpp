@@ -3,6 +3,8 @@
 
 #include <QList>
 
+#include <algorithm>
+
 namespace Monitor {
 
 namespace {
@@ -41,10 +43,31 @@ int WaitingText::endOfWhole() const
     if (m_written == m_text.size())
         return m_text.size(); // it ends with a whole line or frame, and need not be searched
     const int lines = m_written == 0 ? 0 : m_text.lastIndexOf('\n', int(m_written) - 1) + 1;
+    const int frame = beginOfFrame(lines);
+    return frame >= 0 && endOfFrame(frame) > m_written ? frame : lines;
+}
+
+qint64 WaitingText::wholeAfter(qint64 wanted) const
+{
+    const qint64 from = m_written + wanted;
+    if (from >= m_text.size())
+        return size();
+    int end = m_text.indexOf('\n', int(std::max(from - 1, m_written))) + 1;
+    for (const Header &header : m_headers)
+        if (header.begin <= end && end <= header.begin + header.size)
+            end = m_text.indexOf('\n', header.begin + header.size) + 1;
+    const int frame = beginOfFrame(end);
+    if (frame >= 0)
+        end = std::max(end, endOfFrame(frame));
+    return end > 0 ? end - m_written : size();
+}
+
+//! Returns where the last frame begins before the line that ends at \a end; -1 if there is none.
+int WaitingText::beginOfFrame(int end) const
+{
     // Without a frame before, this is the beginning of the text.
-    const int frame = lines > 0 ? m_text.lastIndexOf(frameLine, lines - 1) + 1 : 0;
-    const bool isFrame = m_text.mid(frame, frameWord.size()) == frameWord;
-    return isFrame && endOfFrame(frame) > m_written ? frame : lines;
+    const int frame = end > 0 ? m_text.lastIndexOf(frameLine, end - 1) + 1 : 0;
+    return m_text.mid(frame, frameWord.size()) == frameWord ? frame : -1;
 }
 
 //! Returns where the frame ends whose first line begins at \a begin.

@@ -26,6 +26,9 @@ public:
     const char *data() const { return m_text.constData() + m_written; }
     qint64 size() const { return m_text.size() - m_written; }
     bool isEmpty() const { return size() == 0; }
+    /*! Returns the bytes of the text up to the end of the first line or frame that has \a wanted bytes before its end, and is none of a
+        header; all of them if there is none. */
+    qint64 wholeAfter(qint64 wanted) const;
     //! Call this after \a size bytes were written to the present file.
     void take(qint64 size);
     //! Begins another file with \a lines and the header of the stream that goes on there.
@@ -42,6 +45,7 @@ private:
     };
 
     int endOfWhole() const;
+    int beginOfFrame(int end) const;
     int endOfFrame(int begin) const;
 
     QByteArray m_text;

@@ -183,7 +183,7 @@ void recordReadings()
     for (int row = 0; row < rows; ++row)
         readings.append(0.0, &value);
     RecordingWorker worker;
-    worker.setFile(&file, true);
+    worker.setFile(&file, true, 0);
     for (int number = 0; number < blocks; ++number) {
         worker.add(readings, shape);
         worker.add(RecordingBatch::Entry::Kind::Lines, "#event\n");
@@ -194,7 +194,7 @@ void recordReadings()
         worker.settle();
         WaitingText &waiting = worker.text().waiting();
         waiting.take(file.append(waiting.data(), waiting.size()));
-        worker.setFile(&file, true);
+        worker.setFile(&file, true, 0);
     }
     worker.settle();
     constexpr qint64 bytes =

@@ -175,6 +175,32 @@ private Q_SLOTS:
         QCOMPARE(all, expected);
     }
 
+    //! However fast readings come, a file ends with the line that makes it large enough.
+    void aFloodRotatesToTheLine()
+    {
+        constexpr int rows = 180000, rowsOfBlock = 6000, size = 1000 * 1000;
+        Recording r(path("a.csv"));
+        r.options.rotateBytes = size;
+        QVERIFY(r.begin());
+        for (int i = 0; i < rows; i += rowsOfBlock)
+            r.recorder().addReadings(block(1e6 + i, rowsOfBlock));
+        QVERIFY(r.recorder().finish());
+        int next = 0, files = 0;
+        for (QByteArray name = "a.csv"; QFile::exists(path(name));
+             name = "a-" + QByteArray::number(files + 1) + ".csv") {
+            const QByteArray text = fileContents(path(name));
+            ++files;
+            QVERIFY(text.startsWith("#corvale 1\n") && text.endsWith('\n'));
+            QVERIFY(text.lastIndexOf('\n', -2) < size
+                    && (text.size() >= size || next + text.count('\n') >= rows));
+            for (const QByteArray &line : text.split('\n'))
+                if (line.endsWith(",0.5"))
+                    QCOMPARE(line.left(line.indexOf(',')).toDouble(), 1e6 + next++);
+        }
+        QCOMPARE(next, rows);
+        QVERIFY(files >= 4);
+    }
+
     void anotherAcquisitionIsAnotherFile()
     {
         Recording r(path("a.csv"));

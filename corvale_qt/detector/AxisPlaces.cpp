@@ -56,7 +56,10 @@ DetectorFault widthFault(const DetectorAxis &axis, const QString &place)
     if (axis.widths.isEmpty())
         return {};
     if (axis.widths.size() != 1 && axis.widths.size() != axis.cells)
-        return {place, tr("has %1 widths for %2 cells").arg(axis.widths.size()).arg(axis.cells)};
+        return {place,
+                tr("has %1 for %2")
+                    .arg(tr("%n width(s)", nullptr, axis.widths.size()),
+                         tr("%n cell(s)", nullptr, axis.cells))};
     if (DetectorFault fault = listFault(axis.widths, place); !fault.isEmpty())
         return fault;
     constexpr double rounding = 1 + 1e-9;
@@ -140,7 +143,9 @@ DetectorFault axisFault(const DetectorAxis &axis, const QString &name, int most)
                 tr("is not a text of at most %1 characters").arg(kLongestUnit)};
     if (!axis.positions.isEmpty() && axis.positions.size() != axis.cells)
         return {positions,
-                tr("has %1 positions for %2 cells").arg(axis.positions.size()).arg(axis.cells)};
+                tr("has %1 for %2")
+                    .arg(tr("%n position(s)", nullptr, axis.positions.size()),
+                         tr("%n cell(s)", nullptr, axis.cells))};
     if (!axis.positions.isEmpty() && !std::isnan(axis.pitch))
         return {name + QLatin1String(".pitch"), tr("is stated beside positions")};
     if (!std::isnan(axis.pitch) && !(axis.pitch > 0 && isLength(axis.pitch)))

@@ -59,9 +59,10 @@ void spread(JsonMembers &members,
     QVector<double> numbers;
     members.take(key, numbers, true);
     if (numbers.size() != 1 && numbers.size() != channels.size()) {
-        members.report(
-            QLatin1String(key),
-            tr("has %1 numbers for %2 readings").arg(numbers.size()).arg(channels.size()));
+        members.report(QLatin1String(key),
+                       tr("has %1 for %2")
+                           .arg(tr("%n number(s)", nullptr, numbers.size()),
+                                tr("%n reading(s)", nullptr, channels.size())));
         return;
     }
     for (int i = 0; i < channels.size(); ++i)
@@ -90,7 +91,9 @@ QVector<DetectorChannel> readChannels(JsonMembers members, int readings)
     members.take("names", names);
     if (!names.isEmpty() && names.size() != readings)
         members.report(QStringLiteral("names"),
-                       tr("has %1 names for %2 readings").arg(names.size()).arg(readings));
+                       tr("has %1 for %2")
+                           .arg(tr("%n name(s)", nullptr, names.size()),
+                                tr("%n reading(s)", nullptr, readings)));
     else
         for (int i = 0; i < names.size(); ++i)
             channels[i].name = names[i];
@@ -118,7 +121,8 @@ void readWiring(JsonMembers &members, QVector<int> &wiring)
     for (double number : qAsConst(numbers)) {
         if (!(number >= 0 && number <= DetectorLayout::maxReadings)
             || number != std::floor(number)) {
-            members.report(QStringLiteral("wiring"), tr("%1 is no reading").arg(number));
+            members.report(QStringLiteral("wiring"),
+                           tr("%1 is not the number of a reading").arg(number));
             return;
         }
         wiring.append(int(number) - 1);

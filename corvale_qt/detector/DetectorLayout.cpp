@@ -5,7 +5,6 @@
 #include "corvale_qt/numerics/RoundPixelDetector.h"
 #include "corvale_qt/units/LibraryTexts_p.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 
 #include <algorithm>
@@ -87,13 +86,16 @@ DetectorFault wiringFault(const DetectorDescription &description, Size size)
     const auto [cells, readings] = size;
     const QVector<int> &wiring = description.wiring;
     if (wiring.isEmpty())
-        return readings < cells
-            ? DetectorFault{QStringLiteral("readings"),
-                            tr("%1 readings are fewer than %2 cells").arg(readings).arg(cells)}
-            : DetectorFault();
+        return readings < cells ? DetectorFault{QStringLiteral("readings"),
+                                                tr("there are fewer readings (%1) than cells (%2)")
+                                                    .arg(readings)
+                                                    .arg(cells)}
+                                : DetectorFault();
     if (wiring.size() != cells)
         return {QStringLiteral("wiring"),
-                tr("has %1 entries for %2 cells").arg(wiring.size()).arg(cells)};
+                tr("has %1 for %2")
+                    .arg(tr("%n entry/entries", nullptr, wiring.size()),
+                         tr("%n cell(s)", nullptr, cells))};
     QVector<int> cellOf(readings, -1);
     for (int cell = 0; cell < cells; ++cell) {
         const int reading = wiring[cell];
@@ -113,7 +115,9 @@ DetectorFault channelsFault(const DetectorDescription &description, int readings
     const QVector<DetectorChannel> &channels = description.channels;
     if (!channels.isEmpty() && channels.size() != readings)
         return {QStringLiteral("channels"),
-                tr("there are %1 channels for %2 readings").arg(channels.size()).arg(readings)};
+                tr("has %1 for %2")
+                    .arg(tr("%n entry/entries", nullptr, channels.size()),
+                         tr("%n reading(s)", nullptr, readings))};
     for (int i = 0; i < channels.size(); ++i) {
         const DetectorChannel &channel = channels[i];
         if (!isPlainText(channel.name, kLongestName))
@@ -269,18 +273,18 @@ DetectorKind DetectorLayout::kind() const
 QString DetectorLayout::summary() const
 {
     if (isEmpty())
-        return QCoreApplication::translate("Corvale_Qt", "no detector");
+        return Corvale_Qt::tr("no detector");
     const DetectorDescription &described = d->description;
     QString text;
     if (described.kind == DetectorKind::Channels)
-        text = QCoreApplication::translate("Corvale_Qt", "%1 channels").arg(described.readings);
+        text = Corvale_Qt::tr("%n channel(s)", nullptr, described.readings);
     else if (described.kind == DetectorKind::Strips)
-        text = QCoreApplication::translate("Corvale_Qt", "strips %1 + %2, %3")
+        text = Corvale_Qt::tr("strips %1 + %2, %3")
                    .arg(described.x.cells)
                    .arg(described.y.cells)
                    .arg(unitText(described));
     else
-        text = QCoreApplication::translate("Corvale_Qt", "matrix %1 x %2, %3")
+        text = Corvale_Qt::tr("matrix %1 x %2, %3")
                    .arg(described.y.cells)
                    .arg(described.x.cells)
                    .arg(unitText(described));

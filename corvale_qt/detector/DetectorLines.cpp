@@ -345,7 +345,9 @@ DetectorFault spread(const QVector<double> &numbers,
 {
     if (numbers.size() > 1 && numbers.size() != channels.size())
         return {QLatin1String(word),
-                tr("has %1 numbers for %2 readings").arg(numbers.size()).arg(channels.size())};
+                tr("has %1 for %2")
+                    .arg(tr("%n number(s)", nullptr, numbers.size()),
+                         tr("%n reading(s)", nullptr, channels.size()))};
     for (int i = 0; !numbers.isEmpty() && i < channels.size(); ++i)
         set(channels[i], numbers.size() == 1 ? numbers.first() : numbers[i]);
     return {};
@@ -442,9 +444,9 @@ DetectorLayout DetectorLines::layout(const DetectorDescription &stream, Detector
         const bool otherCount = stream.readings > 0 && result.readings != stream.readings;
         if (otherCount)
             found = {QStringLiteral("readings"),
-                     QCoreApplication::translate("Corvale_Qt",
-                                                 "the detector has %1 readings, the stream %2")
-                         .arg(result.readings)
+                     Corvale_Qt::tr("the detector has %n reading(s), the stream %1",
+                                    nullptr,
+                                    result.readings)
                          .arg(stream.readings)};
         else if (result.readings > 0 && result.readings <= DetectorLayout::maxReadings)
             found = takeChannels(d->stated, result);

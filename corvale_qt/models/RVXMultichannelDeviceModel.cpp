@@ -203,7 +203,7 @@ double RVXMultichannelDeviceModel::historySpan() const
 void RVXMultichannelDeviceModel::setHistorySpan(double seconds)
 {
     Q_D(RVXMultichannelDeviceModel);
-    const double span = seconds > 0.0 ? seconds : 0.0; // NaN is no span
+    const double span = seconds > 0.0 ? seconds : 0.0; // NaN is not a span
     if (span == d->historySpan)
         return;
     d->historySpan = span;

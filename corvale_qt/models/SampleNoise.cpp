@@ -10,7 +10,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-//! Returns |a - 2b + c| of a reading and the two before; 0 for three on a line, whose rounding errors are no noise.
+//! Returns |a - 2b + c| of a reading and the two before; 0 for three on a line, whose rounding errors are not noise.
 double differenceAt(const double *newest)
 {
     constexpr double rounding = 8.0 * std::numeric_limits<double>::epsilon();
@@ -44,7 +44,7 @@ double sampleNoise(const PlotDataReader &reader, int column, int lastRow)
     }
     if (found < fewest)
         return 0.0;
-    // Where a zero was subtracted, rounding errors are larger than the readings let expect. They are no noise.
+    // Where a zero was subtracted, rounding errors are larger than the readings let expect. They are not noise.
     constexpr double ofLargest = 1e-9;
     for (double &difference : differences)
         difference = difference < ofLargest * largest ? 0.0 : difference;

@@ -33,7 +33,7 @@ struct CORVALE_QT_EXPORT HotCellLimits
 //! Returns the indexes of the hot cells of a matrix, row after row.
 CORVALE_QT_EXPORT std::vector<int>
 hotCells(const double *cells, int rows, int columns, const HotCellLimits &limits = {});
-//! Flags the hot cells of a profile. Dead cells are no neighbours.
+//! Flags the hot cells of a profile. Dead cells do not count as neighbours.
 CORVALE_QT_EXPORT void flagHotCells(BeamProfile &profile, const HotCellLimits &limits = {});
 /*! Returns the standard deviation of a reading, estimated from the second differences of neighbouring densities: 1.4826 times
     the median of their sizes over sqrt(6). A smooth beam hardly contributes. Returns 0 with fewer than five trusted cells. */

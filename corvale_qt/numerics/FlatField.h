@@ -27,7 +27,7 @@ struct CORVALE_QT_EXPORT FlatField
     Estimate symmetry; //!< largest |D(c + x) - D(c - x)| over the same area, relative to the centre
     double level = std::numeric_limits<double>::quiet_NaN(); //!< density of the middle of the field
 
-    /*! Returns whether the field is so flat that its width and its penumbra are no measure of a Gaussian: it is larger than
+    /*! Returns whether the field is so flat that its width and its penumbra do not measure a Gaussian: it is larger than
         three penumbras, and its flatness is below 0.2. The width of a Gaussian is 2.1 penumbras. */
     bool isFlatTopped() const;
 };

@@ -6,7 +6,7 @@ class QAbstractItemModel;
 
 namespace Corvale_Qt {
 
-/*! Returns the model that the proxy \a model reads; null if it is no proxy, and while that model is being destroyed: Qt still names
+/*! Returns the model that the proxy \a model reads; null if it is not a proxy, and while that model is being destroyed: Qt still names
     it as the source then, although no item model is left of it. */
 QAbstractItemModel *sourceOf(const QAbstractItemModel *model);
 

@@ -220,7 +220,7 @@ void CanvasGestures::pan(const QPoint &to)
     m_navigation.show(window);
 }
 
-//! Zooms to the band. One that is flat or narrow zooms a single axis; a click is no band.
+//! Zooms to the band. One that is flat or narrow zooms a single axis; a click is not a band.
 void CanvasGestures::zoomToBand(const QPoint &to)
 {
     const QRect band = QRect(m_pressed, to).normalized();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXScope_p.h"
 #include "corvale_qt/scope/YRanges_p.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -40,9 +41,7 @@ bool RVXScopePrivate::mayClear(const QString &title, const QString &text)
     const QPointer<RVXScope> panel(q_ptr);
     const int samples = baseModel->rowCount() - 1;
     const QString question =
-        (samples == 1 ? RVXScope::tr("%1\n1 sample would go.")
-                      : RVXScope::tr("%1\n%n samples would go.", nullptr, samples))
-            .arg(text);
+        Corvale_Qt::tr("%1\n%n sample(s) would go.", nullptr, samples).arg(text);
     return operatorAgrees(q_ptr, title, question, RVXScope::tr("&Remove the samples")) && panel;
 }
 

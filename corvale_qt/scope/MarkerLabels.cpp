@@ -163,7 +163,7 @@ QString sampleText(const ScopeModel &model, const MarkedSample &sample)
 QString blockText(const ScopeModel &model, int channel, const RVXPlotHistory::Block &block)
 {
     const BlockTexts texts(model, channel, block);
-    return QStringLiteral("\nChannel %1\nmean %2\n%3 to %4\nof %5 readings")
+    return QStringLiteral("\nChannel %1\nmean %2\n%3 to %4\nreadings: %5")
         .arg(model.name(channel),
              texts.mean(),
              texts.least(),

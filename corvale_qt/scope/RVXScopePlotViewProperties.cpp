@@ -83,7 +83,7 @@ double RVXScopePlotView::timeSpan() const
 void RVXScopePlotView::setTimeSpan(double span)
 {
     Q_D(RVXScopePlotView);
-    if (!(span >= 0.0) || span == d->context.span.time) // NaN is no span
+    if (!(span >= 0.0) || span == d->context.span.time) // NaN is not a span
         return;
     d->context.span.time = span;
     d->spanChanged();

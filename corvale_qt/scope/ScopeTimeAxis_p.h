@@ -32,7 +32,7 @@ public:
     QDateTime origin() const { return m_origin; }
     void setOrigin(const QDateTime &origin) { m_origin = origin; }
 
-    //! Sets whether x counts from a trigger, so that it is no moment.
+    //! Sets whether x counts from a trigger, so that it is not a moment.
     void setFromTrigger(bool fromTrigger) { m_isFromTrigger = fromTrigger; }
 
     //! Makes sure that the next range is set, because the axis was another one in between.

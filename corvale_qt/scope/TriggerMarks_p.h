@@ -20,7 +20,7 @@ class TriggerMarks
 public:
     explicit TriggerMarks(QwtPlot *plot);
 
-    /*! Shows the trigger, whose channel has \a colour and is drawn on \a axis. The level is left out if that is no y axis, as in
+    /*! Shows the trigger, whose channel has \a colour and is drawn on \a axis. The level is left out if that is not a y axis, as in
         a plot whose curves have separate scales. */
     void show(const SweepTrigger &trigger, TriggerState state, const QColor &colour, int axis);
     //! Takes everything off the plot.

@@ -45,7 +45,7 @@ public:
     //! Returns a value in the unit of the samples as text in the unit of the ticks, without the unit.
     QString shownText(double value) const;
     /*! Returns the value that a person typed, in the unit of the samples: in that of the ticks, without a prefix in \a plainUnit, or
-        with a unit. NaN if the text is no such value. */
+        with a unit. NaN if the text is not such a value. */
     double typedValue(const QString &text, const QString &plainUnit) const;
 
     //! Sets whether an axis that follows the data has hysteresis.

@@ -32,6 +32,7 @@ QStringList translationLanguages()
     const QStringList files = QDir(folder).entryList({fileStart + QStringLiteral("*.qm")});
     for (const QString &file : files)
         languages.append(file.mid(fileStart.size()).section(QLatin1Char('.'), 0, 0));
+    languages.removeDuplicates(); // the source language has a catalogue as well, of its plurals
     languages.sort();
     return languages;
 }

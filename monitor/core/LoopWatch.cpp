@@ -2,6 +2,7 @@
 #include "monitor/core/LoopWatch.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -72,10 +73,10 @@ void LoopWatch::endTurn()
 
 QString LoopWatch::summary() const
 {
-    return tr("%1 turns of the event loop; one took %2 ms at most, and used the processor for %3 "
-              "ms "
-              "at most")
-        .arg(m_turns)
+    return Text::countedInEnglish("%n turn(s) of the event loop; one took %1 ms at most, and used "
+                                  "the processor for %2 ms at most",
+                                  nullptr,
+                                  m_turns)
         .arg(inMilliseconds(m_longestTime), inMilliseconds(m_mostProcessorTime));
 }
 

@@ -11,12 +11,11 @@ class Text
     Q_DECLARE_TR_FUNCTIONS(Monitor::Text)
 
 public:
-    //! Returns "1 gap" or "2 gaps", where texts are English in every language.
-    static QString counted(qint64 count, const char *noun)
-    {
-        const QString text = QString::number(count) + QLatin1Char(' ') + QLatin1String(noun);
-        return count == 1 ? text : text + QLatin1Char('s');
-    }
+    /*! Translates a text in the form that \a count asks for, with \a count in the place of %n: counted("%n gap(s)", nullptr, 2)
+        is "2 gaps". The English forms are in translations/corvale_monitor_en.ts; they need no installed language. */
+    static QString counted(const char *text, const char *comment, qint64 count);
+    //! The same where texts are English in every language: in the log, in files and on the command line.
+    static QString countedInEnglish(const char *text, const char *comment, qint64 count);
     //! Returns why something is not done that needs a thread.
     static QString noThread() { return tr("the system cannot start another thread"); }
 };

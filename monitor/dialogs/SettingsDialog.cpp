@@ -348,7 +348,7 @@ QString SettingsDialog::fault() const
     double number = 0.0;
     for (const QLineEdit *edit : {m_from, m_to, m_low, m_high, m_minimumSum})
         if (!readNumber(edit, 0.0, &number))
-            return tr("\"%1\" is no number. Write it with a decimal point, like 1.5 or -1e-6.")
+            return tr("\"%1\" is not a number. Write it with a decimal point, like 1.5 or -1e-6.")
                 .arg(edit->text());
     const MonitorOptions wanted = options();
     if (wanted.file.from > wanted.file.to)

@@ -4,6 +4,7 @@
 #include "monitor/core/Clock.h"
 #include "monitor/core/NumberText.h"
 #include "monitor/core/RegularFile.h"
+#include "monitor/core/Text.h"
 #include "monitor/input/LineText.h"
 #include "monitor/nexus/NexusFiles.h"
 #include "monitor/readings/StreamDetector.h"
@@ -133,8 +134,9 @@ void SourceTest::endIfSilent()
     if (m_readings.isEmpty())
         end(tr("Nothing could be read within %1 s. %2").arg(patience).arg(m_source->remedy()));
     else
-        end(tr("The source works. It sent only %1 readings within %2 s.")
-                .arg(m_readings.size())
+        end(Text::counted("The source works. It sent only %n reading(s) within %1 s.",
+                          nullptr,
+                          m_readings.size())
                 .arg(patience));
 }
 
@@ -163,10 +165,8 @@ QString SourceTest::report() const
     }
     if (!m_header.channels.isEmpty()) {
         lines.append(QString());
-        const bool isOne = m_header.channels.size() == 1;
         lines.append(
-            (isOne ? tr("Read as %1 channel, layout %2:") : tr("Read as %1 channels, layout %2:"))
-                .arg(m_header.channels.size())
+            Text::counted("Read as %n channel(s), layout %1:", nullptr, m_header.channels.size())
                 .arg(layoutName(m_header)));
         lines.append(m_readings);
     }

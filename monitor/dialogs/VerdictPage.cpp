@@ -67,8 +67,9 @@ const std::array<LimitText, verdictLimitFields.size()> limitTexts = {{
      percent},
     {&VerdictLimits::peakInNoise,
      QT_TRANSLATE_NOOP("Monitor::VerdictPage", "&Peak over noise:"),
-     QT_TRANSLATE_NOOP("Monitor::VerdictPage",
-                       "A peak that is lower than so many times the noise is no beam."),
+     QT_TRANSLATE_NOOP(
+         "Monitor::VerdictPage",
+         "A peak that is lower than this many times the noise is not taken for a beam."),
      1.0},
 }};
 

@@ -82,7 +82,7 @@ QString withoutQuotes(const QString &field)
     return quoted ? field.mid(1, field.size() - 2).trimmed() : field;
 }
 
-/*! Returns the names that only differ in a letter at their end, where one of the letters is no unit: in "quad_A,quad_B,quad_C"
+/*! Returns the names that only differ in a letter at their end, where one of the letters is not a unit: in "quad_A,quad_B,quad_C"
     they name the plates and are neither ampere nor coulomb. */
 QSet<QString> letteredNames(const QStringList &fields)
 {

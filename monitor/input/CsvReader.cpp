@@ -95,8 +95,10 @@ bool CsvReader::passDamage()
         return false;
     }
     noteDamage(Damage::Inside,
-               QStringLiteral("%1 bytes of the compressed file are damaged; what they held is lost")
-                   .arg(passed));
+               Text::countedInEnglish(
+                   "%n byte(s) of the compressed file is/are damaged; what it/they held is lost",
+                   nullptr,
+                   passed));
     return true;
 }
 

@@ -243,7 +243,8 @@ void LineProtocol::refuseOpenFrame()
         return;
     const bool toldAlready = m_frames->isSpoiled();
     m_frameLine.refusal = Refusal::WrongCount;
-    m_frameLine.reason = Text::tr("the frame ends after %1 rows").arg(m_frames->rowsTaken());
+    m_frameLine.reason =
+        Text::countedInEnglish("the frame ends after %n row(s)", nullptr, m_frames->rowsTaken());
     m_frames->drop();
     if (!toldAlready)
         refuse(m_frameLine);
@@ -293,8 +294,9 @@ bool LineProtocol::takeHeader()
     m_shapeProven = false;
     m_headerTold = false;
     if (const int leftOut = m_rows->leftOutChannels())
-        m_sink.eventNoted(QStringLiteral("%1 columns beyond the first %2 are left out")
-                              .arg(leftOut)
+        m_sink.eventNoted(Text::countedInEnglish("%n column(s) beyond the first %1 is/are left out",
+                                                 nullptr,
+                                                 leftOut)
                               .arg(StreamHeader::maxChannels));
     return true;
 }

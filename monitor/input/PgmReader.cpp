@@ -100,9 +100,10 @@ void PgmReader::finish()
         takeTextByte('\n'); // the last number needs no line end
     const bool between = m_state == State::Magic && m_magic.empty();
     if (m_state == State::Text || m_state == State::Binary)
-        lose(Text::tr("the image ends after %1 of %2 values")
-                 .arg(m_taken)
-                 .arg(m_image.values.size()));
+        lose(Text::countedInEnglish("the image ends after %1 of %n value(s)",
+                                    nullptr,
+                                    qint64(m_image.values.size()))
+                 .arg(m_taken));
     else if (!between && !isLost())
         lose(Text::tr("the image ends in its header"));
     restart();

@@ -167,7 +167,7 @@ bool ForeignData::readAxes()
     if (m_axes.size() == 1) // the older way to write a list
         m_axes = m_axes.first().split(QRegularExpression(QStringLiteral("[:,]")));
     if (m_axes.value(0).isEmpty() || m_axes.first() == QLatin1String("."))
-        return fail(Text::tr("its signal %1 has no axis of the time").arg(m_signalName));
+        return fail(Text::tr("its signal %1 has no time axis").arg(m_signalName));
     return true;
 }
 
@@ -182,7 +182,7 @@ bool ForeignData::readTime()
         return fail(Text::tr("its data %1 cannot be read: %2").arg(name, fault));
     if (sizesOf(m_entry->time.id()) != Hdf5Sizes{m_sizes.front()})
         return fail(
-            Text::tr("its axis %1 has another length than the signal %2").arg(name, m_signalName));
+            Text::tr("its axis %1 is not as long as its signal %2").arg(name, m_signalName));
     m_entry->rows = qint64(m_sizes.front());
     return true;
 }
@@ -195,8 +195,8 @@ bool ForeignData::readMoment()
     const QString unit = stated.section(since, 0, 0).trimmed();
     const double seconds = unit.isEmpty() ? 1.0 : secondsOf(unit);
     if (seconds == 0.0)
-        return fail(Text::tr("its signal %1 lies over %2 in %3, which is no time")
-                        .arg(m_signalName, m_axes.first(), cleanText(unit, maxNameLength)));
+        return fail(Text::tr("the axis %1 of its signal %2 is in %3, which is not a unit of time")
+                        .arg(m_axes.first(), m_signalName, cleanText(unit, maxNameLength)));
     const NexusEntry::Scale stored = scaleOf(m_axes.first(), m_entry->time.id());
     m_entry->timeScale = {seconds * stored.factor, seconds * stored.constant};
     if (unit.isEmpty())

@@ -18,8 +18,10 @@ constexpr int mostEarlyEvents = 10000;
 QString entryName(int number)
 {
     constexpr int digits = 5, decimal = 10; // so that the order of the names is that of the entries
-    return number == 1 ? QStringLiteral("entry")
-                       : QStringLiteral("entry_%1").arg(number, digits, decimal, QLatin1Char('0'));
+    const QString first = QStringLiteral("entry");
+    return number == 1
+        ? first
+        : first + QStringLiteral("_%1").arg(number, digits, decimal, QLatin1Char('0'));
 }
 
 } // namespace

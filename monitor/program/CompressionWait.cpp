@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/CompressionWait.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/recording/SegmentCompressor.h"
 
 #include <QDialogButtonBox>
@@ -63,16 +64,14 @@ void CompressionWait::refresh()
         return;
     }
     const QString name = QFileInfo(pending.first()).fileName();
+    const int waiting = pending.size() - 1;
     m_text->setText(
-        pending.size() == 2
-            ? tr("%1 is being compressed, and one more file is waiting. Nothing is lost if you do "
-                 "not wait.")
-                  .arg(name)
-            : pending.size() > 2
-            ? tr("%1 is being compressed, and %2 more files are waiting. Nothing is "
-                 "lost if you do not wait.")
-                  .arg(name, QString::number(pending.size() - 1))
-            : tr("%1 is being compressed. Nothing is lost if you do not wait.").arg(name));
+        (waiting > 0 ? Text::counted("%1 is being compressed, and %n more file(s) is/are waiting. "
+                                     "Nothing is lost if you do not wait.",
+                                     nullptr,
+                                     waiting)
+                     : tr("%1 is being compressed. Nothing is lost if you do not wait."))
+            .arg(name));
     m_bar->setValue(int(m_compressor.progress() * percent));
 }
 

@@ -294,7 +294,7 @@ QString HeadlessFeed::progressText() const
 {
     constexpr double percent = 100.0;
     const auto *file = qobject_cast<FileSource *>(m_source.get());
-    const QString readings = Text::counted(m_readings, "reading");
+    const QString readings = Text::countedInEnglish("%n reading(s)", nullptr, m_readings);
     return file
         ? tr("%1 % of %2, %3")
               .arg(QString::number(int(file->progress() * percent)), file->description(), readings)
@@ -325,11 +325,12 @@ std::optional<StatisticsReport> HeadlessFeed::statistics() const
 
 QStringList HeadlessFeed::check()
 {
-    QStringList lines{tr("detector: %1").arg(m_statistics.header().detector.summary()),
-                      tr("%1, %2 dropped, %3")
-                          .arg(Text::counted(m_readings, "reading"),
-                               Text::counted(m_source->counts().bad(), "line"),
-                               Text::counted(m_gapsBefore + m_statistics.gaps(), "gap"))};
+    QStringList lines{
+        tr("detector: %1").arg(m_statistics.header().detector.summary()),
+        tr("%1, %2 dropped, %3")
+            .arg(Text::countedInEnglish("%n reading(s)", nullptr, m_readings),
+                 Text::countedInEnglish("%n line(s)", nullptr, m_source->counts().bad()),
+                 Text::countedInEnglish("%n gap(s)", nullptr, m_gapsBefore + m_statistics.gaps()))};
     if (m_leftOutCount.count() > 0)
         lines += m_leftOutCount.text();
     const auto *file = qobject_cast<FileSource *>(m_source.get());
@@ -354,10 +355,10 @@ ExitCode HeadlessFeed::judge() const
         complain(tr("%1 contains no readings").arg(m_source->description())
                  + (why.isEmpty() ? why : QStringLiteral(": ") + why));
     else if (bad > 0)
-        complain(tr("%1: %2 could not be used; --check shows %3")
-                     .arg(m_source->description(),
-                          Text::counted(bad, "line"),
-                          bad == 1 ? tr("it") : tr("them")));
+        complain(Text::countedInEnglish("%1: %n line(s) could not be used; --check shows it/them",
+                                        nullptr,
+                                        bad)
+                     .arg(m_source->description()));
     const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
         || m_leftOutCount.count() > 0 || m_isDamaged || m_spotsCut || planIsUnused();
     return wrong ? ExitBadData : ExitGood;

@@ -129,8 +129,7 @@ QVector<OptionText> outputOptions()
         {"after",
          "AMOUNT",
          Text::tr("End, or take the picture, after this amount of data: 200frames, or 2s of its "
-                  "time (%1 "
-                  "readings each second if it has none).")
+                  "time. Readings without times count as %1 a second.")
              .arg(countedEachSecond)},
         {"publish",
          "ADDRESS",
@@ -187,7 +186,7 @@ QVector<TopicText> topicTexts()
               Text::tr(
                   "A table: a recording (also compressed), a file saved by the library, or CSV. "
                   "Where CSV needs --import, a message says how. Or HDF5: a recording, or the "
-                  "NXdata of another program over an axis of the time.")},
+                  "NXdata of another program over a time axis.")},
              {"IMAGES.pgm, FOLDER",
               Text::tr(
                   "Grey images of at most 256 x 256 pixels: those of a file, or all *.pgm files of "

@@ -15,7 +15,9 @@ QStringList damageLines(const RecordingDamage &damage)
 {
     QStringList lines = damage.places;
     if (damage.placesLeftOut > 0)
-        lines += Text::tr("not listed: %1").arg(Text::counted(damage.placesLeftOut, "more place"));
+        lines +=
+            Text::tr("not listed: %1")
+                .arg(Text::countedInEnglish("%n more place(s)", nullptr, damage.placesLeftOut));
     return lines;
 }
 
@@ -39,13 +41,14 @@ int repairOnCommand(const CommandLine &commandLine)
     }
     for (const QString &line : damageLines(damage))
         std::fprintf(stdout, "%s\n", qPrintable(line));
-    std::fprintf(stdout,
-                 "%s\n",
-                 qPrintable(Text::tr("%2 has %1; lost: %3; %4 is as it was")
-                                .arg(Text::counted(damage.readings, "reading"),
-                                     copy,
-                                     Text::counted(damage.lostLines, "line"),
-                                     path)));
+    std::fprintf(
+        stdout,
+        "%s\n",
+        qPrintable(Text::tr("%2 has %1; lost: %3; %4 is as it was")
+                       .arg(Text::countedInEnglish("%n reading(s)", nullptr, damage.readings),
+                            copy,
+                            Text::countedInEnglish("%n line(s)", nullptr, damage.lostLines),
+                            path)));
     return ExitGood;
 }
 

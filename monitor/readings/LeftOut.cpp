@@ -39,13 +39,10 @@ QString LeftOut::text() const
         return {};
     const QString amount =
         numberText(sum, 6) + (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
-    if (what == What::Cells)
-        return (count == 1 ? Text::tr("%1 cell is not wired: %2 left out")
-                           : Text::tr("%1 cells are not wired: %2 left out"))
-            .arg(QString::number(count), amount);
-    return (count == 1 ? Text::tr("%1 reading belongs to no cell: %2 left out")
-                       : Text::tr("%1 readings belong to no cell: %2 left out"))
-        .arg(QString::number(count), amount);
+    const QString who = what == What::Cells
+        ? Text::countedInEnglish("%n cell(s) is/are not wired", nullptr, count)
+        : Text::countedInEnglish("%n reading(s) belong(s) to no cell", nullptr, count);
+    return Text::tr("%1: %2 left out").arg(who, amount);
 }
 
 void LeftOutCount::take(const StreamHeader &header, const ReadingBlock &readings)

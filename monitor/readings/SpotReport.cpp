@@ -35,8 +35,9 @@ QString SpotReport::positions() const
     const PositionErrorStatistics is = errors.statistics(toleranceX, toleranceY);
     if (!is.isComputed())
         return Text::tr("no spot lies where one is planned");
-    QString text = Text::tr("%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm")
-                       .arg(is.spots)
+    QString text = Text::counted("%n spot(s): mean X %1, Y %2 mm; sigma X %3, Y %4 mm; worst %5 mm",
+                                 nullptr,
+                                 is.spots)
                        .arg(length(is.meanX), length(is.meanY), length(is.sigmaX))
                        .arg(length(is.sigmaY), length(is.worst));
     if (is.worstSpot >= 0) {
@@ -66,8 +67,9 @@ QString SpotReport::doses() const
     text += Text::tr("; largest difference of a spot %1 %2")
                 .arg(dose(is.largestDoseDifference), doseUnit);
     if (const int others = is.notComparable + is.targetNotComparable)
-        text +=
-            Text::tr("; %1 spots without a place, a dose or a width are not compared").arg(others);
+        text += Text::counted("; %n spot(s) without a place, a dose or a width is/are not compared",
+                              nullptr,
+                              others);
     return text;
 }
 

@@ -79,8 +79,9 @@ void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
     if (layout.isEmpty())
         return;
     if (layout.readings() != valuesPerReading()) {
-        detectorFault = Text::tr("it has %1 readings, the stream %2")
-                            .arg(layout.readings())
+        detectorFault = Text::countedInEnglish("it has %n reading(s), the stream %1",
+                                               nullptr,
+                                               layout.readings())
                             .arg(valuesPerReading());
         return;
     }

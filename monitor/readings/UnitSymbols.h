@@ -16,7 +16,7 @@ std::unique_ptr<Corvale_Qt::Units::MeasurementUnit> unitFromSymbol(const QString
 
 /*! Splits "left_nA", "left (nA)" or "left [nA]" into the name "left" and the symbol "nA". If the text does not end in the
     symbol of a unit, all of it is the name and the symbol is empty. So it is where the symbol means something else: the
-    C of "temp_C" is no coulomb. */
+    C of "temp_C" is not a coulomb. */
 void splitUnitSuffix(const QString &text, QString *name, QString *symbol);
 
 //! Returns whether both units measure the same quantity, so that values in one can be shown in the other.

@@ -81,9 +81,10 @@ public:
     {
         if (m_lost == 0)
             return;
-        const QString lines = m_lost == 1
-            ? Text::tr("1 line (%1)").arg(m_firstLine)
-            : Text::tr("%1 lines (%2 to %3)").arg(m_lost).arg(m_firstLine).arg(m_lastLine);
+        const QString numbers = m_lost == 1 ? QString::number(m_firstLine)
+                                            : Text::tr("%1 to %2").arg(m_firstLine).arg(m_lastLine);
+        const QString lines =
+            Text::countedInEnglish("%n line(s) (%1)", nullptr, m_lost).arg(numbers);
         const QString where = m_any ? Text::tr("%1, %2").arg(whereAfter(), until) : until;
         const QString text = Text::tr("lost: %1, %2: %3").arg(lines, where, m_why);
         addPlace(text);

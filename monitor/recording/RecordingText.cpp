@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingText.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/recording/RecordingRows.h"
 
 #include <utility>
@@ -59,7 +60,9 @@ void RecordingText::appendLoss()
     QByteArray line;
     appendRecordingEvent(
         &line,
-        QStringLiteral("%1 readings were lost here because the disk was full").arg(m_lost));
+        Text::countedInEnglish("%n reading(s) was/were lost here because the disk was full",
+                               nullptr,
+                               m_lost));
     m_waiting.append(line);
     m_lost = 0;
 }

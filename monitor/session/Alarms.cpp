@@ -64,7 +64,8 @@ void Alarms::update(LimitLog &log)
     for (const LimitLog::Change &change : changes)
         take(change);
     if (const qint64 more = log.takeUnlisted())
-        Q_EMIT noted(tr("WARNING not listed: %1").arg(Text::counted(more, "more limit crossing")));
+        Q_EMIT noted(tr("WARNING not listed: %1")
+                         .arg(Text::countedInEnglish("%n more limit crossing(s)", nullptr, more)));
     bool isOther = !changes.empty();
     for (Entry &entry : m_entries) {
         const LimitState now = entry.channel >= 0 ? log.state(entry.channel) : LimitState::Normal;
@@ -82,12 +83,12 @@ void Alarms::take(const LimitLog::Change &change)
     const Channel &channel = m_header.channels[change.channel];
     if (change.state == LimitState::Normal) {
         const LimitExcursion &past = change.excursion;
-        Q_EMIT noted((m_header.hasTimes
-                          ? tr("%1 is within its limits again after %2 s, at worst %3")
-                          : tr("%1 is within its limits again %2 readings later, at worst %3"))
-                         .arg(channel.name,
-                              QString::number(past.ended - past.began, 'g', 6),
-                              quantity(past.worst, channel.unit)));
+        const double lasted = past.ended - past.began;
+        const QString later = m_header.hasTimes
+            ? tr("after %1 s").arg(lasted, 0, 'g', 6)
+            : Text::countedInEnglish("%n reading(s) later", nullptr, qint64(lasted));
+        Q_EMIT noted(tr("%1 is within its limits again %2, at worst %3")
+                         .arg(channel.name, later, quantity(past.worst, channel.unit)));
         return;
     }
     Entry &entry = entryOf(change.channel);

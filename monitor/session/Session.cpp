@@ -2,6 +2,7 @@
 #include "monitor/session/Session.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 #include "monitor/nexus/NexusSegments.h"
 #include "monitor/sources/PlayClock.h"
 
@@ -254,10 +255,12 @@ void Session::takeEvent(const QString &text)
 void Session::tellHeldBack(double now)
 {
     if (const qint64 events = m_shownEvents.takeHeldBack(now))
-        Q_EMIT noted(QStringLiteral("WARNING %1 more events are not listed").arg(events));
+        Q_EMIT noted(
+            Text::countedInEnglish("WARNING %n more event(s) is/are not listed", nullptr, events));
     const qint64 events = m_recordedEvents.takeHeldBack(now);
     if (m_recorder && events > 0)
-        m_recorder->addEvent(QStringLiteral("%1 more events are not recorded").arg(events));
+        m_recorder->addEvent(
+            Text::countedInEnglish("%n more event(s) is/are not recorded", nullptr, events));
 }
 
 void Session::takeReadings(const ReadingBlock &arrived)
@@ -446,10 +449,10 @@ bool Session::stopRecording()
     } else {
         const QString why = m_recorder->errorString();
         m_incompleteRecordings.append(
-            QStringLiteral("the recording %1 is incomplete, %2 readings are missing%3")
-                .arg(name,
-                     QString::number(m_recorder->lostReadings()),
-                     why.isEmpty() ? why : QStringLiteral(": ") + why));
+            Text::countedInEnglish("the recording %1 is incomplete, %n reading(s) is/are missing%2",
+                                   nullptr,
+                                   m_recorder->lostReadings())
+                .arg(name, why.isEmpty() ? why : QStringLiteral(": ") + why));
         Q_EMIT noted(QStringLiteral("ERROR %1").arg(m_incompleteRecordings.last()));
     }
     m_recorder.reset();

@@ -2,6 +2,7 @@
 #include "monitor/sources/FileSource.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 #include "monitor/nexus/TableReaders.h"
 #include "monitor/sources/FileIntake.h"
 
@@ -45,15 +46,18 @@ QString FileSource::emptyReason() const
         return {};
     const LineCounts counts = this->counts();
     if (counts.readings > 0)
-        return tr("none of its %1 readings lies in the times that were asked for")
-            .arg(counts.readings);
+        return Text::counted("none of its %n reading(s) lies in the times that were asked for",
+                             nullptr,
+                             counts.readings);
     if (counts.lines == 0)
         return tr("the file is empty");
     if (counts.bad() == 0)
         return tr("it has names or comments, but no row with numbers");
-    return tr("none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with "
-              "decimal points, or --import must say how it is written")
-        .arg(counts.bad())
+    return Text::counted("none of its %n line(s) can be read; the first was %1; a row must be "
+                         "t,v1,v2,... with "
+                         "decimal points, or --import must say how it is written",
+                         nullptr,
+                         counts.bad())
         .arg(m_firstRefused.text());
 }
 

@@ -2,6 +2,7 @@
 #include "monitor/sources/PluginSource.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 #include "monitor/sources/PluginCall.h"
 #include "monitor/sources/PluginStream.h"
 
@@ -73,12 +74,15 @@ void PluginSource::drain()
             Q_EMIT bytesArrived(line->text.toUtf8() + '\n');
     }
     if (content.droppedReadings > 0)
-        Q_EMIT noted(
-            QStringLiteral("WARNING %1 readings came while the program was busy, and are lost")
-                .arg(content.droppedReadings));
+        Q_EMIT noted(Text::countedInEnglish(
+            "WARNING %n reading(s) came while the program was busy, and is/are lost",
+            nullptr,
+            content.droppedReadings));
     if (content.droppedLines > 0)
-        Q_EMIT noted(QStringLiteral("WARNING %1 more lines of the source are not listed")
-                         .arg(content.droppedLines));
+        Q_EMIT noted(
+            Text::countedInEnglish("WARNING %n more line(s) of the source is/are not listed",
+                                   nullptr,
+                                   content.droppedLines));
 }
 
 void PluginSource::takeStream(const CorvaleMonitor::SourceStream &stream)
@@ -95,9 +99,11 @@ void PluginSource::takeStream(const CorvaleMonitor::SourceStream &stream)
     m_lastTime = -std::numeric_limits<double>::infinity();
     m_earlierTimes = 0;
     if (m_header.leftOutChannels > 0)
-        Q_EMIT noted(QStringLiteral("WARNING %1 channels beyond the first %2 are left out")
-                         .arg(m_header.leftOutChannels)
-                         .arg(StreamHeader::maxChannels));
+        Q_EMIT noted(
+            Text::countedInEnglish("WARNING %n channel(s) beyond the first %1 is/are left out",
+                                   nullptr,
+                                   m_header.leftOutChannels)
+                .arg(StreamHeader::maxChannels));
     Q_EMIT streamStarted(m_header);
 }
 

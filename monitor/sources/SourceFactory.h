@@ -12,7 +12,7 @@ namespace Monitor {
 
     sim:ic4, sim:strips, sim:pixels, sim:spots (with ?seed=N), file:PATH or a path of a table, of grey images or of a folder of them, - for standard input,
     tcp://HOST:PORT (with ?ask=TEXT&every=100ms), tcp-listen://ADDRESS:PORT, serial:DEVICE (with ?baud=N). The last
-    three also take ?silence=30s. Another SCHEME:REST that is no file is an address that a plugin reads. */
+    three also take ?silence=30s. Another SCHEME:REST that is not a file is an address that a plugin reads. */
 class SourceFactory
 {
 public:

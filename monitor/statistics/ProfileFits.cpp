@@ -16,7 +16,7 @@ namespace Monitor {
 
 namespace {
 
-//! Fewer channels than this are no profile.
+//! Fewer channels than this are not a profile.
 constexpr int fewestOfAProfile = 3;
 
 ProfileFitResult

@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/core/LoggedText.h"
+#include "monitor/core/Text.h"
 #include "monitor/tape/TapeIndexThread.h"
 
 #include <algorithm>
@@ -258,10 +259,11 @@ void CommonTape::tellPlacing(int track) const
         Q_EMIT source(track).noted(QStringLiteral(
             "WARNING the recording has readings without times: they are played one a second"));
     if (m_times.movedParts(track) > 0)
-        Q_EMIT source(track).noted(
-            QStringLiteral("WARNING %1 parts of the recording are played after the part before, "
-                           "which ended later than they claim to have begun")
-                .arg(m_times.movedParts(track)));
+        Q_EMIT source(track).noted(Text::countedInEnglish(
+            "WARNING %n part(s) of the recording is/are played after the part before, which ended "
+            "later than it/they claim(s) to have begun",
+            nullptr,
+            m_times.movedParts(track)));
 }
 
 //! Begins where the first recording is, if it has been played, or at the first time that is wanted.

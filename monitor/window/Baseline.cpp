@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/Baseline.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/session/Session.h"
 #include <corvale_qt/proxies/RVXZeroingProxyModel.h>
 #include <corvale_qt/scope/RVXScope.h>
@@ -67,9 +68,8 @@ void Baseline::takeBackground()
     m_takingBackground = false;
     correctKind(Kind::Zero, Kind::Background);
     const int readings = qMin(backgroundLength, m_session.model().rowCount() - 1);
-    const QString what = readings == 1
-        ? QStringLiteral("the last reading")
-        : QStringLiteral("the mean of the last %1 readings").arg(readings);
+    const QString what =
+        Text::countedInEnglish("the mean of the last %n reading(s)", nullptr, readings);
     Q_EMIT m_session.noted(
         QStringLiteral("background taken: %1 of each channel is subtracted from what is shown")
             .arg(what));

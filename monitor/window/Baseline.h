@@ -25,7 +25,7 @@ public:
         Zero,
         Background,
     };
-    //! How many readings a background is the mean of, if so many have come.
+    //! The number of readings whose mean is a background; fewer if fewer have come.
     static constexpr int backgroundLength = 100;
 
     Baseline(Session &session, Corvale_Qt::RVXScope &scope, QObject *parent = nullptr);

@@ -2,6 +2,7 @@
 #include "monitor/window/ClearUndo.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/NoticeLine.h"
 #include <corvale_qt/scope/RVXScope.h>
@@ -42,11 +43,12 @@ void ClearUndo::keep()
     m_period = m_scope.period();
     m_keptAt = m_session.clock().seconds();
     m_action->setEnabled(true);
-    const QString text = rows == 1
-        ? tr("%1 reading was cleared from the displays. For a minute it can be brought back (%2).")
-        : tr("%1 readings were cleared from the displays. For a minute they can be brought back "
-             "(%2).");
-    m_notice.tell(text.arg(rows).arg(m_action->shortcut().toString(QKeySequence::NativeText)),
+    const QString text =
+        Text::counted("%n reading(s) was/were cleared from the displays. For a minute "
+                      "it/they can be brought back (%1).",
+                      nullptr,
+                      rows);
+    m_notice.tell(text.arg(m_action->shortcut().toString(QKeySequence::NativeText)),
                   NoticeLine::Kind::Hint);
 }
 

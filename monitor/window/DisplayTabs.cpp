@@ -165,7 +165,7 @@ void DisplayTabs::beginStream()
 void DisplayTabs::showDetectorInScope()
 {
     const StreamHeader &header = m_session.model().header();
-    // The channels of a stream of frames are no cells.
+    // The channels of a stream of frames are not cells.
     m_scope->plotView()->setDetectorLayout(
         header.hasFrames() ? DetectorLayout()
                            : withVerdictLimits(detectorOf(header), m_verdictLimits));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ExportActions.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
 #include <corvale_qt/models/RVXAbstractPlotDataModel.h>
@@ -108,8 +109,10 @@ void ExportActions::save(const QString &path, double left, double right)
     const bool hasOlder = newest >= m_session.model().capacity() && left < plot->doubleData(1, 0);
     connect(running, &PlotDataExport::finished, this, [=](bool complete) {
         if (complete)
-            Q_EMIT m_session.noted(QStringLiteral("%1 readings were saved to %2")
-                                       .arg(QString::number(running->rows()), path));
+            Q_EMIT m_session.noted(Text::countedInEnglish("%n reading(s) was/were saved to %1",
+                                                          nullptr,
+                                                          running->rows())
+                                       .arg(path));
         else if (!running->errorString().isEmpty())
             Q_EMIT m_session.noted(
                 QStringLiteral("ERROR %1 was not saved: %2. Save to another disk, or make room")

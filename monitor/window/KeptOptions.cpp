@@ -63,7 +63,7 @@ std::optional<double> keptNumber(const WindowSettings &settings, const QString &
     return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
-//! Returns the limits of verdicts; a limit that is not kept, or is no limit, is the usual one.
+//! Returns the limits of verdicts; a limit that is not kept, or cannot be one, is the usual one.
 Corvale_Qt::VerdictLimits keptVerdictLimits(const WindowSettings &settings)
 {
     Corvale_Qt::VerdictLimits limits;

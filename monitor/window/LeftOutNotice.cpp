@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/LeftOutNotice.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
 
@@ -29,13 +30,12 @@ void LeftOutNotice::refresh()
 {
     QStringList texts;
     if (const int columns = m_session.statistics().header().leftOutChannels)
-        texts.append(
-            (columns == 1
-                 ? tr("%1 column beyond the first %2 is left out; a stream of frames may have more")
-                 : tr("%1 columns beyond the first %2 are left out; a stream of frames may have "
-                      "more"))
-                .arg(columns)
-                .arg(StreamHeader::maxChannels));
+        texts.append(Text::counted(
+                         "%n column(s) beyond the first %1 is/are left out; a stream of frames may "
+                         "have more",
+                         nullptr,
+                         columns)
+                         .arg(StreamHeader::maxChannels));
     for (const QString &text : {m_session.statistics().leftOut().text(), m_inDisplays})
         if (!text.isEmpty())
             texts.append(text);

@@ -37,7 +37,7 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
 {
     setWindowTitle(tr("Limits"));
     auto *explanation = new QLabel(tr("Readings beyond a limit are a warning or an alarm. An empty "
-                                      "cell is no limit. Numbers have a decimal point."),
+                                      "cell means no limit. Numbers have a decimal point."),
                                    this);
     explanation->setWordWrap(true);
     m_fault->setTextFormat(Qt::PlainText);

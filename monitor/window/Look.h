@@ -30,7 +30,7 @@ QColor ground(State state);
 //! Returns the colour of text on the ground of a state.
 QColor ink(State state);
 /*! Returns the colour of a word that stands for a state without its ground, on a light or a dark page; its contrast there is
-    above 4.5. States that are no warning and no trouble have the colour of their ground on a dark page, and black on a light one. */
+    above 4.5. States that are neither a warning nor trouble have the colour of their ground on a dark page, and black on a light one. */
 QColor word(State state, bool onDark);
 //! Returns ground and text of a state for a style sheet.
 QString styleSheet(State state);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/MeasureMenu.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/Baseline.h"
 #include "monitor/window/ComputedAction.h"
@@ -53,9 +54,10 @@ void MeasureMenu::addBaseline()
                              &Baseline::takeBackground);
     m_background->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_B));
     m_background->setObjectName(QStringLiteral("background"));
-    m_background->setToolTip(
-        tr("Subtracts the mean of the last %1 readings of each channel from what is shown.")
-            .arg(Baseline::backgroundLength));
+    m_background->setToolTip(Text::counted(
+        "Subtracts the mean of the last %n reading(s) of each channel from what is shown.",
+        nullptr,
+        Baseline::backgroundLength));
     m_remove = addAction(tr("&Remove zero and background"), baseline, &Baseline::remove);
     m_remove->setObjectName(QStringLiteral("removeZero"));
     setToolTipsVisible(true);
@@ -65,13 +67,15 @@ void MeasureMenu::addAverages()
 {
     QMenu *averages = addMenu(tr("&Average of the scope"));
     m_averages = new QActionGroup(this);
-    for (const int length : {1, 10, 100, 1000}) {
-        QAction *action =
-            averages->addAction(length == 1 ? tr("&None") : tr("%1 readings").arg(length));
+    const auto add = [&](const QString &text, int length) {
+        QAction *action = averages->addAction(text);
         action->setCheckable(true);
         action->setData(length);
         m_averages->addAction(action);
-    }
+    };
+    add(tr("&None"), 1);
+    for (const int length : {10, 100, 1000})
+        add(Text::counted("%n reading(s)", nullptr, length), length);
     connect(m_averages, &QActionGroup::triggered, this, [this](QAction *action) {
         m_displays.scope()->setAveraging(action->data().toInt());
     });

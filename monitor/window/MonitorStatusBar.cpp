@@ -2,6 +2,7 @@
 #include "monitor/window/MonitorStatusBar.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 #include "monitor/session/Companions.h"
 #include "monitor/window/MemberNotices.h"
 
@@ -78,18 +79,17 @@ QString MonitorStatusBar::rateText(double rate)
 
 QString MonitorStatusBar::badText(qint64 lines)
 {
-    return lines == 1 ? tr("1 bad line") : tr("%1 bad lines").arg(lines);
+    return Text::counted("%n bad line(s)", nullptr, lines);
 }
 
 QString MonitorStatusBar::gapsText(qint64 gaps)
 {
-    return gaps == 1 ? tr("1 gap") : tr("%1 gaps").arg(gaps);
+    return Text::counted("%n gap(s)", nullptr, gaps);
 }
 
 QString MonitorStatusBar::pausedText(qint64 readings)
 {
-    return readings == 1 ? tr("PAUSED, 1 reading waits")
-                         : tr("PAUSED, %1 readings wait").arg(readings);
+    return Text::counted("PAUSED, %n reading(s) wait(s)", nullptr, readings);
 }
 
 QString MonitorStatusBar::clockText() const
@@ -151,8 +151,11 @@ QVector<StatusField::Part> MonitorStatusBar::notices() const
     notices += recordingNotices() + companionNotices();
     if (m_session.isStale())
         notices.append({own(tr("STALE")),
-                        tr("no reading has come for three of the usual intervals; check the beam "
-                           "and the instrument"),
+                        source.isLive()
+                            ? tr("no reading has come for three of the usual intervals; check the "
+                                 "beam and the instrument")
+                            : tr("the recording has a gap here: the values shown are from before "
+                                 "it"),
                         State::Trouble});
     if (const auto clock = companions().empty()
             ? std::nullopt

@@ -27,11 +27,13 @@ SessionLines::SessionLines(Session &session, QObject *parent)
         noteState(state, session.source().loggedStateText());
     });
     connect(&session.clock(), &Clock::tick, this, &SessionLines::tellHeldBack);
-    connect(&session, &Session::staleChanged, this, [this](bool stale) {
-        Q_EMIT written(
-            stale ? tr("WARNING the source is silent: the values shown are old. Check the beam "
-                       "and the instrument")
-                  : tr("readings arrive again"));
+    connect(&session, &Session::staleChanged, this, [this, &session](bool stale) {
+        Q_EMIT written(!stale ? tr("readings arrive again")
+                           : session.source().isLive()
+                           ? tr("WARNING the source is silent: the values shown are old. Check the "
+                                "beam and the instrument")
+                           : tr("WARNING the recording has a gap here: the values shown are from "
+                                "before it"));
     });
 }
 
@@ -44,7 +46,9 @@ void SessionLines::noteStart(const StreamHeader &header)
     else
         Q_EMIT written(
             tr("readings begin: %1, layout %2%3")
-                .arg(Text::counted(header.channels.size(), "channel"), layoutName(header), inUnit));
+                .arg(Text::countedInEnglish("%n channel(s)", nullptr, header.channels.size()),
+                     layoutName(header),
+                     inUnit));
     noteAssumptions(header);
 }
 
@@ -84,10 +88,11 @@ void SessionLines::tellHeldBack()
     if (const qint64 lines = m_refused.takeHeldBack(now))
         Q_EMIT written(
             tr("WARNING not listed: %1; corvale-monitor --check FILE lists those of a file")
-                .arg(Text::counted(lines, "more bad line")));
+                .arg(Text::countedInEnglish("%n more bad line(s)", nullptr, lines)));
     if (const qint64 states = m_states.takeHeldBack(now))
         Q_EMIT written(
-            tr("WARNING not listed: %1").arg(Text::counted(states, "more connection change")));
+            tr("WARNING not listed: %1")
+                .arg(Text::countedInEnglish("%n more connection change(s)", nullptr, states)));
 }
 
 } // namespace Monitor

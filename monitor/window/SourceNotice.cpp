@@ -2,6 +2,7 @@
 #include "monitor/window/SourceNotice.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/Text.h"
 #include "monitor/session/Session.h"
 
 namespace Monitor {
@@ -84,11 +85,12 @@ QString SourceNotice::silenceText() const
         return {};
     const qint64 bad = source.counts().bad();
     if (bad > 0)
-        return (bad == 1 ? tr("%1: %2 line could not be read: %3. A line must be t,v1,v2,... with "
-                              "decimal points.")
-                         : tr("%1: none of %2 lines could be read; the first was %3. A line must "
-                              "be t,v1,v2,... with decimal points."))
-            .arg(source.description(), QString::number(bad), m_firstRefused);
+        return Text::counted(
+                   "%1: none of %n line(s) could be read; the first was %2. A line must be "
+                   "t,v1,v2,... with decimal points.",
+                   nullptr,
+                   bad)
+            .arg(source.description(), m_firstRefused);
     const QString why = source.emptyReason();
     if (source.state() == Source::State::Finished)
         return why.isEmpty() ? tr("%1 contains no readings.").arg(source.description())

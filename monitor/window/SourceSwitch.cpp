@@ -159,7 +159,7 @@ bool SourceSwitch::isOpenIn(const QString &settingsFile, const QString &text)
     });
 }
 
-//! Standard input is no recent source: it cannot be opened again.
+//! Standard input is not kept as a recent source: it cannot be opened again.
 void SourceSwitch::remember()
 {
     m_settings.setText(openKey, m_current);

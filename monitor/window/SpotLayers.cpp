@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/SpotLayers.h"
 
+#include "monitor/core/Text.h"
 #include "monitor/model/MultichannelDeviceModel.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapViewColumnMapper.h>
@@ -134,7 +135,7 @@ QString SpotLayers::description() const
     if (m_layers.empty())
         return tr("Spots");
     if (!m_layer)
-        return m_layers.size() == 1 ? tr("One layer") : tr("All %1 layers").arg(m_layers.size());
+        return Text::counted("All %n layer(s)", nullptr, qint64(m_layers.size()));
     const int place = 1 + int(std::distance(m_layers.begin(), m_layers.find(*m_layer)));
     return tr("Layer %1 of %2").arg(place).arg(m_layers.size());
 }

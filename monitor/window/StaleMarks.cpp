@@ -6,6 +6,8 @@ namespace Monitor {
 namespace {
 
 constexpr int markedColumn = 1;
+//! What the table shows where nothing has been read, which cannot be old.
+const QString noValue = QStringLiteral("N/A");
 
 } // namespace
 
@@ -30,7 +32,7 @@ QVariant StaleMarks::data(const QModelIndex &index, int role) const
     case StaleRole:
         return true;
     case Qt::DisplayRole:
-        return tr("old: %1").arg(value.toString());
+        return value == noValue ? value : tr("old: %1").arg(value.toString());
     case Qt::ToolTipRole:
         return tr("This value is old: no reading has arrived since.");
     default:

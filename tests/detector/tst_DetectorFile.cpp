@@ -281,7 +281,8 @@ private Q_SLOTS:
         QTest::newRow("#dead 5") << "#dead: there is no channel 5";
         QTest::newRow("#positions x 3,1,2 mm")
             << "x.positions[2]: 2 follows 1: positions must rise, or fall, without repeating";
-        QTest::newRow("#positions x 1,2,3,4,5 mm") << "readings: 4 readings are fewer than 5 cells";
+        QTest::newRow("#positions x 1,2,3,4,5 mm")
+            << "readings: there are fewer readings (4) than cells (5)";
         QTest::newRow("#detector {\"detector\":1,\"kind\":\"strips\",\"x\":{\"cells\":3}}")
             << "readings: the detector has 3 readings, the stream 4";
     }

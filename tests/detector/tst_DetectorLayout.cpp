@@ -160,9 +160,9 @@ private Q_SLOTS:
             an infinite offset | x.offset inf | x.offset: is not a usable length
             a reading wired twice | wiring 0 1 0 | wiring[2]: reading 1 is wired twice
             a reading that no frame has | wiring 0 7 -1 | wiring[1]: there is no reading 8
-            a short wiring table | wiring 0 | wiring: has 1 entries for 3 cells
-            too few readings | readings 2 | readings: 2 readings are fewer than 3 cells
-            too few channels | gains 1 | channels: there are 1 channels for 3 readings
+            a short wiring table | wiring 0 | wiring: has 1 entry for 3 cells
+            too few readings | readings 2 | readings: there are fewer readings (2) than cells (3)
+            too few channels | gains 1 | channels: has 1 entry for 3 readings
             a gain of 0 | gains 1 0 1 | channels.gain[1]: is 0 or not a usable number
             a list of channels with an axis | channels | x: a list of channels has no axes
             a noise of 0 | noise 0 | noise: is not above 0

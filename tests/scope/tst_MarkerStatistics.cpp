@@ -402,7 +402,7 @@ private Q_SLOTS:
         history.view.SelectPoint1(QPointF(2000.0, 700.0));
         QCOMPARE(history.view.markerStatistics().first.time, 4240.0);
         const QString text = history.view.markerText(0);
-        QVERIFY2(text.contains("\n640000 mA to 703000 mA\nof 64 readings"), qPrintable(text));
+        QVERIFY2(text.contains("\n640000 mA to 703000 mA\nreadings: 64"), qPrintable(text));
     }
 
     //! A listener that hears first that the model is being deleted gets nothing from a history that has gone.

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/profile/DetectorControls_p.h"
 #include "corvale_qt/beam/profile/RVXSpectrogram.h"
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 #include "corvale_qt/widgets/QScienceSpinBox.h"
 
 #include <QAction>
@@ -89,7 +90,7 @@ void DetectorControls::makeControls()
     for (QSpinBox *frames : {m_averaged, m_backgroundFrames}) {
         frames->setRange(1, 100);
         const auto name = [frames](int count) {
-            frames->setSuffix(count == 1 ? tr(" frame") : tr(" frames"));
+            frames->setSuffix(Corvale_Qt::tr(" frame(s)", nullptr, count));
         };
         connect(frames, QOverload<int>::of(&QSpinBox::valueChanged), this, name);
         name(frames->value());

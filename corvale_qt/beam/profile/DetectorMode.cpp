@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/DetectorMode_p.h"
 #include "corvale_qt/beam/profile/Logging_p.h"
+#include "corvale_qt/units/LibraryTexts_p.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <cmath>
@@ -110,7 +110,7 @@ QString DetectorMode::stateText() const
 {
     QStringList texts;
     if (averaging.averaged() > 1)
-        texts.append(tr("average of %n frames", nullptr, int(averaging.averaged())));
+        texts.append(Corvale_Qt::tr("average of %n frame(s)", nullptr, int(averaging.averaged())));
     if (averaging.missingFrames() > 0)
         texts.append(missingText(averaging.missingFrames()));
     if (averaging.hasBackground())
@@ -118,20 +118,16 @@ QString DetectorMode::stateText() const
     return texts.join(QStringLiteral("; "));
 }
 
-// English needs a text of its own for one, since it has no catalogue; %n has the plurals of the other languages.
 QString DetectorMode::missingText(int frames)
 {
-    return frames == 1 ? tr("taking the background: 1 frame to come")
-                       : tr("taking the background: %n frames to come", nullptr, frames);
+    return Corvale_Qt::tr("taking the background: %n frame(s) to come", nullptr, frames);
 }
 
 QString DetectorMode::backgroundText(int frames, bool isSubtracted)
 {
-    if (frames == 1)
-        return isSubtracted ? tr("background of 1 frame subtracted")
-                            : tr("background of 1 frame not subtracted");
-    return isSubtracted ? tr("background of %n frames subtracted", nullptr, frames)
-                        : tr("background of %n frames not subtracted", nullptr, frames);
+    return isSubtracted
+        ? Corvale_Qt::tr("background of %n frame(s) subtracted", nullptr, frames)
+        : Corvale_Qt::tr("background of %n frame(s) not subtracted", nullptr, frames);
 }
 
 } // namespace Corvale_Qt

@@ -6,8 +6,6 @@
 #include "corvale_qt/beam/profile/FrameAveraging_p.h"
 #include "corvale_qt/beam/profile/JudgedFrame_p.h"
 
-#include <QCoreApplication>
-
 #include <optional>
 
 namespace Corvale_Qt {
@@ -60,8 +58,6 @@ private:
     DetectorLayout m_shown;
     bool m_invertX = false;
     bool m_invertY = false;
-
-    Q_DECLARE_TR_FUNCTIONS(Corvale_Qt::DetectorMode)
 };
 
 } // namespace Corvale_Qt

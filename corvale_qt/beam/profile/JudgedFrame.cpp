@@ -78,11 +78,9 @@ BeamVerdict verdictOf(const JudgedFrame &frame)
         verdict.hotCells = count(CellFlag::Hot);
     }
     if (frame.cells.leftOut > 0)
-        verdict.notes.append((frame.cells.leftOut == 1
-                                  ? tr("%1 reading belongs to no cell: %2 left out")
-                                  : tr("%1 readings belong to no cell: %2 left out"))
-                                 .arg(frame.cells.leftOut)
-                                 .arg(frame.cells.leftOutSum, 0, 'g', 4));
+        verdict.notes.append(
+            tr("%n reading(s) belong to no cell: %1 left out", nullptr, frame.cells.leftOut)
+                .arg(frame.cells.leftOutSum, 0, 'g', 4));
     return verdict;
 }
 

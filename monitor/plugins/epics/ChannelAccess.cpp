@@ -72,7 +72,7 @@ const Library *Library::load(QString *error)
             continue;
         if (resolveAll(library, &functions))
             return &functions;
-        *error = EpicsText::tr("%1 is no Channel Access client library that can be used")
+        *error = EpicsText::tr("%1 is not a Channel Access client library that can be used")
                      .arg(library.fileName());
         return nullptr;
     }

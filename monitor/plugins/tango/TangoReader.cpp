@@ -117,8 +117,8 @@ bool TangoReader::takeEvents(TangoEventQueue::Content &content)
     if (content.hasGap)
         m_receiver->note(QStringLiteral("WARNING %1: events were lost on their way").arg(name));
     if (content.lost > 0)
-        m_receiver->note(QStringLiteral("WARNING %1: %2 events came faster than they can be taken, "
-                                        "and are lost")
+        m_receiver->note(QStringLiteral("WARNING %1: events came faster than they can be taken; "
+                                        "lost: %2")
                              .arg(name)
                              .arg(content.lost));
     for (TangoReading &reading : content.readings) {

@@ -303,9 +303,11 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
             "| 500: 2 | 1500: 4");
         row("an axis that is no time",
             data(signal + "t.attrs['units'] = 'mm'\n"),
-            "scan: its signal i lies over t in mm, which is no time");
-        row("an axis of another length", data("d['i'] = [1, 2]\n"), "another length");
-        row("no axes at all", data(signal + "del d.attrs['axes']\n"), "has no axis of the time");
+            "scan: the axis t of its signal i is in mm, which is not a unit of time");
+        row("an axis of another length",
+            data("d['i'] = [1, 2]\n"),
+            "is not as long as its signal i");
+        row("no axes at all", data(signal + "del d.attrs['axes']\n"), "has no time axis");
         row("no signal", data({}), "its signal i is missing");
         row("texts", data("d['i'] = [b'a', b'b', b'c']\n"), "they are not numbers");
         row("four dimensions", data("d['i'] = np.zeros((3, 1, 1, 1))\n"), "4 dimensions");

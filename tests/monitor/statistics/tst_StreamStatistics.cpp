@@ -344,7 +344,7 @@ private Q_SLOTS:
                 | 2 spots: mean X 0.500, Y 0.000 mm; sigma X 0.000, Y 0.000 mm; worst 0.500 mm (row 1); 0 outside 1 x 1 mm
                 | 0 missing (0 MU), 1 extra (1 MU); total dose 21 MU of 20 MU; largest difference of a spot 0 MU
             planned and measured in one list |  | x_mm,y_mm,mu,x_planned_mm,y_planned_mm,mu_planned\n1,0,9,0,0,10\n5,5,1,,,\n
-                | 1 spots: mean X 1.000, Y 0.000 mm; sigma X -, Y - mm; worst 1.000 mm (row 1); 0 outside 1 x 1 mm
+                | 1 spot: mean X 1.000, Y 0.000 mm; sigma X -, Y - mm; worst 1.000 mm (row 1); 0 outside 1 x 1 mm
                 | 0 missing (0 MU), 1 extra (1 MU); total dose 10 MU of 10 MU; largest difference of a spot -1 MU
         )");
         const QByteArray names = "spot,x_mm,y_mm,mu\n";
@@ -367,7 +367,7 @@ private Q_SLOTS:
             names + "1,nan,0,10\n",
             "no spot lies where one is planned",
             "1 missing (10 MU), 0 extra (0 MU); total dose 0 MU of 10 MU; largest difference of a "
-            "spot 0 MU; 1 spots without a place, a dose or a width are not compared");
+            "spot 0 MU; 1 spot without a place, a dose or a width is not compared");
     }
     void spotsAgainstAPlan()
     {

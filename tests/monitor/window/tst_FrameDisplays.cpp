@@ -427,7 +427,7 @@ private Q_SLOTS:
         s.settle();
         QVERIFY(displays.showDisplay("errors"));
         const auto *numbers = displays.findChild<QLabel *>("positionErrors");
-        QTRY_VERIFY2(numbers->text().startsWith("1 spots: mean X 2.000, Y 0.000 mm"),
+        QTRY_VERIFY2(numbers->text().startsWith("1 spot: mean X 2.000, Y 0.000 mm"),
                      qPrintable(numbers->text()));
         QVERIFY(numbers->text().contains("1 outside 1 x 1 mm"));
         auto *map = displays.findChild<Corvale_Qt::SpotMapWidget *>();

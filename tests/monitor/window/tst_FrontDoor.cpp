@@ -358,7 +358,7 @@ private Q_SLOTS:
         dialog.findChild<QPushButton *>("presets")->menu()->actions().first()->trigger();
         QCOMPARE(dialog.options().detectorFile, QString("preset:strips64"));
         type("minimumSum", "half");
-        QVERIFY(fault().contains("is no number"));
+        QVERIFY(fault().contains("is not a number"));
         type("minimumSum", "0.5");
         auto *residuals = dialog.findChild<QDoubleSpinBox *>("residual_rms");
         residuals->setValue(30.0); // in percent

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/core/EnglishTexts.h"
+#include "monitor/core/Text.h"
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
 #include "monitor/program/CompressionWait.h"
@@ -113,6 +115,22 @@ class tst_WindowAppearance : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    //! A number has its form in each language, however large it is, and an English one in files.
+    void numbersHaveTheirForms()
+    {
+        const auto gaps = [](qint64 number) {
+            return Text::counted("%n gap(s)", nullptr, number);
+        };
+        QCOMPARE(gaps(1), QString("1 gap"));
+        QCOMPARE(gaps(5000000001), QString("5000000001 gaps"));
+        const InLanguage german("de");
+        QCOMPARE(gaps(1), QString::fromUtf8("1 Lücke"));
+        QCOMPARE(gaps(5000000001), QString::fromUtf8("5000000001 Lücken"));
+        QCOMPARE(Text::countedInEnglish("%n line(s)", nullptr, 0), QString("0 lines"));
+        const EnglishTexts english;
+        QCOMPARE(gaps(2), QString("2 gaps"));
+    }
+
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
     void keysAndMnemonicsDoNotClash_data() { addLanguages(); }

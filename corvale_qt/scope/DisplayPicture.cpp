@@ -6,8 +6,12 @@
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeLegend.h"
 
+#include <qwt_plot_canvas.h>
+
 #include <QFontInfo>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPicture>
 #include <QPointer>
 #include <QScrollBar>
 #include <QStyleOptionViewItem>
@@ -104,6 +108,68 @@ private:
     QPalette m_palette;
     bool m_hadPalette = false;
     std::vector<Canvas> m_canvases;
+};
+
+bool isPixels(const QPainter &painter)
+{
+    return painter.paintEngine()->type() == QPaintEngine::Raster;
+}
+
+/*! Draws a display and what lies in it as lines and letters, each widget by itself: what QWidget::render() draws of all of them
+    is an image of all the dots on the page of a printer, and in other drawings loses what follows a clipped text, since the place
+    of a widget is added to its clip once more. */
+void drawStrokes(QPainter *painter, QWidget *widget, QWidget::RenderFlags flags)
+{
+    QPicture strokes;
+    QPainter recorder(&strokes);
+    widget->render(&recorder, QPoint(), QRegion(), flags);
+    recorder.end();
+    painter->save();
+    painter->setClipRect(widget->rect(), Qt::IntersectClip);
+    // A picture is played as large as it was on the screen, on paper as well.
+    const double zoom = double(strokes.logicalDpiX()) / painter->device()->logicalDpiX();
+    painter->scale(zoom, zoom);
+    painter->drawPicture(0, 0, strokes);
+    painter->restore();
+    for (QObject *child : widget->children()) {
+        auto *part = qobject_cast<QWidget *>(child);
+        if (!part || part->isWindow() || !part->isVisibleTo(widget))
+            continue;
+        painter->save();
+        painter->translate(part->pos());
+        drawStrokes(painter, part, {});
+        painter->restore();
+    }
+}
+
+/*! Has plots draw their curves while it lives, where they would copy the pixels of the screen: pages and drawings then have lines,
+    which stay sharp at any size. */
+class DrawnCurves
+{
+public:
+    DrawnCurves(QWidget *display, const QPainter &painter)
+    {
+        if (isPixels(painter))
+            return;
+        for (auto *canvas : display->findChildren<QwtPlotCanvas *>()) {
+            if (canvas->testPaintAttribute(QwtPlotCanvas::BackingStore))
+                m_canvases.push_back(canvas);
+        }
+        setCopied(false);
+    }
+    ~DrawnCurves() { setCopied(true); }
+    Q_DISABLE_COPY(DrawnCurves)
+
+private:
+    void setCopied(bool copied)
+    {
+        for (const QPointer<QwtPlotCanvas> &canvas : m_canvases) {
+            if (canvas)
+                canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, copied);
+        }
+    }
+
+    std::vector<QPointer<QwtPlotCanvas>> m_canvases;
 };
 
 //! Returns a font of the same size in pixels of the screen: one in points would grow with the resolution of a printer.
@@ -272,13 +338,19 @@ void DisplayPicture::paint(QPainter *painter) const
         return;
     const QSize whole = size();
     const BorrowedColors colors(d->display, d->colors);
+    const DrawnCurves curves(d->display, *painter);
     const QPalette palette = d->display->palette();
     painter->save();
     if (whole != d->display->size())
         painter->fillRect(QRect(QPoint(), whole), palette.window());
     if (d->hasHeading())
         d->paintHeading(painter);
-    d->display->render(painter, QPoint(0, d->headingHeight()));
+    painter->translate(0, d->headingHeight());
+    if (isPixels(*painter))
+        d->display->render(painter);
+    else
+        drawStrokes(painter, d->display, QWidget::DrawWindowBackground);
+    painter->translate(0, -d->headingHeight());
     int y = d->headingHeight() + d->display->height() + pictureMargin;
     for (const auto &legend : d->legends()) {
         legend->paint(painter, {0, y}, palette);

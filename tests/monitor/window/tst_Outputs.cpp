@@ -11,6 +11,12 @@
 #include "tests/support/TextTable.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
+#include <qwt_plot.h>
+#include <qwt_scale_widget.h>
+
+#include <QPicture>
+#include <QPrinter>
+
 using namespace Monitor;
 using Corvale_Qt::DisplayPicture;
 
@@ -68,6 +74,44 @@ private Q_SLOTS:
         }
         QVERIFY(!PictureExport::save(picture, file("v.tiff"), &error));
         QVERIFY(error.contains(".png, .svg or .pdf"));
+    }
+
+    //! A page is made of lines and letters: as an image with all the dots of a printer it would take a second and 500 MB.
+    void aPictureGoesToAPrinter()
+    {
+        OutputInTest w(file("page.xui"));
+        w.source->begin(StreamKind::Channels, 2);
+        w.run(20);
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFileName(file("page.pdf"));
+        QVERIFY(PictureExport::print(DisplayPicture(w.view()), &printer));
+        const QByteArray page = fileContents(file("page.pdf"));
+        QVERIFY(page.startsWith("%PDF"));
+        for (auto image = QRegularExpression("/Width (\\d+)").globalMatch(page); image.hasNext();)
+            QVERIFY(image.next().captured(1).toInt() < 100); // icons and the like
+        // The strokes show what the pixels show, to the end of the time axis.
+        const DisplayPicture picture(w.view());
+        QPicture strokes;
+        QPainter recorder(&strokes);
+        picture.paint(&recorder);
+        recorder.end();
+        const QWidget *axis = w.view()->findChild<QwtPlot *>()->axisWidget(QwtPlot::xBottom);
+        const QRect end(axis->mapTo(w.view(), axis->rect().center()), axis->size() / 2);
+        const auto darkShare = [&](auto draw) {
+            QImage image(picture.size(), QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            draw(painter);
+            return 1.0 - lightShare(image.copy(end));
+        };
+        const double drawn = darkShare([&](QPainter &painter) {
+            painter.drawPicture(0, 0, strokes);
+        });
+        const double shown = darkShare([&](QPainter &painter) {
+            picture.paint(&painter);
+        });
+        QVERIFY2(shown > 0.0 && std::abs(drawn / shown - 1) < 0.2,
+                 qPrintable(QString::number(drawn / shown)));
     }
 
     //! What the operator chooses is on the picture, and is chosen again the next time.

@@ -48,17 +48,21 @@ QRect fitted(const QRect &frame, const QList<QRect> &screens)
 
 void fitToScreen(QWidget *window)
 {
-    QRect frame = window->frameGeometry();
     // The frame is known once the window is shown; until then there must be room for a title.
-    if (!window->isVisible())
-        frame.setHeight(frame.height() + window->style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const int title =
+        window->isVisible() ? 0 : window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect frame = window->frameGeometry().adjusted(0, -title, 0, 0);
     const QSize margins = frame.size() - window->size();
     const QRect wanted = fitted(frame, usableScreens());
     if (wanted.size() != frame.size())
         window->resize(wanted.size() - margins);
     // A window that nobody has moved is placed by the desktop, which knows the height of the title.
-    if (wanted.topLeft() != frame.topLeft())
+    if (wanted.topLeft() == frame.topLeft())
+        return;
+    if (window->isVisible())
         window->move(wanted.topLeft());
+    else if (window->testAttribute(Qt::WA_Moved)) // move() would put the title above the screen
+        window->setGeometry({wanted.topLeft() + QPoint(0, title), window->size()});
 }
 
 } // namespace Monitor

@@ -289,6 +289,18 @@ private Q_SLOTS:
         QTEST(fitted(frame, {QRect(0, 0, 1024, 600), QRect(1024, 0, 1920, 1200)}), "placed");
     }
 
+    //! A window that is placed before it is shown has room for its title; one that is not is placed by the desktop.
+    void titlesAreOnTheScreen()
+    {
+        QWidget placed, fresh;
+        placed.setGeometry(0, 0, 300, 200);
+        fitToScreen(&placed);
+        QVERIFY(placed.geometry().top() > 0);
+        QCOMPARE(placed.size(), QSize(300, 200));
+        fitToScreen(&fresh);
+        QVERIFY(!fresh.testAttribute(Qt::WA_Moved));
+    }
+
     void theStatisticsFollowThePalette()
     {
         SmallWindow w(file("palette.xui"));

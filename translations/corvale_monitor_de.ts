@@ -4,10 +4,6 @@
 <context>
     <name>EpicsText</name>
     <message>
-        <source>%1 is no Channel Access client library that can be used</source>
-        <translation>%1 ist keine brauchbare Client-Bibliothek für Channel Access</translation>
-    </message>
-    <message>
         <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
         <translation>die Client-Bibliothek für Channel Access (libca) wurde nicht gefunden; installieren Sie das Paket libca4.13.5, oder setzen Sie EPICS_BASE auf den Ordner einer Installation</translation>
     </message>
@@ -46,6 +42,10 @@
     <message>
         <source>%1 has %2 values; a window shows at most %3</source>
         <translation>%1 hat %2 Werte; ein Fenster zeigt höchstens %3</translation>
+    </message>
+    <message>
+        <source>%1 is not a Channel Access client library that can be used</source>
+        <translation>%1 ist keine brauchbare Client-Bibliothek für Channel Access</translation>
     </message>
 </context>
 <context>
@@ -142,14 +142,6 @@
         <source>Bring back</source>
         <translation>Zurückholen</translation>
     </message>
-    <message>
-        <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
-        <translation>%1 Messwerte wurden aus den Anzeigen gelöscht. Eine Minute lang lassen sie sich zurückholen (%2).</translation>
-    </message>
-    <message>
-        <source>%1 reading was cleared from the displays. For a minute it can be brought back (%2).</source>
-        <translation>%1 Messwert wurde aus den Anzeigen gelöscht. Eine Minute lang lässt er sich zurückholen (%2).</translation>
-    </message>
 </context>
 <context>
     <name>Monitor::CommonTape</name>
@@ -206,16 +198,8 @@
         <translation>&amp;Ohne Komprimieren beenden</translation>
     </message>
     <message>
-        <source>%1 is being compressed, and %2 more files are waiting. Nothing is lost if you do not wait.</source>
-        <translation>%1 wird komprimiert, und %2 weitere Dateien warten. Auch ohne Warten geht nichts verloren.</translation>
-    </message>
-    <message>
         <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
         <translation>%1 wird komprimiert. Auch ohne Warten geht nichts verloren.</translation>
-    </message>
-    <message>
-        <source>%1 is being compressed, and one more file is waiting. Nothing is lost if you do not wait.</source>
-        <translation>%1 wird komprimiert, und eine weitere Datei wartet. Auch ohne Warten geht nichts verloren.</translation>
     </message>
 </context>
 <context>
@@ -552,20 +536,12 @@
         <translation>Pfad prüfen und ob dieser Benutzer die Datei lesen darf; eine Tabelle hat eine Zeile Namen und eine Zeile für jeden Zeitpunkt.</translation>
     </message>
     <message>
-        <source>none of its %1 readings lies in the times that were asked for</source>
-        <translation>keiner ihrer %1 Messwerte liegt in den verlangten Zeiten</translation>
-    </message>
-    <message>
         <source>the file is empty</source>
         <translation>die Datei ist leer</translation>
     </message>
     <message>
         <source>it has names or comments, but no row with numbers</source>
         <translation>sie hat Namen oder Kommentare, aber keine Zeile mit Zahlen</translation>
-    </message>
-    <message>
-        <source>none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
-        <translation>keine ihrer %1 Zeilen ist lesbar; die erste war %2; eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein, oder --import muss sagen, wie sie geschrieben ist</translation>
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
@@ -943,17 +919,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
 </context>
 <context>
-    <name>Monitor::LeftOutNotice</name>
-    <message>
-        <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
-        <translation>%1 Spalten nach den ersten %2 bleiben unberücksichtigt; ein Strom von Bildern darf mehr haben</translation>
-    </message>
-    <message>
-        <source>%1 column beyond the first %2 is left out; a stream of frames may have more</source>
-        <translation>%1 Spalte nach den ersten %2 bleibt unberücksichtigt; ein Strom von Bildern darf mehr haben</translation>
-    </message>
-</context>
-<context>
     <name>Monitor::LimitActions</name>
     <message>
         <source>&amp;Acknowledge alarms</source>
@@ -994,10 +959,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Grenzwerte</translation>
     </message>
     <message>
-        <source>Readings beyond a limit are a warning or an alarm. An empty cell is no limit. Numbers have a decimal point.</source>
-        <translation>Messwerte jenseits eines Grenzwerts sind eine Warnung oder ein Alarm. Eine leere Zelle heißt kein Grenzwert. Zahlen haben einen Dezimalpunkt.</translation>
-    </message>
-    <message>
         <source>Limits of each channel</source>
         <translation>Grenzwerte jedes Kanals</translation>
     </message>
@@ -1028,6 +989,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>%1: %2.</source>
         <translation>%1: %2.</translation>
+    </message>
+    <message>
+        <source>Readings beyond a limit are a warning or an alarm. An empty cell means no limit. Numbers have a decimal point.</source>
+        <translation>Messwerte jenseits eines Grenzwerts sind eine Warnung oder ein Alarm. Eine leere Zelle heißt kein Grenzwert. Zahlen haben einen Dezimalpunkt.</translation>
     </message>
 </context>
 <context>
@@ -1076,10 +1041,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>&amp;Untergrund</translation>
     </message>
     <message>
-        <source>Subtracts the mean of the last %1 readings of each channel from what is shown.</source>
-        <translation>Zieht das Mittel der letzten %1 Messwerte jedes Kanals von der Anzeige ab.</translation>
-    </message>
-    <message>
         <source>&amp;Remove zero and background</source>
         <translation>Nullung und Untergrund &amp;aufheben</translation>
     </message>
@@ -1090,10 +1051,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>&amp;None</source>
         <translation>&amp;Keine</translation>
-    </message>
-    <message>
-        <source>%1 readings</source>
-        <translation>%1 Messwerte</translation>
     </message>
     <message>
         <source>&amp;Markers</source>
@@ -1139,28 +1096,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>%1 /s</translation>
     </message>
     <message>
-        <source>1 bad line</source>
-        <translation>1 Fehlzeile</translation>
-    </message>
-    <message>
-        <source>%1 bad lines</source>
-        <translation>%1 Fehlzeilen</translation>
-    </message>
-    <message>
-        <source>1 gap</source>
-        <translation>1 Lücke</translation>
-    </message>
-    <message>
-        <source>%1 gaps</source>
-        <translation>%1 Lücken</translation>
-    </message>
-    <message>
         <source>SIMULATED</source>
         <translation>SIMULIERT</translation>
-    </message>
-    <message>
-        <source>PAUSED, %1 readings wait</source>
-        <translation>ANGEHALTEN, %1 Messwerte warten</translation>
     </message>
     <message>
         <source>STALE</source>
@@ -1255,8 +1192,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>PAUSED, 1 reading waits</source>
-        <translation>ANGEHALTEN, 1 Messwert wartet</translation>
+        <source>the recording has a gap here: the values shown are from before it</source>
+        <translation>die Aufnahme hat hier eine Lücke: die gezeigten Werte sind von davor</translation>
     </message>
 </context>
 <context>
@@ -1758,10 +1695,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Detektoren (*.json);;Alle Dateien (*)</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
-        <translation>„%1“ ist keine Zahl. Mit Dezimalpunkt schreiben, etwa 1.5 oder -1e-6.</translation>
-    </message>
-    <message>
         <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
         <translation>Grenzen brauchen zwei Zahlen, die kleinere zuerst; oder beide Felder leer lassen.</translation>
     </message>
@@ -1841,6 +1774,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <source>There is nothing between %1 and %2: the first time must be the earlier one.</source>
         <translation>Zwischen %1 und %2 liegt nichts: Die erste Zeit muss die frühere sein.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a number. Write it with a decimal point, like 1.5 or -1e-6.</source>
+        <translation>„%1“ ist keine Zahl. Mit Dezimalpunkt schreiben, etwa 1.5 oder -1e-6.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SimulatorForm</name>
@@ -1895,10 +1832,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
 <context>
     <name>Monitor::SourceNotice</name>
     <message>
-        <source>%1: none of %2 lines could be read; the first was %3. A line must be t,v1,v2,... with decimal points.</source>
-        <translation>%1: keine von %2 Zeilen war lesbar; die erste war %3. Eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein.</translation>
-    </message>
-    <message>
         <source>%1 contains no readings.</source>
         <translation>%1 enthält keine Messwerte.</translation>
     </message>
@@ -1909,10 +1842,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>%1: no reading has arrived yet</source>
         <translation>%1: noch ist kein Messwert gekommen</translation>
-    </message>
-    <message>
-        <source>%1: %2 line could not be read: %3. A line must be t,v1,v2,... with decimal points.</source>
-        <translation>%1: %2 Zeile war nicht lesbar: %3. Eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein.</translation>
     </message>
 </context>
 <context>
@@ -1985,10 +1914,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Erste Zeilen:</translation>
     </message>
     <message>
-        <source>Read as %1 channels, layout %2:</source>
-        <translation>Gelesen als %1 Kanäle, Anordnung %2:</translation>
-    </message>
-    <message>
         <source>It contains no readings. %1</source>
         <translation>Sie enthält keine Messwerte. %1</translation>
     </message>
@@ -1997,16 +1922,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Sie enthält keine Messwerte: %1.</translation>
     </message>
     <message>
-        <source>The source works. It sent only %1 readings within %2 s.</source>
-        <translation>Die Quelle funktioniert. Sie hat in %2 s nur %1 Messwerte gesendet.</translation>
-    </message>
-    <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>Einige Zeilen sind unbrauchbar; die erste ist %1</translation>
-    </message>
-    <message>
-        <source>Read as %1 channel, layout %2:</source>
-        <translation>Gelesen als %1 Kanal, Anordnung %2:</translation>
     </message>
 </context>
 <context>
@@ -2025,14 +1942,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>Spots</source>
         <translation>Spots</translation>
-    </message>
-    <message>
-        <source>One layer</source>
-        <translation>Eine Schicht</translation>
-    </message>
-    <message>
-        <source>All %1 layers</source>
-        <translation>Alle %1 Schichten</translation>
     </message>
     <message>
         <source>Layer %1 of %2</source>
@@ -2403,10 +2312,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>kein Spot liegt, wo einer geplant ist</translation>
     </message>
     <message>
-        <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
-        <translation>%1 Spots: Mittel X %2, Y %3 mm; Sigma X %4, Y %5 mm; größter Fehler %6 mm</translation>
-    </message>
-    <message>
         <source> (row %1, spot %2)</source>
         <translation> (Zeile %1, Spot %2)</translation>
     </message>
@@ -2429,10 +2334,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>; largest difference of a spot %1 %2</source>
         <translation>; größte Differenz eines Spots %1 %2</translation>
-    </message>
-    <message>
-        <source>; %1 spots without a place, a dose or a width are not compared</source>
-        <translation>; %1 Spots ohne Ort, Dosis oder Breite werden nicht verglichen</translation>
     </message>
     <message>
         <source>was removed or renamed</source>
@@ -2707,20 +2608,8 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>ihr Signal hat %1 Dimensionen; 1, 2 und 3 können gezeigt werden</translation>
     </message>
     <message>
-        <source>its signal %1 has no axis of the time</source>
-        <translation>ihr Signal %1 hat keine Zeitachse</translation>
-    </message>
-    <message>
         <source>its axis %1 is missing</source>
         <translation>ihre Achse %1 fehlt</translation>
-    </message>
-    <message>
-        <source>its axis %1 has another length than the signal %2</source>
-        <translation>ihre Achse %1 hat eine andere Länge als das Signal %2</translation>
-    </message>
-    <message>
-        <source>its signal %1 lies over %2 in %3, which is no time</source>
-        <translation>ihr Signal %1 liegt über %2 in %3, was keine Zeit ist</translation>
     </message>
     <message>
         <source>its signal %1 has %2 values for each time; up to %3 can be shown</source>
@@ -2833,6 +2722,130 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>the system cannot start another thread</source>
         <translation>das System kann keinen weiteren Thread starten</translation>
+    </message>
+    <message numerus="yes">
+        <source>The source works. It sent only %n reading(s) within %1 s.</source>
+        <translation>
+            <numerusform>Die Quelle funktioniert. Sie hat in %1 s nur %n Messwert gesendet.</numerusform>
+            <numerusform>Die Quelle funktioniert. Sie hat in %1 s nur %n Messwerte gesendet.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Read as %n channel(s), layout %1:</source>
+        <translation>
+            <numerusform>Gelesen als %n Kanal, Anordnung %1:</numerusform>
+            <numerusform>Gelesen als %n Kanäle, Anordnung %1:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>its signal %1 has no time axis</source>
+        <translation>ihr Signal %1 hat keine Zeitachse</translation>
+    </message>
+    <message>
+        <source>its axis %1 is not as long as its signal %2</source>
+        <translation>ihre Achse %1 ist nicht so lang wie ihr Signal %2</translation>
+    </message>
+    <message>
+        <source>the axis %1 of its signal %2 is in %3, which is not a unit of time</source>
+        <translation>die Achse %1 ihres Signals %2 ist in %3 angegeben, was keine Zeiteinheit ist</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 is being compressed, and %n more file(s) is/are waiting. Nothing is lost if you do not wait.</source>
+        <translation>
+            <numerusform>%1 wird komprimiert, und eine weitere Datei wartet. Auch ohne Warten geht nichts verloren.</numerusform>
+            <numerusform>%1 wird komprimiert, und %n weitere Dateien warten. Auch ohne Warten geht nichts verloren.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n spot(s): mean X %1, Y %2 mm; sigma X %3, Y %4 mm; worst %5 mm</source>
+        <translation>
+            <numerusform>%n Spot: Mittel X %1, Y %2 mm; Sigma X %3, Y %4 mm; größter Fehler %5 mm</numerusform>
+            <numerusform>%n Spots: Mittel X %1, Y %2 mm; Sigma X %3, Y %4 mm; größter Fehler %5 mm</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n spot(s) without a place, a dose or a width is/are not compared</source>
+        <translation>
+            <numerusform>; %n Spot ohne Ort, Dosis oder Breite wird nicht verglichen</numerusform>
+            <numerusform>; %n Spots ohne Ort, Dosis oder Breite werden nicht verglichen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>none of its %n reading(s) lies in the times that were asked for</source>
+        <translation>
+            <numerusform>ihr einziger Messwert liegt nicht in den verlangten Zeiten</numerusform>
+            <numerusform>keiner ihrer %n Messwerte liegt in den verlangten Zeiten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>none of its %n line(s) can be read; the first was %1; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
+        <translation>
+            <numerusform>ihre einzige Zeile ist nicht lesbar: %1; eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein, oder --import muss sagen, wie sie geschrieben ist</numerusform>
+            <numerusform>keine ihrer %n Zeilen ist lesbar; die erste war %1; eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein, oder --import muss sagen, wie sie geschrieben ist</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) was/were cleared from the displays. For a minute it/they can be brought back (%1).</source>
+        <translation>
+            <numerusform>%n Messwert wurde aus den Anzeigen gelöscht. Eine Minute lang lässt er sich zurückholen (%1).</numerusform>
+            <numerusform>%n Messwerte wurden aus den Anzeigen gelöscht. Eine Minute lang lassen sie sich zurückholen (%1).</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n column(s) beyond the first %1 is/are left out; a stream of frames may have more</source>
+        <translation>
+            <numerusform>%n Spalte nach den ersten %1 bleibt unberücksichtigt; ein Strom von Bildern darf mehr haben</numerusform>
+            <numerusform>%n Spalten nach den ersten %1 bleiben unberücksichtigt; ein Strom von Bildern darf mehr haben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Subtracts the mean of the last %n reading(s) of each channel from what is shown.</source>
+        <translation>
+            <numerusform>Zieht den letzten Messwert jedes Kanals von der Anzeige ab.</numerusform>
+            <numerusform>Zieht das Mittel der letzten %n Messwerte jedes Kanals von der Anzeige ab.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s)</source>
+        <translation>
+            <numerusform>%n Messwert</numerusform>
+            <numerusform>%n Messwerte</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bad line(s)</source>
+        <translation>
+            <numerusform>%n Fehlzeile</numerusform>
+            <numerusform>%n Fehlzeilen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n gap(s)</source>
+        <translation>
+            <numerusform>%n Lücke</numerusform>
+            <numerusform>%n Lücken</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>PAUSED, %n reading(s) wait(s)</source>
+        <translation>
+            <numerusform>ANGEHALTEN, %n Messwert wartet</numerusform>
+            <numerusform>ANGEHALTEN, %n Messwerte warten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: none of %n line(s) could be read; the first was %2. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>
+            <numerusform>%1: die einzige Zeile war nicht lesbar: %2. Eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein.</numerusform>
+            <numerusform>%1: keine von %n Zeilen war lesbar; die erste war %2. Eine Zeile muss t,v1,v2,... mit Dezimalpunkten sein.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n layer(s)</source>
+        <translation>
+            <numerusform>Eine Schicht</numerusform>
+            <numerusform>Alle %n Schichten</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -3189,8 +3202,8 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Ein Ergebnis mit größerem Sigma, bezogen auf die Länge des Detektors, ist nicht gültig.</translation>
     </message>
     <message>
-        <source>A peak that is lower than so many times the noise is no beam.</source>
-        <translation>Eine Spitze unter so vielen Rauschbreiten ist kein Strahl.</translation>
+        <source>A peak that is lower than this many times the noise is not taken for a beam.</source>
+        <translation>Eine Spitze, die kleiner als so viele Rauschbreiten ist, gilt nicht als Strahl.</translation>
     </message>
 </context>
 <context>

@@ -4,10 +4,6 @@
 <context>
     <name>EpicsText</name>
     <message>
-        <source>%1 is no Channel Access client library that can be used</source>
-        <translation>%1 n’est pas une bibliothèque cliente Channel Access utilisable</translation>
-    </message>
-    <message>
         <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
         <translation>la bibliothèque cliente Channel Access (libca) est introuvable ; installez le paquet libca4.13.5, ou donnez à EPICS_BASE le dossier d’une installation</translation>
     </message>
@@ -46,6 +42,10 @@
     <message>
         <source>%1 has %2 values; a window shows at most %3</source>
         <translation>%1 a %2 valeurs ; une fenêtre en affiche au plus %3</translation>
+    </message>
+    <message>
+        <source>%1 is not a Channel Access client library that can be used</source>
+        <translation>%1 n’est pas une bibliothèque cliente Channel Access utilisable</translation>
     </message>
 </context>
 <context>
@@ -142,14 +142,6 @@
         <source>Bring back</source>
         <translation>Rétablir</translation>
     </message>
-    <message>
-        <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
-        <translation>%1 mesures ont été effacées des affichages. Pendant une minute, elles peuvent être rétablies (%2).</translation>
-    </message>
-    <message>
-        <source>%1 reading was cleared from the displays. For a minute it can be brought back (%2).</source>
-        <translation>%1 mesure a été effacée des affichages. Pendant une minute, elle peut être rétablie (%2).</translation>
-    </message>
 </context>
 <context>
     <name>Monitor::CommonTape</name>
@@ -206,16 +198,8 @@
         <translation>&amp;Quitter sans compresser</translation>
     </message>
     <message>
-        <source>%1 is being compressed, and %2 more files are waiting. Nothing is lost if you do not wait.</source>
-        <translation>%1 est en cours de compression, et %2 autres fichiers attendent. Rien n&apos;est perdu si vous n&apos;attendez pas.</translation>
-    </message>
-    <message>
         <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
         <translation>%1 est en cours de compression. Rien n&apos;est perdu si vous n&apos;attendez pas.</translation>
-    </message>
-    <message>
-        <source>%1 is being compressed, and one more file is waiting. Nothing is lost if you do not wait.</source>
-        <translation>%1 est en cours de compression, et un autre fichier attend. Rien n&apos;est perdu si vous n&apos;attendez pas.</translation>
     </message>
 </context>
 <context>
@@ -552,20 +536,12 @@
         <translation>Vérifier le chemin et le droit de lecture de cet utilisateur&#xa0;; une table a une ligne de noms et une ligne pour chaque instant.</translation>
     </message>
     <message>
-        <source>none of its %1 readings lies in the times that were asked for</source>
-        <translation>aucune de ses %1 mesures n&apos;est dans les temps demandés</translation>
-    </message>
-    <message>
         <source>the file is empty</source>
         <translation>le fichier est vide</translation>
     </message>
     <message>
         <source>it has names or comments, but no row with numbers</source>
         <translation>il a des noms ou des commentaires, mais aucune ligne de nombres</translation>
-    </message>
-    <message>
-        <source>none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
-        <translation>aucune de ses %1 lignes n&apos;est lisible&#xa0;; la première était %2&#xa0;; une ligne doit être t,v1,v2,... avec des points décimaux, ou --import doit dire comment elle est écrite</translation>
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
@@ -943,17 +919,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
 </context>
 <context>
-    <name>Monitor::LeftOutNotice</name>
-    <message>
-        <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
-        <translation>%1 colonnes au-delà des %2 premières ne sont pas prises en compte&#xa0;; un flux d&apos;images peut en avoir plus</translation>
-    </message>
-    <message>
-        <source>%1 column beyond the first %2 is left out; a stream of frames may have more</source>
-        <translation>%1 colonne au-delà des %2 premières n&apos;est pas prise en compte&#xa0;; un flux d&apos;images peut en avoir plus</translation>
-    </message>
-</context>
-<context>
     <name>Monitor::LimitActions</name>
     <message>
         <source>&amp;Acknowledge alarms</source>
@@ -994,10 +959,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Limites</translation>
     </message>
     <message>
-        <source>Readings beyond a limit are a warning or an alarm. An empty cell is no limit. Numbers have a decimal point.</source>
-        <translation>Les mesures au-delà d&apos;une limite donnent une alerte ou une alarme. Une case vide signifie pas de limite. Les nombres ont un point décimal.</translation>
-    </message>
-    <message>
         <source>Limits of each channel</source>
         <translation>Limites de chaque canal</translation>
     </message>
@@ -1028,6 +989,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>%1: %2.</source>
         <translation>%1&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>Readings beyond a limit are a warning or an alarm. An empty cell means no limit. Numbers have a decimal point.</source>
+        <translation>Les mesures au-delà d&apos;une limite donnent une alerte ou une alarme. Une case vide signifie pas de limite. Les nombres ont un point décimal.</translation>
     </message>
 </context>
 <context>
@@ -1076,10 +1041,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>&amp;Fond</translation>
     </message>
     <message>
-        <source>Subtracts the mean of the last %1 readings of each channel from what is shown.</source>
-        <translation>Soustrait la moyenne des %1 dernières mesures de chaque canal de ce qui est affiché.</translation>
-    </message>
-    <message>
         <source>&amp;Remove zero and background</source>
         <translation>&amp;Retirer le zéro et le fond</translation>
     </message>
@@ -1090,10 +1051,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>&amp;None</source>
         <translation>&amp;Aucune</translation>
-    </message>
-    <message>
-        <source>%1 readings</source>
-        <translation>%1 mesures</translation>
     </message>
     <message>
         <source>&amp;Markers</source>
@@ -1139,28 +1096,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>%1 /s</translation>
     </message>
     <message>
-        <source>1 bad line</source>
-        <translation>1 rejet</translation>
-    </message>
-    <message>
-        <source>%1 bad lines</source>
-        <translation>%1 rejets</translation>
-    </message>
-    <message>
-        <source>1 gap</source>
-        <translation>1 trou</translation>
-    </message>
-    <message>
-        <source>%1 gaps</source>
-        <translation>%1 trous</translation>
-    </message>
-    <message>
         <source>SIMULATED</source>
         <translation>SIMULÉ</translation>
-    </message>
-    <message>
-        <source>PAUSED, %1 readings wait</source>
-        <translation>EN PAUSE, %1 mesures en attente</translation>
     </message>
     <message>
         <source>STALE</source>
@@ -1255,8 +1192,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>%1 : %2</translation>
     </message>
     <message>
-        <source>PAUSED, 1 reading waits</source>
-        <translation>EN PAUSE, 1 mesure en attente</translation>
+        <source>the recording has a gap here: the values shown are from before it</source>
+        <translation>l&apos;enregistrement a un trou ici&#xa0;: les valeurs affichées datent d&apos;avant</translation>
     </message>
 </context>
 <context>
@@ -1758,10 +1695,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Détecteurs (*.json);;Tous les fichiers (*)</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
-        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre. L&apos;écrire avec un point décimal, comme 1.5 ou -1e-6.</translation>
-    </message>
-    <message>
         <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
         <translation>Les limites demandent deux nombres, le plus petit d&apos;abord&#xa0;; ou laisser les deux champs vides.</translation>
     </message>
@@ -1841,6 +1774,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <source>There is nothing between %1 and %2: the first time must be the earlier one.</source>
         <translation>Il n&apos;y a rien entre %1 et %2&#xa0;: le premier temps doit être le plus tôt.</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a number. Write it with a decimal point, like 1.5 or -1e-6.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre. L&apos;écrire avec un point décimal, comme 1.5 ou -1e-6.</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SimulatorForm</name>
@@ -1895,10 +1832,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
 <context>
     <name>Monitor::SourceNotice</name>
     <message>
-        <source>%1: none of %2 lines could be read; the first was %3. A line must be t,v1,v2,... with decimal points.</source>
-        <translation>%1&#xa0;: aucune des %2 lignes n&apos;a pu être lue&#xa0;; la première était %3. Une ligne doit être t,v1,v2,... avec des points décimaux.</translation>
-    </message>
-    <message>
         <source>%1 contains no readings.</source>
         <translation>%1 ne contient aucune mesure.</translation>
     </message>
@@ -1909,10 +1842,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>%1: no reading has arrived yet</source>
         <translation>%1&#xa0;: aucune mesure n&apos;est encore arrivée</translation>
-    </message>
-    <message>
-        <source>%1: %2 line could not be read: %3. A line must be t,v1,v2,... with decimal points.</source>
-        <translation>%1&#xa0;: %2 ligne n&apos;a pas pu être lue&#xa0;: %3. Une ligne doit être t,v1,v2,... avec des points décimaux.</translation>
     </message>
 </context>
 <context>
@@ -1985,10 +1914,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Premières lignes&#xa0;:</translation>
     </message>
     <message>
-        <source>Read as %1 channels, layout %2:</source>
-        <translation>Lu comme %1 canaux, disposition %2&#xa0;:</translation>
-    </message>
-    <message>
         <source>It contains no readings. %1</source>
         <translation>Elle ne contient aucune mesure. %1</translation>
     </message>
@@ -1997,16 +1922,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>Elle ne contient aucune mesure&#xa0;: %1.</translation>
     </message>
     <message>
-        <source>The source works. It sent only %1 readings within %2 s.</source>
-        <translation>La source fonctionne. Elle n&apos;a envoyé que %1 mesures en %2 s.</translation>
-    </message>
-    <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>Certaines lignes sont inutilisables&#xa0;; la première est %1</translation>
-    </message>
-    <message>
-        <source>Read as %1 channel, layout %2:</source>
-        <translation>Lu comme %1 canal, disposition %2&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -2025,14 +1942,6 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>Spots</source>
         <translation>Spots</translation>
-    </message>
-    <message>
-        <source>One layer</source>
-        <translation>Une couche</translation>
-    </message>
-    <message>
-        <source>All %1 layers</source>
-        <translation>Toutes les %1 couches</translation>
     </message>
     <message>
         <source>Layer %1 of %2</source>
@@ -2403,10 +2312,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>aucun spot n&apos;est là où un spot est prévu</translation>
     </message>
     <message>
-        <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
-        <translation>%1 spots&#xa0;: moyenne X %2, Y %3 mm&#xa0;; sigma X %4, Y %5 mm&#xa0;; pire %6 mm</translation>
-    </message>
-    <message>
         <source> (row %1, spot %2)</source>
         <translation> (ligne %1, spot %2)</translation>
     </message>
@@ -2429,10 +2334,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>; largest difference of a spot %1 %2</source>
         <translation>&#xa0;; plus grand écart d&apos;un spot %1 %2</translation>
-    </message>
-    <message>
-        <source>; %1 spots without a place, a dose or a width are not compared</source>
-        <translation>&#xa0;; %1 spots sans position, dose ou largeur ne sont pas comparés</translation>
     </message>
     <message>
         <source>was removed or renamed</source>
@@ -2707,20 +2608,8 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>son signal a %1 dimensions ; 1, 2 et 3 peuvent être affichées</translation>
     </message>
     <message>
-        <source>its signal %1 has no axis of the time</source>
-        <translation>son signal %1 n’a pas d’axe du temps</translation>
-    </message>
-    <message>
         <source>its axis %1 is missing</source>
         <translation>son axe %1 manque</translation>
-    </message>
-    <message>
-        <source>its axis %1 has another length than the signal %2</source>
-        <translation>son axe %1 n’a pas la longueur du signal %2</translation>
-    </message>
-    <message>
-        <source>its signal %1 lies over %2 in %3, which is no time</source>
-        <translation>son signal %1 dépend de %2 en %3, qui n’est pas un temps</translation>
     </message>
     <message>
         <source>its signal %1 has %2 values for each time; up to %3 can be shown</source>
@@ -2833,6 +2722,130 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>the system cannot start another thread</source>
         <translation>le système ne peut pas démarrer un thread de plus</translation>
+    </message>
+    <message numerus="yes">
+        <source>The source works. It sent only %n reading(s) within %1 s.</source>
+        <translation>
+            <numerusform>La source fonctionne. Elle n&apos;a envoyé que %n mesure en %1 s.</numerusform>
+            <numerusform>La source fonctionne. Elle n&apos;a envoyé que %n mesures en %1 s.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Read as %n channel(s), layout %1:</source>
+        <translation>
+            <numerusform>Lu comme %n canal, disposition %1&#xa0;:</numerusform>
+            <numerusform>Lu comme %n canaux, disposition %1&#xa0;:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>its signal %1 has no time axis</source>
+        <translation>son signal %1 n’a pas d’axe du temps</translation>
+    </message>
+    <message>
+        <source>its axis %1 is not as long as its signal %2</source>
+        <translation>son axe %1 n’a pas la longueur du signal %2</translation>
+    </message>
+    <message>
+        <source>the axis %1 of its signal %2 is in %3, which is not a unit of time</source>
+        <translation>l’axe %1 de son signal %2 est en %3, qui n’est pas une unité de temps</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 is being compressed, and %n more file(s) is/are waiting. Nothing is lost if you do not wait.</source>
+        <translation>
+            <numerusform>%1 est en cours de compression, et %n autre fichier attend. Rien n&apos;est perdu si vous n&apos;attendez pas.</numerusform>
+            <numerusform>%1 est en cours de compression, et %n autres fichiers attendent. Rien n&apos;est perdu si vous n&apos;attendez pas.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n spot(s): mean X %1, Y %2 mm; sigma X %3, Y %4 mm; worst %5 mm</source>
+        <translation>
+            <numerusform>%n spot&#xa0;: moyenne X %1, Y %2 mm&#xa0;; sigma X %3, Y %4 mm&#xa0;; pire %5 mm</numerusform>
+            <numerusform>%n spots&#xa0;: moyenne X %1, Y %2 mm&#xa0;; sigma X %3, Y %4 mm&#xa0;; pire %5 mm</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n spot(s) without a place, a dose or a width is/are not compared</source>
+        <translation>
+            <numerusform>&#xa0;; %n spot sans position, dose ou largeur n&apos;est pas comparé</numerusform>
+            <numerusform>&#xa0;; %n spots sans position, dose ou largeur ne sont pas comparés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>none of its %n reading(s) lies in the times that were asked for</source>
+        <translation>
+            <numerusform>sa seule mesure (%n) n&apos;est pas dans les temps demandés</numerusform>
+            <numerusform>aucune de ses %n mesures n&apos;est dans les temps demandés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>none of its %n line(s) can be read; the first was %1; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
+        <translation>
+            <numerusform>sa seule ligne (%n) n&apos;est pas lisible&#xa0;: %1&#xa0;; une ligne doit être t,v1,v2,... avec des points décimaux, ou --import doit dire comment elle est écrite</numerusform>
+            <numerusform>aucune de ses %n lignes n&apos;est lisible&#xa0;; la première était %1&#xa0;; une ligne doit être t,v1,v2,... avec des points décimaux, ou --import doit dire comment elle est écrite</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) was/were cleared from the displays. For a minute it/they can be brought back (%1).</source>
+        <translation>
+            <numerusform>%n mesure a été effacée des affichages. Pendant une minute, elle peut être rétablie (%1).</numerusform>
+            <numerusform>%n mesures ont été effacées des affichages. Pendant une minute, elles peuvent être rétablies (%1).</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n column(s) beyond the first %1 is/are left out; a stream of frames may have more</source>
+        <translation>
+            <numerusform>%n colonne au-delà des %1 premières n&apos;est pas prise en compte&#xa0;; un flux d&apos;images peut en avoir plus</numerusform>
+            <numerusform>%n colonnes au-delà des %1 premières ne sont pas prises en compte&#xa0;; un flux d&apos;images peut en avoir plus</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Subtracts the mean of the last %n reading(s) of each channel from what is shown.</source>
+        <translation>
+            <numerusform>Soustrait la dernière mesure (%n) de chaque canal de ce qui est affiché.</numerusform>
+            <numerusform>Soustrait la moyenne des %n dernières mesures de chaque canal de ce qui est affiché.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s)</source>
+        <translation>
+            <numerusform>%n mesure</numerusform>
+            <numerusform>%n mesures</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bad line(s)</source>
+        <translation>
+            <numerusform>%n rejet</numerusform>
+            <numerusform>%n rejets</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n gap(s)</source>
+        <translation>
+            <numerusform>%n trou</numerusform>
+            <numerusform>%n trous</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>PAUSED, %n reading(s) wait(s)</source>
+        <translation>
+            <numerusform>EN PAUSE, %n mesure en attente</numerusform>
+            <numerusform>EN PAUSE, %n mesures en attente</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: none of %n line(s) could be read; the first was %2. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>
+            <numerusform>%1&#xa0;: %n ligne n&apos;a pas pu être lue&#xa0;: %2. Une ligne doit être t,v1,v2,... avec des points décimaux.</numerusform>
+            <numerusform>%1&#xa0;: aucune des %n lignes n&apos;a pu être lue&#xa0;; la première était %2. Une ligne doit être t,v1,v2,... avec des points décimaux.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n layer(s)</source>
+        <translation>
+            <numerusform>%n couche</numerusform>
+            <numerusform>Toutes les %n couches</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -3189,8 +3202,8 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Un résultat dont le sigma, rapporté à la longueur du détecteur, est plus large n&apos;est pas valide.</translation>
     </message>
     <message>
-        <source>A peak that is lower than so many times the noise is no beam.</source>
-        <translation>Un pic plus bas que tant de fois le bruit n&apos;est pas un faisceau.</translation>
+        <source>A peak that is lower than this many times the noise is not taken for a beam.</source>
+        <translation>Un pic plus bas que ce multiple du bruit n&apos;est pas pris pour un faisceau.</translation>
     </message>
 </context>
 <context>

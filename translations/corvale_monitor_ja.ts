@@ -4,10 +4,6 @@
 <context>
     <name>EpicsText</name>
     <message>
-        <source>%1 is no Channel Access client library that can be used</source>
-        <translation>%1 は使用できる Channel Access クライアントライブラリではありません</translation>
-    </message>
-    <message>
         <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
         <translation>Channel Access クライアントライブラリ (libca) が見つかりません。パッケージ libca4.13.5 をインストールするか、EPICS_BASE にインストール先のフォルダーを設定してください</translation>
     </message>
@@ -46,6 +42,10 @@
     <message>
         <source>%1 has %2 values; a window shows at most %3</source>
         <translation>%1 の値は %2 個です。ウィンドウに表示できるのは %3 個までです</translation>
+    </message>
+    <message>
+        <source>%1 is not a Channel Access client library that can be used</source>
+        <translation>%1 は使用できる Channel Access クライアントライブラリではありません</translation>
     </message>
 </context>
 <context>
@@ -142,14 +142,6 @@
         <source>Bring back</source>
         <translation>元に戻す</translation>
     </message>
-    <message>
-        <source>%1 readings were cleared from the displays. For a minute they can be brought back (%2).</source>
-        <translation>%1 個の測定値を表示から消去しました。1 分以内なら元に戻せます (%2)。</translation>
-    </message>
-    <message>
-        <source>%1 reading was cleared from the displays. For a minute it can be brought back (%2).</source>
-        <translation>%1 個の測定値を表示から消去しました。1 分以内なら元に戻せます (%2)。</translation>
-    </message>
 </context>
 <context>
     <name>Monitor::CommonTape</name>
@@ -206,16 +198,8 @@
         <translation>圧縮せずに終了(&amp;Q)</translation>
     </message>
     <message>
-        <source>%1 is being compressed, and %2 more files are waiting. Nothing is lost if you do not wait.</source>
-        <translation>%1 を圧縮中で、他に %2 個のファイルが待機しています。待たなくても何も失われません。</translation>
-    </message>
-    <message>
         <source>%1 is being compressed. Nothing is lost if you do not wait.</source>
         <translation>%1 を圧縮中です。待たなくても何も失われません。</translation>
-    </message>
-    <message>
-        <source>%1 is being compressed, and one more file is waiting. Nothing is lost if you do not wait.</source>
-        <translation>%1 を圧縮中で、他に 1 個のファイルが待機しています。待たなくても何も失われません。</translation>
     </message>
 </context>
 <context>
@@ -552,20 +536,12 @@
         <translation>パスと、このユーザーの読み取り権限を確認してください。表は名前の行と時刻ごとの行からなります。</translation>
     </message>
     <message>
-        <source>none of its %1 readings lies in the times that were asked for</source>
-        <translation>%1 個の測定値のどれも指定した時間内にありません</translation>
-    </message>
-    <message>
         <source>the file is empty</source>
         <translation>ファイルが空です</translation>
     </message>
     <message>
         <source>it has names or comments, but no row with numbers</source>
         <translation>名前やコメントはありますが、数値の行がありません</translation>
-    </message>
-    <message>
-        <source>none of its %1 lines can be read; the first was %2; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
-        <translation>%1 行のどれも読めません。最初の行は %2 でした。行は小数点を使った t,v1,v2,... であるか、書式を --import で指定する必要があります</translation>
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
@@ -943,17 +919,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     </message>
 </context>
 <context>
-    <name>Monitor::LeftOutNotice</name>
-    <message>
-        <source>%1 columns beyond the first %2 are left out; a stream of frames may have more</source>
-        <translation>最初の %2 列より後の %1 列は使われません。フレームのストリームならより多くの列を使えます</translation>
-    </message>
-    <message>
-        <source>%1 column beyond the first %2 is left out; a stream of frames may have more</source>
-        <translation>最初の %2 列より後の %1 列は使われません。フレームのストリームならより多くの列を使えます</translation>
-    </message>
-</context>
-<context>
     <name>Monitor::LimitActions</name>
     <message>
         <source>&amp;Acknowledge alarms</source>
@@ -994,10 +959,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>限界値</translation>
     </message>
     <message>
-        <source>Readings beyond a limit are a warning or an alarm. An empty cell is no limit. Numbers have a decimal point.</source>
-        <translation>限界値を超えた測定値は警告またはアラームになります。空欄は限界値なしです。数値の小数点はピリオドです。</translation>
-    </message>
-    <message>
         <source>Limits of each channel</source>
         <translation>各チャンネルの限界値</translation>
     </message>
@@ -1028,6 +989,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>%1: %2.</source>
         <translation>%1: %2。</translation>
+    </message>
+    <message>
+        <source>Readings beyond a limit are a warning or an alarm. An empty cell means no limit. Numbers have a decimal point.</source>
+        <translation>限界値を超えた測定値は警告またはアラームになります。空欄は限界値なしです。数値の小数点はピリオドです。</translation>
     </message>
 </context>
 <context>
@@ -1076,10 +1041,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>バックグラウンド(&amp;B)</translation>
     </message>
     <message>
-        <source>Subtracts the mean of the last %1 readings of each channel from what is shown.</source>
-        <translation>各チャンネルの直近 %1 個の測定値の平均を表示から差し引きます。</translation>
-    </message>
-    <message>
         <source>&amp;Remove zero and background</source>
         <translation>ゼロとバックグラウンドを解除(&amp;R)</translation>
     </message>
@@ -1090,10 +1051,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>&amp;None</source>
         <translation>なし(&amp;N)</translation>
-    </message>
-    <message>
-        <source>%1 readings</source>
-        <translation>%1 測定値</translation>
     </message>
     <message>
         <source>&amp;Markers</source>
@@ -1139,28 +1096,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>%1 /s</translation>
     </message>
     <message>
-        <source>1 bad line</source>
-        <translation>不良行 1</translation>
-    </message>
-    <message>
-        <source>%1 bad lines</source>
-        <translation>不良行 %1</translation>
-    </message>
-    <message>
-        <source>1 gap</source>
-        <translation>途切れ 1</translation>
-    </message>
-    <message>
-        <source>%1 gaps</source>
-        <translation>途切れ %1</translation>
-    </message>
-    <message>
         <source>SIMULATED</source>
         <translation>シミュレーション</translation>
-    </message>
-    <message>
-        <source>PAUSED, %1 readings wait</source>
-        <translation>一時停止、%1 個の測定値が待機</translation>
     </message>
     <message>
         <source>STALE</source>
@@ -1255,8 +1192,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>PAUSED, 1 reading waits</source>
-        <translation>一時停止、1 個の測定値が待機</translation>
+        <source>the recording has a gap here: the values shown are from before it</source>
+        <translation>記録はここで途切れています: 表示中の値はその前のものです</translation>
     </message>
 </context>
 <context>
@@ -1758,10 +1695,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>検出器 (*.json);;すべてのファイル (*)</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no number. Write it with a decimal point, like 1.5 or -1e-6.</source>
-        <translation>「%1」は数値ではありません。1.5 や -1e-6 のように、ピリオドを小数点として入力してください。</translation>
-    </message>
-    <message>
         <source>Limits need two numbers, the lower one first; or leave both fields empty.</source>
         <translation>限界には二つの数値が必要です (小さい方が先)。または両方を空にしてください。</translation>
     </message>
@@ -1841,6 +1774,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <source>There is nothing between %1 and %2: the first time must be the earlier one.</source>
         <translation>%1 と %2 の間には何もありません。最初の時刻を先にしてください。</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a number. Write it with a decimal point, like 1.5 or -1e-6.</source>
+        <translation>「%1」は数値ではありません。1.5 や -1e-6 のように、ピリオドを小数点として入力してください。</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::SimulatorForm</name>
@@ -1895,10 +1832,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
 <context>
     <name>Monitor::SourceNotice</name>
     <message>
-        <source>%1: none of %2 lines could be read; the first was %3. A line must be t,v1,v2,... with decimal points.</source>
-        <translation>%1: %2 行のどれも読めませんでした。最初の行は %3 でした。行は小数点を使った t,v1,v2,... でなければなりません。</translation>
-    </message>
-    <message>
         <source>%1 contains no readings.</source>
         <translation>%1 に測定値がありません。</translation>
     </message>
@@ -1909,10 +1842,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>%1: no reading has arrived yet</source>
         <translation>%1: まだ測定値が届いていません</translation>
-    </message>
-    <message>
-        <source>%1: %2 line could not be read: %3. A line must be t,v1,v2,... with decimal points.</source>
-        <translation>%1: %2 行を読めませんでした: %3。行は小数点を使った t,v1,v2,... でなければなりません。</translation>
     </message>
 </context>
 <context>
@@ -1985,10 +1914,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>最初の行:</translation>
     </message>
     <message>
-        <source>Read as %1 channels, layout %2:</source>
-        <translation>%1 チャンネル、配置 %2 として読み取り:</translation>
-    </message>
-    <message>
         <source>It contains no readings. %1</source>
         <translation>測定値がありません。%1</translation>
     </message>
@@ -1997,16 +1922,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>測定値がありません: %1。</translation>
     </message>
     <message>
-        <source>The source works. It sent only %1 readings within %2 s.</source>
-        <translation>ソースは動作しています。%2 秒間に送られた測定値は %1 個だけです。</translation>
-    </message>
-    <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>使用できない行があります。最初のものは %1</translation>
-    </message>
-    <message>
-        <source>Read as %1 channel, layout %2:</source>
-        <translation>%1 チャンネル、配置 %2 として読み取り:</translation>
     </message>
 </context>
 <context>
@@ -2025,14 +1942,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>Spots</source>
         <translation>スポット</translation>
-    </message>
-    <message>
-        <source>One layer</source>
-        <translation>1 レイヤー</translation>
-    </message>
-    <message>
-        <source>All %1 layers</source>
-        <translation>全 %1 レイヤー</translation>
     </message>
     <message>
         <source>Layer %1 of %2</source>
@@ -2403,10 +2312,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>計画位置にスポットがありません</translation>
     </message>
     <message>
-        <source>%1 spots: mean X %2, Y %3 mm; sigma X %4, Y %5 mm; worst %6 mm</source>
-        <translation>%1 スポット: 平均 X %2、Y %3 mm。シグマ X %4、Y %5 mm。最大 %6 mm</translation>
-    </message>
-    <message>
         <source> (row %1, spot %2)</source>
         <translation> (行 %1、スポット %2)</translation>
     </message>
@@ -2429,10 +2334,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>; largest difference of a spot %1 %2</source>
         <translation>。スポットの最大差 %1 %2</translation>
-    </message>
-    <message>
-        <source>; %1 spots without a place, a dose or a width are not compared</source>
-        <translation>。位置、線量、幅のない %1 スポットは比較しません</translation>
     </message>
     <message>
         <source>was removed or renamed</source>
@@ -2707,20 +2608,8 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>信号は %1 次元です。表示できるのは 1、2、3 次元です</translation>
     </message>
     <message>
-        <source>its signal %1 has no axis of the time</source>
-        <translation>信号 %1 に時間の軸がありません</translation>
-    </message>
-    <message>
         <source>its axis %1 is missing</source>
         <translation>軸 %1 が見つかりません</translation>
-    </message>
-    <message>
-        <source>its axis %1 has another length than the signal %2</source>
-        <translation>軸 %1 の長さが信号 %2 と異なります</translation>
-    </message>
-    <message>
-        <source>its signal %1 lies over %2 in %3, which is no time</source>
-        <translation>信号 %1 の軸 %2 (%3) は時間ではありません</translation>
     </message>
     <message>
         <source>its signal %1 has %2 values for each time; up to %3 can be shown</source>
@@ -2833,6 +2722,114 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>the system cannot start another thread</source>
         <translation>システムはこれ以上スレッドを開始できません</translation>
+    </message>
+    <message numerus="yes">
+        <source>The source works. It sent only %n reading(s) within %1 s.</source>
+        <translation>
+            <numerusform>ソースは動作しています。%1 秒間に送られた測定値は %n 個だけです。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Read as %n channel(s), layout %1:</source>
+        <translation>
+            <numerusform>%n チャンネル、配置 %1 として読み取り:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>its signal %1 has no time axis</source>
+        <translation>信号 %1 に時間の軸がありません</translation>
+    </message>
+    <message>
+        <source>its axis %1 is not as long as its signal %2</source>
+        <translation>軸 %1 の長さが信号 %2 と異なります</translation>
+    </message>
+    <message>
+        <source>the axis %1 of its signal %2 is in %3, which is not a unit of time</source>
+        <translation>信号 %2 の軸 %1 の単位 %3 は時間の単位ではありません</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 is being compressed, and %n more file(s) is/are waiting. Nothing is lost if you do not wait.</source>
+        <translation>
+            <numerusform>%1 を圧縮中で、他に %n 個のファイルが待機しています。待たなくても何も失われません。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n spot(s): mean X %1, Y %2 mm; sigma X %3, Y %4 mm; worst %5 mm</source>
+        <translation>
+            <numerusform>%n スポット: 平均 X %1、Y %2 mm。シグマ X %3、Y %4 mm。最大 %5 mm</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n spot(s) without a place, a dose or a width is/are not compared</source>
+        <translation>
+            <numerusform>。位置、線量、幅のない %n スポットは比較しません</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>none of its %n reading(s) lies in the times that were asked for</source>
+        <translation>
+            <numerusform>%n 個の測定値のどれも指定した時間内にありません</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>none of its %n line(s) can be read; the first was %1; a row must be t,v1,v2,... with decimal points, or --import must say how it is written</source>
+        <translation>
+            <numerusform>%n 行のどれも読めません。最初の行は %1 でした。行は小数点を使った t,v1,v2,... であるか、書式を --import で指定する必要があります</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) was/were cleared from the displays. For a minute it/they can be brought back (%1).</source>
+        <translation>
+            <numerusform>%n 個の測定値を表示から消去しました。1 分以内なら元に戻せます (%1)。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n column(s) beyond the first %1 is/are left out; a stream of frames may have more</source>
+        <translation>
+            <numerusform>最初の %1 列より後の %n 列は使われません。フレームのストリームならより多くの列を使えます</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Subtracts the mean of the last %n reading(s) of each channel from what is shown.</source>
+        <translation>
+            <numerusform>各チャンネルの直近 %n 個の測定値の平均を表示から差し引きます。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s)</source>
+        <translation>
+            <numerusform>%n 測定値</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bad line(s)</source>
+        <translation>
+            <numerusform>不良行 %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n gap(s)</source>
+        <translation>
+            <numerusform>途切れ %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>PAUSED, %n reading(s) wait(s)</source>
+        <translation>
+            <numerusform>一時停止、%n 個の測定値が待機</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: none of %n line(s) could be read; the first was %2. A line must be t,v1,v2,... with decimal points.</source>
+        <translation>
+            <numerusform>%1: %n 行のどれも読めませんでした。最初の行は %2 でした。行は小数点を使った t,v1,v2,... でなければなりません。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n layer(s)</source>
+        <translation>
+            <numerusform>全 %n レイヤー</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -3189,8 +3186,8 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>検出器の長さに対するシグマがこれより大きい結果は無効です。</translation>
     </message>
     <message>
-        <source>A peak that is lower than so many times the noise is no beam.</source>
-        <translation>ノイズのこの倍数より低いピークはビームではありません。</translation>
+        <source>A peak that is lower than this many times the noise is not taken for a beam.</source>
+        <translation>ノイズのこの倍数より低いピークはビームとみなしません。</translation>
     </message>
 </context>
 <context>

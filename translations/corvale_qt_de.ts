@@ -4,10 +4,6 @@
 <context>
     <name>Corvale_Qt</name>
     <message>
-        <source>%1 readings belong to no cell: %2 left out</source>
-        <translation>%1 Messwerte gehören zu keiner Zelle: %2 bleiben unberücksichtigt</translation>
-    </message>
-    <message>
         <source>cells</source>
         <translation>Zellen</translation>
     </message>
@@ -28,10 +24,6 @@
         <translation>%1 folgt auf %2: Positionen müssen steigen oder fallen, ohne sich zu wiederholen</translation>
     </message>
     <message>
-        <source>has %1 widths for %2 cells</source>
-        <translation>hat %1 Breiten für %2 Zellen</translation>
-    </message>
-    <message>
         <source>is not above 0</source>
         <translation>ist nicht größer als 0</translation>
     </message>
@@ -46,10 +38,6 @@
     <message>
         <source>is not a text of at most %1 characters</source>
         <translation>ist kein Text mit höchstens %1 Zeichen</translation>
-    </message>
-    <message>
-        <source>has %1 positions for %2 cells</source>
-        <translation>hat %1 Positionen für %2 Zellen</translation>
     </message>
     <message>
         <source>is stated beside positions</source>
@@ -148,20 +136,8 @@
         <translation>fehlt</translation>
     </message>
     <message>
-        <source>has %1 numbers for %2 readings</source>
-        <translation>hat %1 Zahlen für %2 Messwerte</translation>
-    </message>
-    <message>
         <source>there is no such channel</source>
         <translation>diesen Kanal gibt es nicht</translation>
-    </message>
-    <message>
-        <source>has %1 names for %2 readings</source>
-        <translation>hat %1 Namen für %2 Messwerte</translation>
-    </message>
-    <message>
-        <source>%1 is no reading</source>
-        <translation>%1 ist kein Messwert</translation>
     </message>
     <message>
         <source>must be the version, 1</source>
@@ -192,24 +168,12 @@
         <translation>weder die Streifen von x noch die von y sind angegeben</translation>
     </message>
     <message>
-        <source>%1 readings are fewer than %2 cells</source>
-        <translation>%1 Messwerte sind weniger als %2 Zellen</translation>
-    </message>
-    <message>
-        <source>has %1 entries for %2 cells</source>
-        <translation>hat %1 Einträge für %2 Zellen</translation>
-    </message>
-    <message>
         <source>there is no reading %1</source>
         <translation>es gibt keinen Messwert %1</translation>
     </message>
     <message>
         <source>reading %1 is wired twice</source>
         <translation>Messwert %1 ist zweimal verdrahtet</translation>
-    </message>
-    <message>
-        <source>there are %1 channels for %2 readings</source>
-        <translation>es gibt %1 Kanäle für %2 Messwerte</translation>
     </message>
     <message>
         <source>is 0 or not a usable number</source>
@@ -230,10 +194,6 @@
     <message>
         <source>no detector</source>
         <translation>kein Detektor</translation>
-    </message>
-    <message>
-        <source>%1 channels</source>
-        <translation>%1 Kanäle</translation>
     </message>
     <message>
         <source>strips %1 + %2, %3</source>
@@ -282,10 +242,6 @@
     <message>
         <source>there is no channel %1</source>
         <translation>es gibt keinen Kanal %1</translation>
-    </message>
-    <message>
-        <source>the detector has %1 readings, the stream %2</source>
-        <translation>der Detektor hat %1 Messwerte, der Datenstrom %2</translation>
     </message>
     <message>
         <source>character %1: %2</source>
@@ -381,9 +337,132 @@
         <comment>UTC+1 or UTC+2</comment>
         <translation>%1 oder %2</translation>
     </message>
+    <message numerus="yes">
+        <source> frame(s)</source>
+        <translation>
+            <numerusform> Bild</numerusform>
+            <numerusform> Bilder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>average of %n frame(s)</source>
+        <translation>
+            <numerusform>Mittel über %n Bild</numerusform>
+            <numerusform>Mittel über %n Bilder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>taking the background: %n frame(s) to come</source>
+        <translation>
+            <numerusform>Untergrund wird aufgenommen: noch %n Bild</numerusform>
+            <numerusform>Untergrund wird aufgenommen: noch %n Bilder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frame(s) subtracted</source>
+        <translation>
+            <numerusform>Untergrund aus %n Bild abgezogen</numerusform>
+            <numerusform>Untergrund aus %n Bildern abgezogen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frame(s) not subtracted</source>
+        <translation>
+            <numerusform>Untergrund aus %n Bild nicht abgezogen</numerusform>
+            <numerusform>Untergrund aus %n Bildern nicht abgezogen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) belong to no cell: %1 left out</source>
+        <translation>
+            <numerusform>%n Messwert gehört zu keiner Zelle: %1 bleiben unberücksichtigt</numerusform>
+            <numerusform>%n Messwerte gehören zu keiner Zelle: %1 bleiben unberücksichtigt</numerusform>
+        </translation>
+    </message>
     <message>
-        <source>%1 reading belongs to no cell: %2 left out</source>
-        <translation>%1 Messwert gehört zu keiner Zelle: %2 bleiben unberücksichtigt</translation>
+        <source>has %1 for %2</source>
+        <translation>hat %1 für %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n width(s)</source>
+        <translation>
+            <numerusform>%n Breite</numerusform>
+            <numerusform>%n Breiten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cell(s)</source>
+        <translation>
+            <numerusform>%n Zelle</numerusform>
+            <numerusform>%n Zellen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n position(s)</source>
+        <translation>
+            <numerusform>%n Position</numerusform>
+            <numerusform>%n Positionen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n number(s)</source>
+        <translation>
+            <numerusform>%n Zahl</numerusform>
+            <numerusform>%n Zahlen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s)</source>
+        <translation>
+            <numerusform>%n Messwert</numerusform>
+            <numerusform>%n Messwerte</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n name(s)</source>
+        <translation>
+            <numerusform>%n Namen</numerusform>
+            <numerusform>%n Namen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is not the number of a reading</source>
+        <translation>%1 ist nicht die Nummer eines Messwerts</translation>
+    </message>
+    <message>
+        <source>there are fewer readings (%1) than cells (%2)</source>
+        <translation>es gibt weniger Messwerte (%1) als Zellen (%2)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entry/entries</source>
+        <translation>
+            <numerusform>%n Eintrag</numerusform>
+            <numerusform>%n Einträge</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n channel(s)</source>
+        <translation>
+            <numerusform>%n Kanal</numerusform>
+            <numerusform>%n Kanäle</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the detector has %n reading(s), the stream %1</source>
+        <translation>
+            <numerusform>der Detektor hat %n Messwert, der Datenstrom %1</numerusform>
+            <numerusform>der Detektor hat %n Messwerte, der Datenstrom %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+%n sample(s) would go.</source>
+        <translation>
+            <numerusform>%1
+%n Messwert ginge verloren.</numerusform>
+            <numerusform>%1
+%n Messwerte gingen verloren.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -467,10 +546,6 @@
         <translation>Wie Mittelwert und Sigma bestimmt werden</translation>
     </message>
     <message>
-        <source> frames</source>
-        <translation> Bilder</translation>
-    </message>
-    <message>
         <source>Averaged frames</source>
         <translation>Gemittelte Bilder</translation>
     </message>
@@ -543,10 +618,6 @@
         <translation>Fehler beim Speichern der Datendatei.</translation>
     </message>
     <message>
-        <source> frame</source>
-        <translation> Bild</translation>
-    </message>
-    <message>
         <source>Least squares, linear background</source>
         <translation>Kleinste Quadrate, linearer Untergrund</translation>
     </message>
@@ -556,49 +627,6 @@
     <message>
         <source>line %1, %2</source>
         <translation>Zeile %1, %2</translation>
-    </message>
-</context>
-<context>
-    <name>Corvale_Qt::DetectorMode</name>
-    <message numerus="yes">
-        <source>average of %n frames</source>
-        <translation>
-            <numerusform>Mittel über %n Bild</numerusform>
-            <numerusform>Mittel über %n Bilder</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>taking the background: 1 frame to come</source>
-        <translation>Untergrund wird aufgenommen: noch 1 Bild</translation>
-    </message>
-    <message numerus="yes">
-        <source>taking the background: %n frames to come</source>
-        <translation>
-            <numerusform>Untergrund wird aufgenommen: noch %n Bild</numerusform>
-            <numerusform>Untergrund wird aufgenommen: noch %n Bilder</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>background of 1 frame subtracted</source>
-        <translation>Untergrund aus 1 Bild abgezogen</translation>
-    </message>
-    <message>
-        <source>background of 1 frame not subtracted</source>
-        <translation>Untergrund aus 1 Bild nicht abgezogen</translation>
-    </message>
-    <message numerus="yes">
-        <source>background of %n frames subtracted</source>
-        <translation>
-            <numerusform>Untergrund aus %n Bild abgezogen</numerusform>
-            <numerusform>Untergrund aus %n Bildern abgezogen</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>background of %n frames not subtracted</source>
-        <translation>
-            <numerusform>Untergrund aus %n Bild nicht abgezogen</numerusform>
-            <numerusform>Untergrund aus %n Bildern nicht abgezogen</numerusform>
-        </translation>
     </message>
 </context>
 <context>
@@ -1231,22 +1259,6 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>%1
-1 sample would go.</source>
-        <translation>%1
-1 Messwert ginge verloren.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1
-%n samples would go.</source>
-        <translation>
-            <numerusform>%1
-%n Messwert ginge verloren.</numerusform>
-            <numerusform>%1
-%n Messwerte gingen verloren.</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -4,10 +4,6 @@
 <context>
     <name>Corvale_Qt</name>
     <message>
-        <source>%1 readings belong to no cell: %2 left out</source>
-        <translation>%1 mesures n&apos;appartiennent à aucune cellule&#xa0;: %2 ne sont pas prises en compte</translation>
-    </message>
-    <message>
         <source>cells</source>
         <translation>cellules</translation>
     </message>
@@ -28,10 +24,6 @@
         <translation>%1 suit %2&#xa0;: les positions doivent croître ou décroître, sans se répéter</translation>
     </message>
     <message>
-        <source>has %1 widths for %2 cells</source>
-        <translation>a %1 largeurs pour %2 cellules</translation>
-    </message>
-    <message>
         <source>is not above 0</source>
         <translation>n&apos;est pas supérieur à 0</translation>
     </message>
@@ -46,10 +38,6 @@
     <message>
         <source>is not a text of at most %1 characters</source>
         <translation>n&apos;est pas un texte d&apos;au plus %1 caractères</translation>
-    </message>
-    <message>
-        <source>has %1 positions for %2 cells</source>
-        <translation>a %1 positions pour %2 cellules</translation>
     </message>
     <message>
         <source>is stated beside positions</source>
@@ -148,20 +136,8 @@
         <translation>manque</translation>
     </message>
     <message>
-        <source>has %1 numbers for %2 readings</source>
-        <translation>a %1 nombres pour %2 mesures</translation>
-    </message>
-    <message>
         <source>there is no such channel</source>
         <translation>ce canal n&apos;existe pas</translation>
-    </message>
-    <message>
-        <source>has %1 names for %2 readings</source>
-        <translation>a %1 noms pour %2 mesures</translation>
-    </message>
-    <message>
-        <source>%1 is no reading</source>
-        <translation>%1 n&apos;est pas une mesure</translation>
     </message>
     <message>
         <source>must be the version, 1</source>
@@ -192,24 +168,12 @@
         <translation>les pistes ne sont indiquées ni pour x ni pour y</translation>
     </message>
     <message>
-        <source>%1 readings are fewer than %2 cells</source>
-        <translation>%1 mesures, c&apos;est moins que %2 cellules</translation>
-    </message>
-    <message>
-        <source>has %1 entries for %2 cells</source>
-        <translation>a %1 entrées pour %2 cellules</translation>
-    </message>
-    <message>
         <source>there is no reading %1</source>
         <translation>il n&apos;y a pas de mesure %1</translation>
     </message>
     <message>
         <source>reading %1 is wired twice</source>
         <translation>la mesure %1 est câblée deux fois</translation>
-    </message>
-    <message>
-        <source>there are %1 channels for %2 readings</source>
-        <translation>il y a %1 canaux pour %2 mesures</translation>
     </message>
     <message>
         <source>is 0 or not a usable number</source>
@@ -230,10 +194,6 @@
     <message>
         <source>no detector</source>
         <translation>aucun détecteur</translation>
-    </message>
-    <message>
-        <source>%1 channels</source>
-        <translation>%1 canaux</translation>
     </message>
     <message>
         <source>strips %1 + %2, %3</source>
@@ -282,10 +242,6 @@
     <message>
         <source>there is no channel %1</source>
         <translation>il n&apos;y a pas de canal %1</translation>
-    </message>
-    <message>
-        <source>the detector has %1 readings, the stream %2</source>
-        <translation>le détecteur a %1 mesures, le flux %2</translation>
     </message>
     <message>
         <source>character %1: %2</source>
@@ -381,9 +337,132 @@
         <comment>UTC+1 or UTC+2</comment>
         <translation>%1 ou %2</translation>
     </message>
+    <message numerus="yes">
+        <source> frame(s)</source>
+        <translation>
+            <numerusform> image</numerusform>
+            <numerusform> images</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>average of %n frame(s)</source>
+        <translation>
+            <numerusform>moyenne de %n image</numerusform>
+            <numerusform>moyenne de %n images</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>taking the background: %n frame(s) to come</source>
+        <translation>
+            <numerusform>acquisition du fond&#xa0;: encore %n image</numerusform>
+            <numerusform>acquisition du fond&#xa0;: encore %n images</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frame(s) subtracted</source>
+        <translation>
+            <numerusform>fond de %n image soustrait</numerusform>
+            <numerusform>fond de %n images soustrait</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frame(s) not subtracted</source>
+        <translation>
+            <numerusform>fond de %n image non soustrait</numerusform>
+            <numerusform>fond de %n images non soustrait</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) belong to no cell: %1 left out</source>
+        <translation>
+            <numerusform>%n mesure n&apos;appartient à aucune cellule&#xa0;: %1 ne sont pas prises en compte</numerusform>
+            <numerusform>%n mesures n&apos;appartiennent à aucune cellule&#xa0;: %1 ne sont pas prises en compte</numerusform>
+        </translation>
+    </message>
     <message>
-        <source>%1 reading belongs to no cell: %2 left out</source>
-        <translation>%1 mesure n&apos;appartient à aucune cellule&#xa0;: %2 ne sont pas prises en compte</translation>
+        <source>has %1 for %2</source>
+        <translation>a %1 pour %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n width(s)</source>
+        <translation>
+            <numerusform>%n largeur</numerusform>
+            <numerusform>%n largeurs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cell(s)</source>
+        <translation>
+            <numerusform>%n cellule</numerusform>
+            <numerusform>%n cellules</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n position(s)</source>
+        <translation>
+            <numerusform>%n position</numerusform>
+            <numerusform>%n positions</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n number(s)</source>
+        <translation>
+            <numerusform>%n nombre</numerusform>
+            <numerusform>%n nombres</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s)</source>
+        <translation>
+            <numerusform>%n mesure</numerusform>
+            <numerusform>%n mesures</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n name(s)</source>
+        <translation>
+            <numerusform>%n nom</numerusform>
+            <numerusform>%n noms</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is not the number of a reading</source>
+        <translation>%1 n&apos;est pas le numéro d&apos;une mesure</translation>
+    </message>
+    <message>
+        <source>there are fewer readings (%1) than cells (%2)</source>
+        <translation>il y a moins de mesures (%1) que de cellules (%2)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entry/entries</source>
+        <translation>
+            <numerusform>%n entrée</numerusform>
+            <numerusform>%n entrées</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n channel(s)</source>
+        <translation>
+            <numerusform>%n canal</numerusform>
+            <numerusform>%n canaux</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the detector has %n reading(s), the stream %1</source>
+        <translation>
+            <numerusform>le détecteur a %n mesure, le flux %1</numerusform>
+            <numerusform>le détecteur a %n mesures, le flux %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+%n sample(s) would go.</source>
+        <translation>
+            <numerusform>%1
+%n mesure serait perdue.</numerusform>
+            <numerusform>%1
+%n mesures seraient perdues.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -467,10 +546,6 @@
         <translation>Comment la moyenne et sigma sont déterminés</translation>
     </message>
     <message>
-        <source> frames</source>
-        <translation> images</translation>
-    </message>
-    <message>
         <source>Averaged frames</source>
         <translation>Images moyennées</translation>
     </message>
@@ -543,10 +618,6 @@
         <translation>Erreur lors de l&apos;enregistrement du fichier de données.</translation>
     </message>
     <message>
-        <source> frame</source>
-        <translation> image</translation>
-    </message>
-    <message>
         <source>Least squares, linear background</source>
         <translation>Moindres carrés, fond linéaire</translation>
     </message>
@@ -556,49 +627,6 @@
     <message>
         <source>line %1, %2</source>
         <translation>ligne %1, %2</translation>
-    </message>
-</context>
-<context>
-    <name>Corvale_Qt::DetectorMode</name>
-    <message numerus="yes">
-        <source>average of %n frames</source>
-        <translation>
-            <numerusform>moyenne de %n image</numerusform>
-            <numerusform>moyenne de %n images</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>taking the background: 1 frame to come</source>
-        <translation>acquisition du fond&#xa0;: encore 1 image</translation>
-    </message>
-    <message numerus="yes">
-        <source>taking the background: %n frames to come</source>
-        <translation>
-            <numerusform>acquisition du fond&#xa0;: encore %n image</numerusform>
-            <numerusform>acquisition du fond&#xa0;: encore %n images</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>background of 1 frame subtracted</source>
-        <translation>fond de 1 image soustrait</translation>
-    </message>
-    <message>
-        <source>background of 1 frame not subtracted</source>
-        <translation>fond de 1 image non soustrait</translation>
-    </message>
-    <message numerus="yes">
-        <source>background of %n frames subtracted</source>
-        <translation>
-            <numerusform>fond de %n image soustrait</numerusform>
-            <numerusform>fond de %n images soustrait</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>background of %n frames not subtracted</source>
-        <translation>
-            <numerusform>fond de %n image non soustrait</numerusform>
-            <numerusform>fond de %n images non soustrait</numerusform>
-        </translation>
     </message>
 </context>
 <context>
@@ -1231,22 +1259,6 @@ Fermer une fenêtre remet sa page en place.</translation>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>%1
-1 sample would go.</source>
-        <translation>%1
-1 mesure serait perdue.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1
-%n samples would go.</source>
-        <translation>
-            <numerusform>%1
-%n mesure serait perdue.</numerusform>
-            <numerusform>%1
-%n mesures seraient perdues.</numerusform>
-        </translation>
     </message>
 </context>
 <context>

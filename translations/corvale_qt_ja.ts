@@ -4,10 +4,6 @@
 <context>
     <name>Corvale_Qt</name>
     <message>
-        <source>%1 readings belong to no cell: %2 left out</source>
-        <translation>%1 個の測定値がどのセルにも属していません: %2 は除外されました</translation>
-    </message>
-    <message>
         <source>cells</source>
         <translation>セル</translation>
     </message>
@@ -28,10 +24,6 @@
         <translation>%2 の次が %1 です: 位置は重複なく増加または減少しなければなりません</translation>
     </message>
     <message>
-        <source>has %1 widths for %2 cells</source>
-        <translation>は %2 個のセルに対して幅が %1 個あります</translation>
-    </message>
-    <message>
         <source>is not above 0</source>
         <translation>は 0 より大きくありません</translation>
     </message>
@@ -46,10 +38,6 @@
     <message>
         <source>is not a text of at most %1 characters</source>
         <translation>は %1 文字以内のテキストではありません</translation>
-    </message>
-    <message>
-        <source>has %1 positions for %2 cells</source>
-        <translation>は %2 個のセルに対して位置が %1 個あります</translation>
     </message>
     <message>
         <source>is stated beside positions</source>
@@ -148,20 +136,8 @@
         <translation>がありません</translation>
     </message>
     <message>
-        <source>has %1 numbers for %2 readings</source>
-        <translation>は %2 個の測定値に対して数値が %1 個あります</translation>
-    </message>
-    <message>
         <source>there is no such channel</source>
         <translation>そのチャンネルはありません</translation>
-    </message>
-    <message>
-        <source>has %1 names for %2 readings</source>
-        <translation>は %2 個の測定値に対して名前が %1 個あります</translation>
-    </message>
-    <message>
-        <source>%1 is no reading</source>
-        <translation>%1 は測定値ではありません</translation>
     </message>
     <message>
         <source>must be the version, 1</source>
@@ -192,24 +168,12 @@
         <translation>x と y のどちらのストリップも指定されていません</translation>
     </message>
     <message>
-        <source>%1 readings are fewer than %2 cells</source>
-        <translation>測定値 %1 個はセル %2 個より少なくなっています</translation>
-    </message>
-    <message>
-        <source>has %1 entries for %2 cells</source>
-        <translation>は %2 個のセルに対して項目が %1 個あります</translation>
-    </message>
-    <message>
         <source>there is no reading %1</source>
         <translation>測定値 %1 はありません</translation>
     </message>
     <message>
         <source>reading %1 is wired twice</source>
         <translation>測定値 %1 が二重に配線されています</translation>
-    </message>
-    <message>
-        <source>there are %1 channels for %2 readings</source>
-        <translation>%2 個の測定値に対してチャンネルが %1 個あります</translation>
     </message>
     <message>
         <source>is 0 or not a usable number</source>
@@ -230,10 +194,6 @@
     <message>
         <source>no detector</source>
         <translation>検出器なし</translation>
-    </message>
-    <message>
-        <source>%1 channels</source>
-        <translation>%1 チャンネル</translation>
     </message>
     <message>
         <source>strips %1 + %2, %3</source>
@@ -282,10 +242,6 @@
     <message>
         <source>there is no channel %1</source>
         <translation>チャンネル %1 はありません</translation>
-    </message>
-    <message>
-        <source>the detector has %1 readings, the stream %2</source>
-        <translation>検出器の測定値は %1 個、ストリームは %2 個です</translation>
     </message>
     <message>
         <source>character %1: %2</source>
@@ -381,9 +337,115 @@
         <comment>UTC+1 or UTC+2</comment>
         <translation>%1 または %2</translation>
     </message>
+    <message numerus="yes">
+        <source> frame(s)</source>
+        <translation>
+            <numerusform> フレーム</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>average of %n frame(s)</source>
+        <translation>
+            <numerusform>%n フレームの平均</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>taking the background: %n frame(s) to come</source>
+        <translation>
+            <numerusform>バックグラウンド取得中: 残り %n フレーム</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frame(s) subtracted</source>
+        <translation>
+            <numerusform>%n フレームのバックグラウンドを差し引き済み</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>background of %n frame(s) not subtracted</source>
+        <translation>
+            <numerusform>%n フレームのバックグラウンドは差し引かれていません</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) belong to no cell: %1 left out</source>
+        <translation>
+            <numerusform>%n 個の測定値がどのセルにも属していません: %1 は除外されました</numerusform>
+        </translation>
+    </message>
     <message>
-        <source>%1 reading belongs to no cell: %2 left out</source>
-        <translation>%1 個の測定値がどのセルにも属していません: %2 は除外されました</translation>
+        <source>has %1 for %2</source>
+        <translation>は %2に対して%1があります</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n width(s)</source>
+        <translation>
+            <numerusform>幅 %n 個</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cell(s)</source>
+        <translation>
+            <numerusform>%n 個のセル</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n position(s)</source>
+        <translation>
+            <numerusform>位置 %n 個</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n number(s)</source>
+        <translation>
+            <numerusform>数値 %n 個</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s)</source>
+        <translation>
+            <numerusform>%n 個の測定値</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n name(s)</source>
+        <translation>
+            <numerusform>名前 %n 個</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is not the number of a reading</source>
+        <translation>%1 は測定値の番号ではありません</translation>
+    </message>
+    <message>
+        <source>there are fewer readings (%1) than cells (%2)</source>
+        <translation>測定値 (%1) がセル (%2) より少なくなっています</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n entry/entries</source>
+        <translation>
+            <numerusform>項目 %n 個</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n channel(s)</source>
+        <translation>
+            <numerusform>%n チャンネル</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the detector has %n reading(s), the stream %1</source>
+        <translation>
+            <numerusform>検出器の測定値は %n 個、ストリームは %1 個です</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+%n sample(s) would go.</source>
+        <translation>
+            <numerusform>%1
+%n 個の測定値が失われます。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -467,10 +529,6 @@
         <translation>平均とシグマの求め方</translation>
     </message>
     <message>
-        <source> frames</source>
-        <translation> フレーム</translation>
-    </message>
-    <message>
         <source>Averaged frames</source>
         <translation>平均するフレーム数</translation>
     </message>
@@ -543,10 +601,6 @@
         <translation>データファイルの保存中にエラーが発生しました。</translation>
     </message>
     <message>
-        <source> frame</source>
-        <translation> フレーム</translation>
-    </message>
-    <message>
         <source>Least squares, linear background</source>
         <translation>最小二乗法、直線バックグラウンド</translation>
     </message>
@@ -556,45 +610,6 @@
     <message>
         <source>line %1, %2</source>
         <translation>%1 行目、%2</translation>
-    </message>
-</context>
-<context>
-    <name>Corvale_Qt::DetectorMode</name>
-    <message numerus="yes">
-        <source>average of %n frames</source>
-        <translation>
-            <numerusform>%n フレームの平均</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>taking the background: 1 frame to come</source>
-        <translation>バックグラウンド取得中: 残り 1 フレーム</translation>
-    </message>
-    <message numerus="yes">
-        <source>taking the background: %n frames to come</source>
-        <translation>
-            <numerusform>バックグラウンド取得中: 残り %n フレーム</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>background of 1 frame subtracted</source>
-        <translation>1 フレームのバックグラウンドを差し引き済み</translation>
-    </message>
-    <message>
-        <source>background of 1 frame not subtracted</source>
-        <translation>1 フレームのバックグラウンドは差し引かれていません</translation>
-    </message>
-    <message numerus="yes">
-        <source>background of %n frames subtracted</source>
-        <translation>
-            <numerusform>%n フレームのバックグラウンドを差し引き済み</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>background of %n frames not subtracted</source>
-        <translation>
-            <numerusform>%n フレームのバックグラウンドは差し引かれていません</numerusform>
-        </translation>
     </message>
 </context>
 <context>
@@ -1226,20 +1241,6 @@ Close a window to put its page back.</source>
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
-    </message>
-    <message>
-        <source>%1
-1 sample would go.</source>
-        <translation>%1
-1 個の測定値が失われます。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1
-%n samples would go.</source>
-        <translation>
-            <numerusform>%1
-%n 個の測定値が失われます。</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 /*! \file
     Lets the threads of the monitor meet as often as possible. It says nothing if all is well; what it does wrong is found by the
     thread sanitizer. With the argument "planted" it races on purpose, to see that this is found. */
+#include "monitor/core/Text.h"
 #include "monitor/plugins/support/ReaderThreads.h"
 #include "monitor/recording/RecordingFile.h"
 #include "monitor/recording/RecordingWorker.h"
@@ -20,7 +21,7 @@
 
 using namespace Monitor;
 
-// In place of reading files, which has no threads of its own.
+// In place of reading files and catalogues, which has no threads of its own.
 namespace Monitor {
 
 TapeCache::TapeCache(const QString &, const ImportOptions &, const QString &) { }
@@ -29,6 +30,11 @@ TapeIndex TapeCache::load() const
     return {};
 }
 void TapeCache::save(const TapeIndex &) const { }
+
+QString Text::countedInEnglish(const char *text, const char *, qint64 count)
+{
+    return QString::fromUtf8(text).replace(QLatin1String("%n"), QString::number(count));
+}
 
 TapeIndex indexTape(const QString &, const ImportOptions &, TapeIndexing *indexing, QString *error)
 {

@@ -30,6 +30,12 @@ public:
         return m_values.data() + std::size_t(row) * std::size_t(m_channels);
     }
 
+    //! Makes room for that many rows.
+    void reserve(int rows)
+    {
+        m_times.reserve(std::size_t(rows));
+        m_values.reserve(std::size_t(rows) * std::size_t(m_channels));
+    }
     //! Appends a row; \a values points to channels() values.
     void append(double time, const double *values)
     {

@@ -3,24 +3,20 @@
 
 #include "monitor/core/Clock.h"
 
+#include <QPointer>
+
 #include <cmath>
+#include <variant>
 
 namespace Monitor {
 
 LineSource::LineSource(Clock &clock, QObject *parent)
     : Source(clock, parent)
-    , m_sink(*this)
-    , m_protocol(m_sink)
 {
     m_retryWake.setSingleShot(true);
     m_retryWake.setTimerType(Qt::PreciseTimer);
     connect(&clock, &Clock::tick, this, &LineSource::tick);
     connect(&m_retryWake, &QTimer::timeout, this, &LineSource::tick);
-}
-
-LineCounts LineSource::counts() const
-{
-    return m_protocol.counts();
 }
 
 void LineSource::start()
@@ -60,8 +56,8 @@ void LineSource::connected()
 {
     m_retryAt.reset();
     m_heardAt.reset();
-    m_splitter.clear();
-    m_protocol.beginStream();
+    takeRest();
+    tell(m_intake.begin());
     setState(State::Running, description());
 }
 
@@ -72,35 +68,73 @@ double LineSource::arrivalTime() const
 
 void LineSource::takeBytes(std::string_view bytes)
 {
+    noteBytes(bytes);
+    takeRest();
+    tell(m_intake.read(bytes, arrivalTime()));
+}
+
+void LineSource::takeAhead(std::vector<char> bytes, std::size_t size)
+{
+    noteBytes({bytes.data(), size});
+    LineIntake::Piece piece;
+    piece.bytes = std::move(bytes);
+    piece.size = size;
+    piece.arrivalTime = arrivalTime();
+    m_intake.add(std::move(piece));
+    if (m_intake.pending() > 1)
+        tell(m_intake.next());
+}
+
+void LineSource::takeRest()
+{
+    const QPointer<LineSource> alive(this);
+    while (alive && m_intake.pending() > 0)
+        tell(m_intake.next());
+}
+
+void LineSource::noteBytes(std::string_view bytes)
+{
     // Only a connection that brings bytes is a good one; another may be closed again at once.
     m_backoff.reset();
     clock().stayAwake();
     m_heardAt = clock().seconds();
     Q_EMIT bytesArrived(QByteArray::fromRawData(bytes.data(), int(bytes.size())));
-    m_protocol.setArrivalTime(arrivalTime());
-    m_splitter.feed(bytes, [this](std::string_view line, bool tooLong) {
-        m_protocol.takeLine(line, tooLong);
-    });
-    m_sink.flush();
 }
 
-void LineSource::endStream()
+//! Reports what was read. The source may be deleted meanwhile.
+void LineSource::tell(LineIntake::Piece piece)
 {
-    m_splitter.finish([this](std::string_view line, bool tooLong) {
-        m_protocol.takeLine(line, tooLong);
-    });
-    m_protocol.finish();
-    m_sink.flush();
+    const QPointer<LineSource> alive(this);
+    m_counts = piece.counts;
+    m_spare = std::move(piece.bytes);
+    for (const Told &told : piece.told) {
+        if (const auto *header = std::get_if<StreamHeader>(&told))
+            Q_EMIT streamStarted(*header);
+        else if (const auto *readings = std::get_if<ReadingBlock>(&told))
+            Q_EMIT readingsArrived(*readings);
+        else if (const auto *event = std::get_if<QString>(&told))
+            Q_EMIT noted(*event);
+        else if (const auto *line = std::get_if<RefusedLine>(&told))
+            Q_EMIT lineRefused(*line);
+        if (!alive)
+            return;
+    }
+}
+
+void LineSource::end(LineIntake::Rest rest)
+{
+    takeRest();
+    tell(m_intake.end(rest));
 }
 
 void LineSource::lost(const LoggedText &text, bool inOrder)
 {
     if (!m_reconnecting) {
-        endStream();
+        end(LineIntake::Rest::Read);
         setState(inOrder ? State::Finished : State::Failed, text);
         return;
     }
-    endConnection();
+    end(LineIntake::Rest::Dropped);
     const double wait = m_backoff.next();
     m_retryAt = clock().seconds() + wait;
     constexpr double msPerSecond = 1000.0;
@@ -118,21 +152,13 @@ void LineSource::lostBecause(const LoggedText &came, bool inOrder)
          inOrder);
 }
 
-//! Drops an unfinished line of a connection that is gone: a number in it may have lost digits.
-void LineSource::endConnection()
-{
-    m_splitter.clear();
-    m_protocol.finish();
-    m_sink.flush();
-}
-
 void LineSource::peerLeft(const LoggedText &text, bool inOrder)
 {
     if (!m_reconnecting) {
         lost(text, inOrder);
         return;
     }
-    endConnection();
+    end(LineIntake::Rest::Dropped);
     m_heardAt.reset();
     setState(State::Connecting, LoggedText::of([&] {
                  return tr("%1; waiting for the next one").arg(text.now());
@@ -141,7 +167,7 @@ void LineSource::peerLeft(const LoggedText &text, bool inOrder)
 
 void LineSource::ended()
 {
-    endStream();
+    end(LineIntake::Rest::Read);
     setState(State::Finished, LoggedText::of([this] {
                  return tr("reached the end of %1").arg(description());
              }));

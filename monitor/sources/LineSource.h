@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "monitor/input/LineSplitter.h"
 #include "monitor/sources/Backoff.h"
+#include "monitor/sources/LineIntake.h"
 #include "monitor/sources/Source.h"
 
 #include <QTimer>
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace Monitor {
 
@@ -19,7 +21,7 @@ class LineSource : public Source
 
 public:
     void start() final;
-    LineCounts counts() const override;
+    LineCounts counts() const override { return m_counts; }
     bool isLive() const override { return true; }
     void setReconnecting(bool on) override { m_reconnecting = on; }
     /*! Sets after how many seconds of silence a connection that has brought bytes counts as lost; 0 for never, which
@@ -43,6 +45,13 @@ protected:
     double arrivalTime() const;
     //! To be called with the bytes that arrive.
     void takeBytes(std::string_view bytes);
+    /*! To be called with the first \a size bytes of a flood instead, whose lines are read in a separate thread while those of the piece
+        before are used. The caller calls takeRest() before it returns to the event loop. */
+    void takeAhead(std::vector<char> bytes, std::size_t size);
+    //! To be called after takeAhead().
+    void takeRest();
+    //! Returns memory for bytes, which may have been used before; it may be empty.
+    std::vector<char> takeSpare() { return std::exchange(m_spare, {}); }
     /*! To be called when the connection is gone or could not be made; \a text says what was tried and what came back.
         \a inOrder means that the peer closed it properly: a source that does not reconnect has then finished, and has
         failed otherwise. */
@@ -58,12 +67,13 @@ protected:
 private:
     void tick();
     bool isSilentTooLong() const;
-    void endStream();
-    void endConnection();
+    void noteBytes(std::string_view bytes);
+    void tell(LineIntake::Piece piece);
+    void end(LineIntake::Rest rest);
 
-    SourceSink m_sink;
-    LineProtocol m_protocol;
-    LineSplitter m_splitter;
+    LineIntake m_intake;
+    LineCounts m_counts; //!< up to what was told
+    std::vector<char> m_spare;
     Backoff m_backoff;
     std::optional<double> m_retryAt;
     //! Fires when the next attempt is due, since the ticks of a resting clock are too far apart.

@@ -54,40 +54,4 @@ void Source::setState(State state, const LoggedText &text)
     Q_EMIT stateChanged(state, text.shown());
 }
 
-SourceSink::SourceSink(Source &source)
-    : m_source(source)
-{
-}
-
-void SourceSink::flush()
-{
-    if (m_block.isEmpty())
-        return;
-    Q_EMIT m_source.readingsArrived(m_block);
-    m_block.clear(m_block.channels());
-}
-
-void SourceSink::streamStarted(const StreamHeader &header)
-{
-    flush();
-    m_block.clear(header.valuesPerReading());
-    Q_EMIT m_source.streamStarted(header);
-}
-
-void SourceSink::reading(double time, const double *values)
-{
-    m_block.append(time, values);
-}
-
-void SourceSink::eventNoted(const QString &text)
-{
-    flush(); // what came before the event is told before it
-    Q_EMIT m_source.noted(text);
-}
-
-void SourceSink::lineRefused(const RefusedLine &line)
-{
-    Q_EMIT m_source.lineRefused(line);
-}
-
 } // namespace Monitor

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LineCounts.h"
 #include "monitor/core/LoggedText.h"
-#include "monitor/input/LineProtocol.h"
+#include "monitor/core/RefusedLine.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
 
@@ -108,24 +109,6 @@ private:
     Clock &m_clock;
     State m_state = State::Idle;
     LoggedText m_stateText;
-};
-
-//! Reports what is read from lines by the signals of a source, and collects readings into blocks.
-class SourceSink : public StreamSink
-{
-public:
-    explicit SourceSink(Source &source);
-    //! Emits the readings that were collected since the last call.
-    void flush();
-
-    void streamStarted(const StreamHeader &header) override;
-    void reading(double time, const double *values) override;
-    void eventNoted(const QString &text) override;
-    void lineRefused(const RefusedLine &line) override;
-
-private:
-    Source &m_source;
-    ReadingBlock m_block;
 };
 
 } // namespace Monitor

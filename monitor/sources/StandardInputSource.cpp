@@ -69,7 +69,7 @@ void StandardInputSource::close()
 }
 
 /*! Reads what has come, but not for long, so that a flood of lines leaves time for the window. After a long turn of the event
-    loop more has come than one piece. */
+    loop more has come than one piece; such pieces are read in a thread, each while the one before is used. */
 void StandardInputSource::readSome()
 {
     constexpr qint64 longest = 20; // ms
@@ -77,6 +77,8 @@ void StandardInputSource::readSome()
     QElapsedTimer timer;
     timer.start();
     while (alive && readPiece() && !timer.hasExpired(longest)) { }
+    if (alive)
+        takeRest();
 }
 
 //! Reads one piece. Returns false if nothing more is there now.
@@ -86,10 +88,12 @@ bool StandardInputSource::readPiece()
     pollfd ready{m_descriptor, POLLIN, 0};
     if (!m_notifier.isEnabled() || ::poll(&ready, 1, 0) <= 0)
         return false;
+    if (m_piece.empty())
+        m_piece = takeSpare();
     m_piece.resize(pieceSize);
     const ssize_t size = ::read(m_descriptor, m_piece.data(), pieceSize);
     if (size > 0) {
-        take({m_piece.data(), std::size_t(size)});
+        takePiece(std::size_t(size));
         return true;
     }
     if (size < 0 && (errno == EAGAIN || errno == EINTR))
@@ -102,6 +106,16 @@ bool StandardInputSource::readPiece()
             return tr("reading standard input failed: %1").arg(why);
         }));
     return false;
+}
+
+//! Takes the first bytes of the piece. A large one is probably not the last that is there now.
+void StandardInputSource::takePiece(std::size_t size)
+{
+    constexpr std::size_t worthAThread = pieceSize / 2;
+    if (m_content == Content::Lines && size >= worthAThread)
+        takeAhead(std::exchange(m_piece, {}), size);
+    else
+        take({m_piece.data(), size});
 }
 
 void StandardInputSource::take(std::string_view bytes)

@@ -37,6 +37,7 @@ private:
 
     void readSome();
     bool readPiece();
+    void takePiece(std::size_t size);
     void take(std::string_view bytes);
     void takeImages(std::string_view bytes);
     void takeImage(const PgmImage &image);

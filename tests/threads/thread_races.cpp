@@ -2,6 +2,7 @@
 /*! \file
     Lets the threads of the monitor meet as often as possible. It says nothing if all is well; what it does wrong is found by the
     thread sanitizer. With the argument "planted" it races on purpose, to see that this is found. */
+#include "monitor/core/OrderedWorker.h"
 #include "monitor/core/Text.h"
 #include "monitor/plugins/support/ReaderThreads.h"
 #include "monitor/recording/RecordingFile.h"
@@ -211,6 +212,24 @@ void recordReadings()
         worker.add(readings, shape);
 }
 
+//! Items come back in their order, however many are ahead; one is still in work when the worker goes.
+void workInOrder()
+{
+    constexpr int items = 5000;
+    int worked = 0;
+    OrderedWorker<QByteArray> worker([&worked](QByteArray &item) {
+        item += QByteArray::number(++worked);
+    });
+    int taken = 0;
+    for (int added = 0; added < items; ++added) {
+        worker.add("item ");
+        while (worker.pending() > added % 4)
+            require(worker.take() == "item " + QByteArray::number(++taken),
+                    "an item is not in order");
+    }
+    worker.add("last ");
+}
+
 //! Two threads change a number without a lock.
 int raceOnPurpose()
 {
@@ -237,6 +256,7 @@ int main(int argc, char **argv)
     indexTapes();
     convertFiles();
     recordReadings();
+    workInOrder();
     std::puts("thread_races: the threads met.");
     return 0;
 }

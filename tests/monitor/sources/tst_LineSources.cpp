@@ -9,7 +9,9 @@
 #include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
+#include <QRegularExpression>
 #include <QTcpSocket>
+#include <QTemporaryFile>
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -108,6 +110,36 @@ private Q_SLOTS:
     }
 
     //! Images of 8 and 16 bits and as text, cut anywhere; the second says its time.
+    //! Large pieces are read in a thread, while those before are used.
+    void aFloodKeepsItsOrder()
+    {
+        constexpr int rows = 60000, eventEvery = 1000;
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        QStringList expected{"start channels ch1"};
+        for (int i = 0; i < rows; ++i) {
+            file.write(QByteArray::number(i) + ",0.5\n");
+            expected << QString("%1: 0.5").arg(double(i));
+            if (i % eventEvery == 1) {
+                file.write("#event so far\n");
+                expected << "event so far";
+            }
+        }
+        file.write("5"); // has no line end, and too few numbers
+        QVERIFY(file.seek(0) && file.size() > 2 * Source::pieceSize);
+        ManualClock clock;
+        StandardInputSource source(clock, file.handle());
+        SourceLog log(source);
+        source.start();
+        QTRY_COMPARE(log.stateNames(), QString("Connecting Running Finished"));
+        const int refused = log.sink.lines.indexOf(QRegularExpression("^refused .*"));
+        QVERIFY(refused > 0);
+        log.sink.lines.removeAt(refused);
+        QVERIFY(log.sink.lines == expected);
+        QCOMPARE(source.counts().readings, qint64(rows));
+        QCOMPARE(source.counts().bad(), qint64(1));
+    }
+
     void imagesOnStandardInput()
     {
         int ends[2];

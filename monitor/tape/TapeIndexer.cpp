@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/tape/TapeIndexer.h"
 
+#include "monitor/core/OrderedWorker.h"
 #include "monitor/core/Text.h"
-#include "monitor/input/StreamSink.h"
+#include "monitor/input/ToldSink.h"
 #include "monitor/nexus/TableReaders.h"
 #include "monitor/readings/GapWatch.h"
-#include "monitor/readings/StreamHeader.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
+#include <variant>
 
 namespace Monitor {
 
@@ -20,18 +22,84 @@ constexpr int usualBlocks = TapeIndex::maxBlocks / 2;
 constexpr qint64 smallestBlock = 8;
 constexpr qint64 largestBlock = 16LL * 1024 * 1024;
 
-//! Puts what is read into an index, block by block.
-class IndexSink : public StreamSink
+//! What was read of a recording in one piece.
+struct Piece
+{
+    int bytes = 0; //!< that are to be read
+    ReadPoint begin;
+    std::vector<Told> told;
+    std::vector<ReadPoint> headers; //!< where the acquisitions of the piece begin
+    bool isLast = false;
+    double progress = 0.0; //!< of the whole recording, from 0 to 1
+};
+
+//! Reads a recording piece by piece, also in a thread of its own, and notes where its acquisitions begin.
+class PieceReader : public ToldSink
 {
 public:
-    //! Sets what is asked where it stands; it must be set before the first reading.
-    void setReader(const TableReader *reader) { m_reader = reader; }
+    PieceReader(const QString &path, const ImportOptions &options)
+        : m_reader(makeTableReader(path, *this, options))
+    {
+    }
+    bool open(const QString &path) { return m_reader->open(path); }
+    const TableReader &reader() const { return *m_reader; }
 
-    //! Begins a block at the place up to which the reader has read.
-    void beginBlock()
+    //! Reads a piece; nothing behind the last one.
+    void read(Piece &piece)
+    {
+        piece.begin = m_reader->readPoint();
+        m_isOver = m_isOver || !m_reader->read(piece.bytes);
+        piece.isLast = m_isOver;
+        piece.told = take();
+        piece.headers = std::exchange(m_headers, {});
+        piece.progress = m_reader->progress();
+    }
+
+    void streamStarted(const StreamHeader &header) override
+    {
+        ToldSink::streamStarted(header);
+        m_headers.push_back(m_reader->readPoint());
+    }
+
+private:
+    const std::unique_ptr<TableReader> m_reader;
+    std::vector<ReadPoint> m_headers;
+    bool m_isOver = false;
+};
+
+//! Puts what is read into an index, block by block.
+class IndexMaker
+{
+public:
+    //! Adds a piece, which begins a block if that is wanted.
+    void add(const Piece &piece, bool beginsBlock)
+    {
+        if (beginsBlock)
+            beginBlock(piece.begin);
+        auto headerPoint = piece.headers.begin();
+        for (const Told &told : piece.told) {
+            if (const auto *header = std::get_if<StreamHeader>(&told))
+                startStream(*header, *headerPoint++);
+            else if (const auto *readings = std::get_if<ReadingBlock>(&told))
+                for (int row = 0; row < readings->size(); ++row)
+                    addReading(readings->time(row), readings->values(row));
+            else if (const auto *event = std::get_if<QString>(&told))
+                addEvent(*event);
+        }
+    }
+    void endBlock()
+    {
+        index.addBlock(m_block);
+        m_block.rows = 0;
+    }
+
+    TapeIndex index;
+    bool isComplete = true;
+
+private:
+    void beginBlock(const ReadPoint &point)
     {
         endBlock();
-        const ReadPoint point = m_reader->readPoint();
         m_block = {};
         m_block.offset = point.offset;
         m_block.row = point.row;
@@ -40,19 +108,12 @@ public:
         m_block.low = kInfinity;
         m_block.high = -kInfinity;
     }
-    void endBlock()
-    {
-        index.addBlock(m_block);
-        m_block.rows = 0;
-    }
-
-    void streamStarted(const StreamHeader &header) override
+    void startStream(const StreamHeader &header, const ReadPoint &point)
     {
         endBlock();
         m_channels = header.valuesPerReading();
         m_gaps = {};
         m_any = false;
-        const ReadPoint point = m_reader->readPoint();
         isComplete = isComplete && point.isContextKept && index.parts() < TapeIndex::maxParts;
         if (!isComplete)
             return;
@@ -65,7 +126,7 @@ public:
         m_block.low = kInfinity;
         m_block.high = -kInfinity;
     }
-    void reading(double time, const double *values) override
+    void addReading(double time, const double *values)
     {
         if (m_any && m_gaps.isGap(time - m_lastTime))
             index.addMark(
@@ -78,31 +139,31 @@ public:
         if (m_block.rows++ == 0)
             m_block.firstTime = time;
         m_block.lastTime = time;
+        addSum(values);
+    }
+    //! Adds the sum of a reading, without the values that are missing, to the range of the block.
+    void addSum(const double *values)
+    {
         double sum = 0.0;
-        for (int i = 0; i < m_channels; ++i)
-            sum += std::isfinite(values[i]) ? values[i] : 0.0;
-        const bool none = std::none_of(values, values + m_channels, [](double value) {
-            return std::isfinite(value);
-        });
-        if (none || !std::isfinite(sum))
+        bool any = false;
+        for (int i = 0; i < m_channels; ++i) {
+            const bool isFinite = std::isfinite(values[i]);
+            sum += isFinite ? values[i] : 0.0;
+            any = any || isFinite;
+        }
+        if (!any || !std::isfinite(sum))
             return;
         m_block.low = std::min(m_block.low, sum);
         m_block.high = std::max(m_block.high, sum);
     }
-    void eventNoted(const QString &text) override
+    void addEvent(const QString &text)
     {
         index.addMark({TapeMark::Kind::Event,
                        {std::max(index.parts() - 1, 0), m_any ? m_lastTime : -kInfinity},
                        0.0,
                        text});
     }
-    void lineRefused(const RefusedLine &) override { }
 
-    TapeIndex index;
-    bool isComplete = true;
-
-private:
-    const TableReader *m_reader = nullptr;
     TapeBlock m_block;
     StreamHeader m_header;
     GapWatch m_gaps;
@@ -111,40 +172,61 @@ private:
     double m_lastTime = 0.0;
 };
 
+/*! Reads all of a recording into an index, a large one in a separate thread, a few pieces ahead. Returns false if that was
+    cancelled. */
+bool readAll(PieceReader &pieces, int bytesOfPiece, IndexMaker &maker, TapeIndexing &indexing)
+{
+    constexpr int worthAThread = 64 * 1024, mostAhead = 3;
+    const int ahead = bytesOfPiece >= worthAThread ? mostAhead : 0;
+    const int mostBlocks = TapeIndex::maxBlocks - TapeIndex::maxParts;
+    OrderedWorker<Piece> worker([&pieces](Piece &piece) {
+        pieces.read(piece);
+    });
+    bool more = true;
+    for (int blocks = 0; more && maker.isComplete; ++blocks) {
+        if (indexing.isCancelled)
+            return false;
+        Piece piece;
+        piece.bytes = bytesOfPiece;
+        while (worker.pending() < ahead)
+            worker.add(piece);
+        if (ahead > 0)
+            piece = worker.take();
+        else
+            pieces.read(piece);
+        // A file that grows meanwhile has a long last block.
+        maker.add(piece, blocks < mostBlocks);
+        more = !piece.isLast;
+        indexing.progress = piece.progress;
+    }
+    return true;
+}
+
 } // namespace
 
 TapeIndex
 indexTape(const QString &path, const ImportOptions &options, TapeIndexing *indexing, QString *error)
 {
-    IndexSink sink;
-    const std::unique_ptr<TableReader> reader = makeTableReader(path, sink, options);
-    sink.setReader(reader.get());
-    if (!reader->open(path)) {
-        *error = reader->errorString();
+    PieceReader pieces(path, options);
+    const TableReader &reader = pieces.reader();
+    if (!pieces.open(path)) {
+        *error = reader.errorString();
         return {};
     }
-    const auto piece =
-        int(std::clamp(reader->textSize() / usualBlocks, smallestBlock, largestBlock));
-    const int mostBlocks = TapeIndex::maxBlocks - TapeIndex::maxParts;
-    bool more = true;
-    for (int blocks = 0; more && sink.isComplete; ++blocks) {
-        if (indexing->isCancelled)
-            return {};
-        // A file that grows meanwhile has a long last block.
-        if (blocks < mostBlocks)
-            sink.beginBlock();
-        more = reader->read(piece);
-        indexing->progress = reader->progress();
-    }
-    sink.endBlock();
-    if (!sink.isComplete)
+    const auto bytes =
+        int(std::clamp(reader.textSize() / usualBlocks, smallestBlock, largestBlock));
+    IndexMaker maker;
+    if (!readAll(pieces, bytes, maker, *indexing))
+        return {};
+    maker.endBlock();
+    if (!maker.isComplete)
         *error = Text::tr("it has too many parts, or descriptions that are too long");
-    else if (reader->hasFailed())
-        *error = reader->errorString();
-    else if (sink.index.isEmpty())
+    else if (reader.hasFailed())
+        *error = reader.errorString();
+    else if (maker.index.isEmpty())
         *error = Text::tr("it contains no readings");
     indexing->progress = 1.0;
-    return error->isEmpty() ? sink.index : TapeIndex();
+    return error->isEmpty() ? maker.index : TapeIndex();
 }
 
 } // namespace Monitor

@@ -97,21 +97,27 @@ void MultichannelDeviceModel::addReading(double time, const double *values)
 
 void MultichannelDeviceModel::addReadings(const ReadingBlock &readings)
 {
-    if (readings.channels() != NumberOfChannels())
+    if (readings.channels() != NumberOfChannels() || readings.isEmpty() || !sampleDue())
         return;
+    sampleTaken();
+    // Either no reading waits for a period, or the next one is due in another turn of the event loop.
+    if (sampleDue()) {
+        addDue(readings);
+        return;
+    }
     m_due.clear(readings.channels());
-    for (int i = 0; i < readings.size(); ++i) {
-        if (!sampleDue())
-            continue;
-        m_due.append(readings.time(i), readings.values(i));
-        sampleTaken();
-    }
+    m_due.append(readings.time(0), readings.values(0));
+    addDue(m_due);
+}
+
+void MultichannelDeviceModel::addDue(const ReadingBlock &readings)
+{
     if (!m_isPaused) {
-        storeRows(m_due.times(), m_due.values(0), m_due.size());
+        storeRows(readings.times(), readings.values(0), readings.size());
         return;
     }
-    m_waiting.append(m_due);
-    m_arrivedWaiting += m_due.size();
+    m_waiting.append(readings);
+    m_arrivedWaiting += readings.size();
     // Seldom, since all that stay are moved.
     if (m_waiting.size() >= 2 * capacity())
         m_waiting.removeFirst(m_waiting.size() - capacity());

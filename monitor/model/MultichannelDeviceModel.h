@@ -70,6 +70,7 @@ public:
     void Clear() override;
 
 private:
+    void addDue(const ReadingBlock &readings);
     bool has(int row, int column) const;
     void adopt(const StreamHeader &header,
                const std::function<void(const QVector<Channel> &)> &give);

@@ -104,6 +104,27 @@ void firstFrame(const QElapsedTimer &sinceStart, const QString &settings)
     std::printf("start to first painted frame   %8.0f ms\n", double(sinceStart.elapsed()));
 }
 
+//! Measures what the rows take without a window: what a window adds depends on how many pictures the machine leaves time for.
+void rowsWithoutWindow(int channels, long long lines)
+{
+    SystemClock clock;
+    LineFlood flood(channels, lines, 0.0);
+    Session session(clock, std::make_unique<StandardInputSource>(clock, flood.descriptor()));
+    QObject::connect(&session, &Session::sourceStateChanged, [](Source::State state) {
+        if (state == Source::State::Finished || state == Source::State::Failed)
+            QApplication::quit();
+    });
+    session.start();
+    const double worked = threadSeconds();
+    QApplication::exec();
+    const double seconds = threadSeconds() - worked;
+    std::printf("%3d channels, no window         %8.0f rows for each second of processor time of "
+                "the main thread, %lld lost\n",
+                channels,
+                double(lines) / seconds,
+                lines - session.statistics().readings());
+}
+
 //! Returns the processor time for each row.
 double
 rowsASecond(int channels, long long lines, const QString &settings, const QString &record = {})
@@ -163,6 +184,8 @@ void measureStart(const Figures &figures)
 
 void measureRows(const Figures &figures)
 {
+    rowsWithoutWindow(8, 4000000);
+    rowsWithoutWindow(128, 400000);
     rowsASecond(8, 4000000, figures.settings());
     rowsASecond(128, 400000, figures.settings());
 }

@@ -30,6 +30,10 @@ public:
     double longestSilence() const { return m_longestSilence; }
 
 protected:
+    /*! How many bytes are taken at a time. A line that makes no sense takes ten times as long as a reading; with this many bytes of them
+        a turn of the event loop stays short. */
+    static constexpr int livePieceSize = 64 * 1024;
+
     LineSource(Clock &clock, QObject *parent);
 
     //! Begins to connect; calls connected() or lost(), now or later.

@@ -90,8 +90,8 @@ bool StandardInputSource::readPiece()
         return false;
     if (m_piece.empty())
         m_piece = takeSpare();
-    m_piece.resize(pieceSize);
-    const ssize_t size = ::read(m_descriptor, m_piece.data(), pieceSize);
+    m_piece.resize(livePieceSize);
+    const ssize_t size = ::read(m_descriptor, m_piece.data(), livePieceSize);
     if (size > 0) {
         takePiece(std::size_t(size));
         return true;

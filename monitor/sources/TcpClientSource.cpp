@@ -4,6 +4,8 @@
 #include "monitor/core/Clock.h"
 #include "monitor/sources/SocketSetup.h"
 
+#include <QPointer>
+
 #include <algorithm>
 
 namespace Monitor {
@@ -24,9 +26,14 @@ TcpClientSource::TcpClientSource(Clock &clock,
     , m_host(host)
     , m_port(port)
     , m_question(question)
+    , m_pieces(this, [this] {
+        return readPiece();
+    })
 {
     connect(&m_socket, &QTcpSocket::connected, this, &TcpClientSource::socketConnected);
-    connect(&m_socket, &QTcpSocket::readyRead, this, &TcpClientSource::socketReadable);
+    connect(&m_socket, &QTcpSocket::readyRead, this, [this] {
+        m_pieces.go();
+    });
     connect(&m_socket,
             QOverload<QAbstractSocket::SocketError>::of(&QAbstractSocket::errorOccurred),
             this,
@@ -77,13 +84,14 @@ void TcpClientSource::socketConnected()
     ask();
 }
 
-void TcpClientSource::socketReadable()
+//! Returns whether more is there.
+bool TcpClientSource::readPiece()
 {
-    const QByteArray bytes = m_socket.read(pieceSize);
+    const QByteArray bytes = m_socket.read(livePieceSize);
     m_answered = m_answered || bytes.contains('\n') || bytes.contains('\r');
+    const QPointer<TcpClientSource> alive(this); // what hears of readings may close the source
     takeBytes({bytes.constData(), std::size_t(bytes.size())});
-    if (m_socket.bytesAvailable() > 0)
-        QMetaObject::invokeMethod(this, &TcpClientSource::socketReadable, Qt::QueuedConnection);
+    return alive && m_socket.bytesAvailable() > 0;
 }
 
 void TcpClientSource::socketFailed()

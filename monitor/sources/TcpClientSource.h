@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/sources/LineSource.h"
+#include "monitor/sources/PieceByPiece.h"
 #include "monitor/sources/SocketEnd.h"
 
 #include <QTcpSocket>
@@ -45,7 +46,7 @@ protected:
 
 private:
     void socketConnected();
-    void socketReadable();
+    bool readPiece();
     void socketFailed();
     void giveUpLookup();
     void ask();
@@ -54,6 +55,7 @@ private:
     const quint16 m_port;
     const Question m_question;
     QTcpSocket m_socket;
+    PieceByPiece m_pieces;
     SocketEnd m_end;
     double m_openedAt = 0.0;
     double m_askedAt = 0.0;

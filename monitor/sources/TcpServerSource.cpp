@@ -12,6 +12,9 @@ TcpServerSource::TcpServerSource(Clock &clock,
     : LineSource(clock, parent)
     , m_address(address)
     , m_port(port)
+    , m_pieces(this, [this] {
+        return readPiece(m_peer);
+    })
 {
     connect(&m_server, &QTcpServer::newConnection, this, &TcpServerSource::peerArrived);
 }
@@ -63,21 +66,21 @@ void TcpServerSource::peerArrived()
         replacePeer();
         m_peer = peer;
         setUpSocket(peer);
-        connect(peer, &QTcpSocket::readyRead, this, [this, peer] {
-            readPeer(peer);
+        connect(peer, &QTcpSocket::readyRead, this, [this] {
+            m_pieces.go();
         });
         m_end.watch(*peer);
         connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
             peerGone(peer);
         });
         connected();
-        readPeer(peer);
+        m_pieces.go();
     }
 }
 
 void TcpServerSource::peerGone(QTcpSocket *peer)
 {
-    readPeer(peer);
+    readAll(peer);
     const bool wasReset = m_end.wasReset();
     const bool endedByPeer = peer->error() == QAbstractSocket::RemoteHostClosedError;
     const LoggedText why = LoggedText::ofSystem(peer->errorString());
@@ -99,19 +102,27 @@ void TcpServerSource::replacePeer()
     if (!m_peer)
         return;
     m_peer->disconnect(this);
-    readPeer(m_peer);
+    readAll(m_peer);
     m_peer->waitForReadyRead(0); // takes what the system holds, and does not wait for more
-    readPeer(m_peer);
+    readAll(m_peer);
     dropPeer();
     Q_EMIT noted(QStringLiteral("%1: a new peer replaces the old one").arg(description()));
 }
 
-void TcpServerSource::readPeer(QTcpSocket *peer)
+//! Returns whether more is there.
+bool TcpServerSource::readPiece(QTcpSocket *peer)
 {
-    while (peer == m_peer && peer->bytesAvailable() > 0) {
-        const QByteArray bytes = peer->read(pieceSize);
-        takeBytes({bytes.constData(), std::size_t(bytes.size())});
-    }
+    if (!peer || peer != m_peer || peer->bytesAvailable() == 0)
+        return false;
+    const QByteArray bytes = peer->read(livePieceSize);
+    const QPointer<TcpServerSource> alive(this); // what hears of readings may close the source
+    takeBytes({bytes.constData(), std::size_t(bytes.size())});
+    return alive && peer == m_peer && peer->bytesAvailable() > 0;
+}
+
+void TcpServerSource::readAll(QTcpSocket *peer)
+{
+    while (readPiece(peer)) { }
 }
 
 void TcpServerSource::dropPeer()

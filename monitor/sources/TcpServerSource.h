@@ -2,6 +2,7 @@
 #pragma once
 
 #include "monitor/sources/LineSource.h"
+#include "monitor/sources/PieceByPiece.h"
 #include "monitor/sources/SocketEnd.h"
 
 #include <QHostAddress>
@@ -35,13 +36,15 @@ private:
     void peerArrived();
     void replacePeer();
     void peerGone(QTcpSocket *peer);
-    void readPeer(QTcpSocket *peer);
+    bool readPiece(QTcpSocket *peer);
+    void readAll(QTcpSocket *peer);
     void dropPeer();
 
     const QHostAddress m_address;
     const quint16 m_port;
     QTcpServer m_server;
     QPointer<QTcpSocket> m_peer;
+    PieceByPiece m_pieces; //!< of what the peer sends
     SocketEnd m_end; //!< of the peer's connection
 };
 

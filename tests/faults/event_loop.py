@@ -5,6 +5,7 @@
 No turn uses the processor for longer than an operator would notice, and every reading is recorded.
 """
 import re
+import socket
 import sys
 import threading
 import time
@@ -22,6 +23,7 @@ FLOOD_LIMIT = 200  # ms, in any flood
 FLOOD = 2_000_000  # bytes of each flood; ten times as many in the long form
 FLOODS = ("events", "comments", "bad lines", "bad descriptions", "restarts", "10 000 columns", "another shape on each line",
           "no line end", "any bytes")
+SOCKET_FLOODS = ("bad descriptions",)  # what takes longest to read
 # Other programs on the machine spoil what the processor has in store, so that the same work takes longer.
 BUSY_MACHINE = 3
 
@@ -29,14 +31,14 @@ BUSY_MACHINE = 3
 class Watched:
     """A window that records what it is sent, and tells at its end how long its turns were."""
 
-    def __init__(self, bench):
+    def __init__(self, bench, source="-"):
         self.bench = bench
         self.path = bench.folder / "watched.csv"
-        self.monitor = bench.start("-", "--settings", "watched.xui", "--record", self.path, "--diagnostics")
+        self.monitor = bench.start(source, "--settings", "watched.xui", "--record", self.path, "--diagnostics")
         self.sent = 0
 
     def __enter__(self):
-        self.monitor.send(header())
+        self.send_bytes(header())
         self.send(20)
         self.monitor.wait_until("the first readings are recorded", lambda: self.path.exists() and self.readings())
         threading.Event().wait(BEGINNING)
@@ -45,8 +47,11 @@ class Watched:
     def __exit__(self, *_):
         self.monitor.__exit__()
 
+    def send_bytes(self, data):
+        self.monitor.send(data)
+
     def send(self, count):
-        self.monitor.send(lines(self.sent, self.sent + count))
+        self.send_bytes(lines(self.sent, self.sent + count))
         self.sent += count
 
     def readings(self):
@@ -70,6 +75,24 @@ class Watched:
         expect_all(self.readings(), 0, self.sent)
 
 
+class WatchedPeer(Watched):
+    """The same of a window that is sent its readings through a socket."""
+
+    def __init__(self, bench):
+        self.server = socket.create_server(("127.0.0.1", 0))
+        self.server.settimeout(60)
+        super().__init__(bench, f"tcp://127.0.0.1:{self.server.getsockname()[1]}")
+        self.peer = self.server.accept()[0]
+
+    def __exit__(self, *_):
+        super().__exit__()
+        self.peer.close()
+        self.server.close()
+
+    def send_bytes(self, data):
+        self.peer.sendall(data)
+
+
 def steady(bench):
     """Readings come at the rate."""
     with Watched(bench) as window:
@@ -83,15 +106,15 @@ def steady(bench):
         window.end(STEADY_LIMIT, "50 k readings/s")
 
 
-def flood(bench, names):
+def flood(bench, names, watched=Watched):
     """Floods come as fast as the window takes them."""
-    with Watched(bench) as window:
+    with watched(bench) as window:
         for name in names:
             stream = next(stream for stream in STREAMS if stream.name == name)
             block = stream.make(bench.random, FLOOD // 2)
             for _ in range(20 if bench.long else 2):
-                window.monitor.send(block)
-            window.monitor.send(b"\n")
+                window.send_bytes(block)
+            window.send_bytes(b"\n")
             window.send(20)
         window.end(FLOOD_LIMIT, "flood")
 
@@ -99,6 +122,8 @@ def flood(bench, names):
 def drive(bench):
     with bench.trying(steady.__doc__):
         steady(bench)
+    with bench.trying("a flood through a socket"):
+        flood(bench, SOCKET_FLOODS, WatchedPeer)
     if not bench.long:
         with bench.trying("all floods, one after the other"):
             flood(bench, FLOODS)

@@ -5,6 +5,8 @@
 #include <QLine>
 #include <QPainter>
 
+#include <utility>
+
 namespace Corvale_Qt {
 
 namespace {
@@ -38,12 +40,21 @@ void RunImage::reset(const QSize &size)
     m_used = none;
     m_colors.resize(0);
     m_colors.append(0);
+    m_isDrawn = false;
+    m_isKept = false;
 }
 
 void RunImage::clear(const Columns &columns)
 {
     for (int column = columns.first; column <= columns.last; ++column)
         std::fill_n(pixelsOf(column) + m_used.top, m_used.count(), uchar(0));
+    noteChanged(columns);
+}
+
+void RunImage::noteChanged(const Columns &columns)
+{
+    for (int column = columns.first; m_isKept && column <= columns.last; ++column)
+        m_isBehind[stored(column)] = true;
 }
 
 int RunImage::numberOf(QRgb color)
@@ -70,6 +81,7 @@ void RunImage::add(const PixelRuns &runs, const QPoint &offset, int color, const
     }
     if (!runs.joints().isEmpty())
         addLines(runs.joints(), offset, color, part);
+    noteChanged(part);
 }
 
 void RunImage::addLines(const QVector<QLine> &lines,
@@ -144,6 +156,17 @@ void RunImage::carryOver(int color, const Columns &part)
 
 void RunImage::draw(QPainter *painter, const QPoint &at)
 {
+    // The parts of a kept picture meet at any column, which would be seen where pixels are not those of the device.
+    const bool isByPixels = painter->device()->devicePixelRatioF() <= 1.0
+        && painter->combinedTransform().type() <= QTransform::TxTranslate;
+    if (std::exchange(m_isDrawn, true) && isByPixels)
+        drawKept(painter, at);
+    else
+        drawBands(painter, at);
+}
+
+void RunImage::drawBands(QPainter *painter, const QPoint &at)
+{
     // A painter centres lines on their coordinates. On a finer device, half of a line's width lies before them.
     const bool finer = painter->device()->devicePixelRatioF() > 1.0;
     const QPointF corner = finer ? at - QPointF(0.5, 0.5) : QPointF(at);
@@ -161,24 +184,64 @@ void RunImage::draw(QPainter *painter, const QPoint &at)
     }
 }
 
+void RunImage::drawKept(QPainter *painter, const QPoint &at)
+{
+    updateKept();
+    const int beforeEnd = m_size.width() - m_origin;
+    const auto drawPart = [&](int column, int place, int count) {
+        if (count > 0 && m_used.count() > 0)
+            painter->drawImage(QPointF(at + QPoint(column, m_used.top)),
+                               m_kept,
+                               QRectF(place, m_used.top, count, m_used.count()));
+    };
+    drawPart(0, m_origin, beforeEnd);
+    drawPart(beforeEnd, 0, m_origin);
+}
+
+void RunImage::updateKept()
+{
+    if (!std::exchange(m_isKept, true)) {
+        if (m_kept.size() != m_size)
+            m_kept = QImage(m_size, QImage::Format_ARGB32_Premultiplied);
+        m_isBehind.fill(true, m_size.width());
+    }
+    QRgb *const picture = bitsOf(m_kept);
+    const uchar *columns[tileSide];
+    for (int place = 0; place < m_size.width();) {
+        int count = 0;
+        for (; count < tileSide && place + count < m_size.width() && m_isBehind[place + count];
+             ++count) {
+            columns[count] = pixelsAt(place + count);
+            m_isBehind[place + count] = false;
+        }
+        if (count > 0)
+            convert(columns, count, m_size.height(), picture + place, strideOf(m_kept));
+        place += std::max(count, 1);
+    }
+}
+
 void RunImage::fillBand(const Rows &rows)
 {
     QRgb *const band = bitsOf(m_band);
     const int stride = strideOf(m_band);
-    const QRgb *const colors = m_colors.constData();
     const uchar *columns[tileSide];
     for (int top = 0; top < rows.count(); top += tileSide) {
-        const int bottom = std::min(top + tileSide, rows.count());
+        const int height = std::min(tileSide, rows.count() - top);
         for (int left = 0; left < m_size.width(); left += tileSide) {
             const int count = std::min(tileSide, m_size.width() - left);
             for (int column = 0; column < count; ++column)
-                columns[column] = pixelsOf(left + column) + rows.top;
-            for (int row = top; row < bottom; ++row) {
-                QRgb *const to = band + qptrdiff(row) * stride + left;
-                for (int column = 0; column < count; ++column)
-                    to[column] = colors[columns[column][row]];
-            }
+                columns[column] = pixelsOf(left + column) + rows.top + top;
+            convert(columns, count, height, band + qptrdiff(top) * stride + left, stride);
         }
+    }
+}
+
+void RunImage::convert(const uchar *const *columns, int count, int rows, QRgb *to, int stride) const
+{
+    const QRgb *const colors = m_colors.constData();
+    for (int row = 0; row < rows; ++row, to += stride) {
+        for (int column = 0; column < count; ++column)
+            to[column] = colors[columns[column][row]];
     }
 }
 

@@ -50,7 +50,8 @@ public:
         add(runs, offset, color, {0, m_size.width() - 1});
     }
 
-    //! Draws the picture with its top left corner \a at a pixel of the painter's coordinates.
+    /*! Draws the picture with its top left corner \a at a pixel of the painter's coordinates. A picture that is drawn again without a
+        reset() is kept in the form that painters draw, and only columns that have changed since are converted. */
     void draw(QPainter *painter, const QPoint &at);
 
 private:
@@ -75,10 +76,11 @@ private:
         const int place = column + m_origin;
         return place < m_size.width() ? place : place - m_size.width();
     }
-    uchar *pixelsOf(int column)
-    {
-        return m_pixels.data() + qptrdiff(stored(column)) * m_size.height();
-    }
+    //! Returns the pixels of a column that is stored at a place.
+    uchar *pixelsAt(int place) { return m_pixels.data() + qptrdiff(place) * m_size.height(); }
+    uchar *pixelsOf(int column) { return pixelsAt(stored(column)); }
+    //! Notes that columns are no longer those of the kept picture.
+    void noteChanged(const Columns &columns);
     void
     addLines(const QVector<QLine> &lines, const QPoint &offset, int color, const Columns &part);
     // These do the steps of addLines().
@@ -88,8 +90,14 @@ private:
     void findReach(const QVector<QLine> &lines, const QPoint &offset, const Columns &part);
     //! Moves the pixels of the lines into the picture.
     void carryOver(int color, const Columns &part);
+    void drawBands(QPainter *painter, const QPoint &at);
+    void drawKept(QPainter *painter, const QPoint &at);
+    //! Brings the kept picture up to date.
+    void updateKept();
     //! Converts some rows to the form that painters draw.
     void fillBand(const Rows &rows);
+    //! Converts rows of at most tileSide columns, whose pixels begin at \a columns, to lines of colours at \a to.
+    void convert(const uchar *const *columns, int count, int rows, QRgb *to, int stride) const;
 
     QSize m_size;
     int m_origin = 0;
@@ -98,6 +106,13 @@ private:
     QVector<QRgb> m_colors;
     //! The rows that contain all pixels.
     Rows m_used = none;
+    //! Whether the picture was drawn since reset().
+    bool m_isDrawn = false;
+    //! The picture as ARGB32, with the columns where they are stored; empty until it is drawn for the second time.
+    QImage m_kept;
+    //! Whether the kept picture is one of this picture, and at which places it is behind.
+    bool m_isKept = false;
+    QVector<bool> m_isBehind;
     //! Scratch: a band of rows as ARGB32.
     QImage m_band;
     //! Scratch: lines as a painter draws them, where their columns are stored; transparent otherwise.

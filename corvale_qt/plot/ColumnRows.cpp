@@ -85,11 +85,19 @@ void ColumnRows::find(const SeriesSpans &samples)
     const int end = std::min(beyond + 1, samples.count());
     m_columns.resize(0);
     int rows = 0;
+    auto known = m_before.cbegin();
     for (int row = std::max(inside - 1, 0); row < end;) {
-        const qint64 here = column(row);
-        const int next = firstPastNear(row + 1, end, rows, [&](int r) {
+        // Most columns are those of the frame before. Its last one may have got more rows.
+        while (known != m_before.cend() && known->first < row + m_key.number)
+            ++known;
+        const bool isKnown = m_before.cend() - known > 1 && known->first == row + m_key.number
+            && known->end <= end + m_key.number;
+        const qint64 here = isKnown ? known->number : column(row);
+        const auto isPast = [&](int r) {
             return column(r) != here;
-        });
+        };
+        const int next =
+            isKnown ? int(known->end - m_key.number) : firstPastNear(row + 1, end, rows, isPast);
         append(here, row, next);
         rows = next - row;
         row = next;

@@ -25,13 +25,20 @@ ValueRange BlockRanges::range(const RingSpans &spans, int first, int last)
         if (m_blocks[level].size() != room)
             m_blocks[level] = QVector<Block>(room);
     }
-    return rangeAt(levels - 1, spans, {spans.number + first, spans.number + last});
+    const Numbers numbers{spans.number + first, spans.number + last};
+    if (follow(numbers))
+        m_extremes.unite(rangeAt(levels - 1, spans, {m_followed.end, numbers.end}), m_followed.end);
+    else
+        m_extremes = extremesAt(spans, numbers);
+    m_followed = numbers;
+    return m_extremes.range;
 }
 
 void BlockRanges::forget()
 {
     for (QVector<Block> &blocks : m_blocks)
         blocks.clear();
+    m_followed = {0, 0};
     m_content.renew();
 }
 
@@ -40,6 +47,41 @@ void BlockRanges::serve(RingSpans &spans, qint64 number)
     spans.blocks = this;
     spans.number = number;
     spans.content = m_content.value();
+}
+
+void BlockRanges::Extremes::unite(const ValueRange &other, qint64 from)
+{
+    // The later one of two equal numbers is known for longer.
+    if (other.least <= range.least)
+        leastFrom = from;
+    if (other.greatest >= range.greatest)
+        greatestFrom = from;
+    range.unite(other);
+}
+
+bool BlockRanges::follow(const Numbers &numbers) const
+{
+    const bool isMovedOn = m_followed.begin <= numbers.begin && numbers.begin < m_followed.end
+        && m_followed.end <= numbers.end;
+    // A number that is not finite may be among those that have gone.
+    return isMovedOn && m_extremes.range.allFinite && m_extremes.leastFrom >= numbers.begin
+        && m_extremes.greatestFrom >= numbers.begin;
+}
+
+BlockRanges::Extremes BlockRanges::extremesAt(const RingSpans &spans, const Numbers &numbers)
+{
+    constexpr int top = levels - 1;
+    constexpr int width = widths[top];
+    Extremes extremes;
+    for (qint64 from = numbers.begin; from < numbers.end;) {
+        const qint64 index = from / width;
+        const qint64 end = std::min((index + 1) * width, numbers.end);
+        const bool isWhole = from == index * width && end == (index + 1) * width;
+        extremes.unite(isWhole ? block(top, spans, index) : rangeAt(top - 1, spans, {from, end}),
+                       from);
+        from = end;
+    }
+    return extremes;
 }
 
 ValueRange BlockRanges::rangeAt(int level, const RingSpans &spans, const Numbers &numbers)

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/models/BlockOfReadings_p.h"
 #include "corvale_qt/models/ContentStamp_p.h"
 #include "corvale_qt/models/SampleBounds_p.h"
 
@@ -44,13 +45,31 @@ private:
         qint64 end;
     };
 
+    //! The range of numbers, and for each end of it the first number of a stretch that has it.
+    struct Extremes
+    {
+        ValueRange range{kInfinity, -kInfinity, true};
+        qint64 leastFrom = 0;
+        qint64 greatestFrom = 0;
+
+        void unite(const ValueRange &other, qint64 from);
+    };
+
     static constexpr int levels = 2;
 
+    /*! Returns whether numbers are those of the last call, except for some that have gone at the beginning, none of them an extreme,
+        and some that have come at the end. */
+    bool follow(const Numbers &numbers) const;
+    //! Returns the extremes of numbers, read from blocks of the highest level and of those below it.
+    Extremes extremesAt(const RingSpans &spans, const Numbers &numbers);
     //! Returns the range of numbers, read from blocks of a level and of the levels below it.
     ValueRange rangeAt(int level, const RingSpans &spans, const Numbers &numbers);
     const ValueRange &block(int level, const RingSpans &spans, qint64 index);
 
     std::array<QVector<Block>, levels> m_blocks;
+    // What was found in the last call that read blocks; nothing after forget().
+    Numbers m_followed{0, 0};
+    Extremes m_extremes;
     ContentStamp m_content;
 };
 

@@ -310,9 +310,15 @@ private:
              {static_cast<const RVXAbstractPlotDataModel *>(&stack.model),
               static_cast<const RVXAbstractPlotDataModel *>(&stack.averaging),
               static_cast<const RVXAbstractPlotDataModel *>(&stack.zeroing)}) {
+            int length = 1;
+            int first = 1;
             for (int i = 0; i < 6 && rows > 0; ++i) {
-                const int length = std::min(rows, all && i == 0 ? rows : 1 + stack.below(3000));
-                const int first = 1 + stack.below(rows - length + 1);
+                if (i % 2 == 1) { // some rows further, as a chart that follows them
+                    first = std::min(first + stack.below(100), rows - length + 1);
+                } else {
+                    length = std::min(rows, all && i == 0 ? rows : 1 + stack.below(3000));
+                    first = 1 + stack.below(rows - length + 1);
+                }
                 const RVXSeriesData series(*model, 1, first, first + length - 1);
                 QCOMPARE(series.boundingRect(), boundsByHand(series));
             }

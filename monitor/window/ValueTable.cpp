@@ -9,6 +9,24 @@ namespace {
 
 constexpr int valueInterval = 100; // milliseconds
 
+//! While it exists, a widget asks for no paint. QWidget::setUpdatesEnabled() would ask for one in the end.
+class QuietUpdates
+{
+public:
+    explicit QuietUpdates(QWidget &widget)
+        : m_widget(widget)
+        , m_wasQuiet(widget.testAttribute(Qt::WA_UpdatesDisabled))
+    {
+        m_widget.setAttribute(Qt::WA_UpdatesDisabled);
+    }
+    ~QuietUpdates() { m_widget.setAttribute(Qt::WA_UpdatesDisabled, m_wasQuiet); }
+    Q_DISABLE_COPY(QuietUpdates)
+
+private:
+    QWidget &m_widget;
+    const bool m_wasQuiet;
+};
+
 } // namespace
 
 ValueTable::ValueTable(QWidget *parent)
@@ -28,9 +46,17 @@ void ValueTable::dataChanged(const QModelIndex &topLeft,
         m_isBehind = true;
         return;
     }
-    RVXTableView::dataChanged(topLeft, bottomRight, roles);
-    if (areValues)
-        m_refresh.start();
+    if (!areValues) {
+        RVXTableView::dataChanged(topLeft, bottomRight, roles);
+        return;
+    }
+    {
+        // For several cells Qt would paint the whole table again, also the names, which take longer than the values.
+        const QuietUpdates quiet(*viewport());
+        RVXTableView::dataChanged(topLeft, bottomRight, roles);
+    }
+    viewport()->update(visualRect(topLeft).united(visualRect(bottomRight)));
+    m_refresh.start();
 }
 
 void ValueTable::catchUp()

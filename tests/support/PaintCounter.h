@@ -3,6 +3,8 @@
 
 #include <QEvent>
 #include <QObject>
+#include <QPaintEvent>
+#include <QRegion>
 
 //! Counts how often a widget is painted, or gets events of another type.
 class PaintCounter : public QObject
@@ -16,11 +18,16 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        count += event->type() == m_counted;
+        if (event->type() != m_counted)
+            return false;
+        ++count;
+        if (m_counted == QEvent::Paint)
+            painted = static_cast<QPaintEvent *>(event)->region();
         return false;
     }
 
     int count = 0;
+    QRegion painted; //!< the last time
 
 private:
     const QEvent::Type m_counted;

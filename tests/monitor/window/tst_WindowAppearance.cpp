@@ -593,7 +593,7 @@ private Q_SLOTS:
         }
     }
 
-    //! Values that come faster than a person reads them are painted a little later.
+    //! Values that come faster than a person reads them are painted a little later, and without their names.
     void theNewestValueIsPaintedInTheEnd()
     {
         QStandardItemModel model(2, 2);
@@ -609,6 +609,11 @@ private Q_SLOTS:
         const int before = counter.count;
         model.setData(model.index(0, 1), QStringLiteral("last"));
         QTRY_VERIFY(counter.count > before);
+        const QRect values =
+            table.visualRect(model.index(0, 1)) | table.visualRect(model.index(1, 1));
+        QCOMPARE(counter.painted, QRegion(values));
+        model.setData(model.index(0, 0), QStringLiteral("name"));
+        QTRY_VERIFY(counter.painted.intersects(table.visualRect(model.index(0, 0))));
     }
 
 private:

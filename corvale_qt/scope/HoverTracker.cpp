@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/TextWidths_p.h"
 #include "corvale_qt/scope/HoverReading_p.h"
 #include "corvale_qt/scope/HoverTracker_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
@@ -51,6 +52,8 @@ private:
 
     HoverReading m_reading;
     QVector<Column> m_columns;
+    TextWidths m_nameWidths; //!< to measure a text takes longer than to compare it, and names stay
+    QVector<int> m_valueWidths; //!< of the channels in the columns
     int m_left = 0; //!< channels for which the box has no room
     QPointer<QWidget> m_line; //!< the canvas owns it
 };
@@ -155,16 +158,19 @@ QSize HoverCursor::arrange()
     const QSize canvas = parentWidget()->size();
     const int line = metrics.lineSpacing();
     const int rows = std::max((canvas.height() - 4 * kMargin) / line - 2, 1);
+    m_nameWidths.setFont(font(), *this);
     m_columns.clear();
+    m_valueWidths.resize(0);
     m_left = 0;
     int width = 0;
     for (int first = 0; first < m_reading.channels.size(); first += rows) {
         Column column{first, std::min(rows, m_reading.channels.size() - first), 0, 0};
         for (int i = first; i < first + column.count; ++i) {
             const HoverReading::Channel &channel = m_reading.channels[i];
-            column.nameWidth = std::max(column.nameWidth, metrics.horizontalAdvance(channel.name));
-            column.valueWidth =
-                std::max(column.valueWidth, metrics.horizontalAdvance(channel.value));
+            const int nameWidth = qRound(m_nameWidths.of(channel.name));
+            column.nameWidth = std::max(column.nameWidth, nameWidth);
+            m_valueWidths.append(metrics.horizontalAdvance(channel.value));
+            column.valueWidth = std::max(column.valueWidth, m_valueWidths.last());
         }
         const int with =
             width + (width > 0 ? kGap : 0) + kSwatch + column.nameWidth + kGap + column.valueWidth;
@@ -209,7 +215,7 @@ void HoverCursor::paintEvent(QPaintEvent *)
             const int side = kSwatch - 4;
             painter.fillRect(left, baseline - side, side, side, channel.colour);
             painter.drawText(left + kSwatch, baseline, channel.name);
-            const int width = metrics.horizontalAdvance(channel.value);
+            const int width = m_valueWidths[column.first + i];
             painter.drawText(right - width, baseline, channel.value);
         }
         left = right + kGap;

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/ThreadStart.h"
+
 #include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -40,11 +41,11 @@ public:
     void add(Item item)
     {
         ++m_pending;
-        const bool hasThread = startThread();
-        if (!hasThread)
+        const bool isLeftToThread = hasThread();
+        if (!isLeftToThread)
             m_work(item);
         const std::lock_guard<std::mutex> lock(m_mutex);
-        (hasThread ? m_waiting : m_done).push_back(std::move(item));
+        (isLeftToThread ? m_waiting : m_done).push_back(std::move(item));
         m_added.notify_one();
     }
     //! Returns how many items were added and not taken.
@@ -63,18 +64,11 @@ public:
     }
 
 private:
-    bool startThread()
+    bool hasThread()
     {
-        if (m_thread.joinable())
-            return true;
-        try {
-            m_thread = std::thread([this] {
-                run();
-            });
-        } catch (const std::system_error &) {
-            return false;
-        }
-        return true;
+        return m_thread.joinable() || startThread(&m_thread, [this] {
+                   run();
+               });
     }
     void run()
     {

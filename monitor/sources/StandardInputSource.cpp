@@ -111,7 +111,7 @@ bool StandardInputSource::readPiece()
 //! Takes the first bytes of the piece. A large one is probably not the last that is there now.
 void StandardInputSource::takePiece(std::size_t size)
 {
-    constexpr std::size_t worthAThread = pieceSize / 2;
+    constexpr std::size_t worthAThread = livePieceSize / 2;
     if (m_content == Content::Lines && size >= worthAThread)
         takeAhead(std::exchange(m_piece, {}), size);
     else

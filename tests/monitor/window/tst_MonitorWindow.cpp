@@ -147,7 +147,9 @@ private Q_SLOTS:
         const QModelIndex channel = w.session.model().index(0, 2);
         QVERIFY(has(0, channel.data(Qt::BackgroundRole).value<QBrush>().color()));
         QVERIFY(has(1, palette.color(QPalette::Text)));
+        w.source->live = true;
         w.clock.advance(1.0);
+        w.source->live = false; // a recording from here
         QCOMPARE(w.value(1), QString("old: 1009"));
         QVERIFY(!has(1, palette.color(QPalette::Text)));
         QVERIFY(has(1, quietColor(palette, QPalette::Text, QPalette::Base)));
@@ -158,6 +160,8 @@ private Q_SLOTS:
         QCOMPARE(w.value(1), QString("1010"));
         QVERIFY(!w.status("notices").contains("STALE"));
         QVERIFY(w.log().contains("readings arrive again"));
+        w.clock.advance(1.0);
+        QVERIFY(w.log().contains("WARNING the recording has a gap here"));
     }
 
     void limitsAreToldInWordsAndColours()

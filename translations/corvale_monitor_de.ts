@@ -3186,7 +3186,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Ein Fit, dessen Residuen (RMS über Spitze) größer sind, ist schlecht.</translation>
     </message>
     <message>
-        <source>A fit is poor if so much of the charge lies in dead, hot or saturated cells.</source>
+        <source>A fit is poor if this much of the charge lies in dead, hot or saturated cells.</source>
         <translation>Ein Fit ist schlecht, wenn so viel der Ladung in toten, heißen oder gesättigten Zellen liegt.</translation>
     </message>
     <message>

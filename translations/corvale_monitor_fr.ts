@@ -3186,7 +3186,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Un ajustement dont les résidus (RMS sur le pic) sont plus grands est médiocre.</translation>
     </message>
     <message>
-        <source>A fit is poor if so much of the charge lies in dead, hot or saturated cells.</source>
+        <source>A fit is poor if this much of the charge lies in dead, hot or saturated cells.</source>
         <translation>Un ajustement est médiocre si cette part de la charge se trouve dans des cellules mortes, chaudes ou saturées.</translation>
     </message>
     <message>

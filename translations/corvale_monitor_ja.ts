@@ -3170,7 +3170,7 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>残差（ピークに対する RMS）がこれより大きいフィットは不良です。</translation>
     </message>
     <message>
-        <source>A fit is poor if so much of the charge lies in dead, hot or saturated cells.</source>
+        <source>A fit is poor if this much of the charge lies in dead, hot or saturated cells.</source>
         <translation>電荷のこの割合が不感・ホット・飽和セルにあるフィットは不良です。</translation>
     </message>
     <message>

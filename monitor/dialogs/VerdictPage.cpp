@@ -45,7 +45,7 @@ const std::array<LimitText, verdictLimitFields.size()> limitTexts = {{
     {&VerdictLimits::flaggedShare,
      QT_TRANSLATE_NOOP("Monitor::VerdictPage", "Cha&rge in bad cells:"),
      QT_TRANSLATE_NOOP("Monitor::VerdictPage",
-                       "A fit is poor if so much of the charge lies in dead, hot or saturated "
+                       "A fit is poor if this much of the charge lies in dead, hot or saturated "
                        "cells."),
      percent},
     {&VerdictLimits::background,

@@ -55,24 +55,34 @@ double meanDensity(const BeamProfile &profile)
 
 } // namespace
 
-CellGaussian CellGaussian::over(double position, double width, double mean, double sigma)
+CellGaussian::CellGaussian(double position, double width, double mean, double sigma)
+    : m_z((position - mean) / sigma)
+    , m_width(width)
+    , m_sigma(sigma)
+{
+    if (isNarrow()) {
+        m_value = std::exp(-0.5 * m_z * m_z);
+        return;
+    }
+    m_integral = std::sqrt(M_PI / 2) * (std::erf(upper() / M_SQRT2) - std::erf(lower() / M_SQRT2));
+    m_value = sigma / width * m_integral;
+}
+
+bool CellGaussian::isNarrow() const
 {
     // Below this the difference of the error functions loses more digits than the average gains.
     constexpr double narrow = 1e-4;
-    const double z = (position - mean) / sigma;
-    if (width < narrow * sigma) {
-        const double value = std::exp(-0.5 * z * z);
-        return {value, z / sigma * value, z * z / sigma * value};
-    }
-    const double upper = z + width / (2 * sigma);
-    const double lower = z - width / (2 * sigma);
-    const double atUpper = std::exp(-0.5 * upper * upper);
-    const double atLower = std::exp(-0.5 * lower * lower);
-    const double integral =
-        std::sqrt(M_PI / 2) * (std::erf(upper / M_SQRT2) - std::erf(lower / M_SQRT2));
-    return {sigma / width * integral,
-            (atLower - atUpper) / width,
-            (integral - upper * atUpper + lower * atLower) / width};
+    return m_width < narrow * m_sigma;
+}
+
+CellGaussian::Derivatives CellGaussian::derivatives() const
+{
+    if (isNarrow())
+        return {m_z / m_sigma * m_value, m_z * m_z / m_sigma * m_value};
+    const double atUpper = std::exp(-0.5 * upper() * upper());
+    const double atLower = std::exp(-0.5 * lower() * lower());
+    return {(atLower - atUpper) / m_width,
+            (m_integral - upper() * atUpper + lower() * atLower) / m_width};
 }
 
 FitQuality qualityOf(const BeamProfile &profile, const BeamEstimate &estimate, int parameters)
@@ -85,8 +95,7 @@ FitQuality qualityOf(const BeamProfile &profile, const BeamEstimate &estimate, i
     for (int i = 0; i < profile.count(); ++i) {
         if (profile.has(i, kUntrusted))
             continue;
-        const double g =
-            CellGaussian::over(profile.positions[i], profile.widths[i], mean, sigma).value;
+        const double g = CellGaussian(profile.positions[i], profile.widths[i], mean, sigma).value();
         const double above = profile.density(i) - estimate.backgroundAt(profile.positions[i]);
         const double residual = above - estimate.height.value * g;
         all.add(residual);

@@ -93,9 +93,10 @@ public:
 
     int operator()(const Eigen::VectorXd &p, Eigen::VectorXd &residuals) const
     {
+        compute(p);
         for (int row = 0; row < values(); ++row) {
             const int cell = m_cells[std::size_t(row)];
-            double model = p[Background] + p[Height] * gaussian(p, cell).value;
+            double model = p[Background] + p[Height] * m_gaussians[std::size_t(row)].value();
             if (m_parameters > Slope)
                 model += p[Slope] * distance(cell);
             residuals[row] = (model - m_profile.density(cell) / m_guess.height) * weight(cell);
@@ -105,13 +106,16 @@ public:
 
     int df(const Eigen::VectorXd &p, Eigen::MatrixXd &jacobian) const
     {
+        compute(p);
+        const double sigma = sigmaOf(p);
         for (int row = 0; row < values(); ++row) {
             const int cell = m_cells[std::size_t(row)];
-            const CellGaussian g = gaussian(p, cell);
+            const CellGaussian &g = m_gaussians[std::size_t(row)];
+            const CellGaussian::Derivatives by = g.derivatives();
             const double w = weight(cell);
-            jacobian(row, Mean) = w * p[Height] * g.byMean * m_guess.sigma;
-            jacobian(row, LogSigma) = w * p[Height] * g.bySigma * sigmaOf(p);
-            jacobian(row, Height) = w * g.value;
+            jacobian(row, Mean) = w * p[Height] * by.byMean * m_guess.sigma;
+            jacobian(row, LogSigma) = w * p[Height] * by.bySigma * sigma;
+            jacobian(row, Height) = w * g.value();
             jacobian(row, Background) = w;
             if (m_parameters > Slope)
                 jacobian(row, Slope) = w * distance(cell);
@@ -129,12 +133,21 @@ public:
     double unit() const { return m_guess.height * m_largestScale; }
 
 private:
-    CellGaussian gaussian(const Eigen::VectorXd &p, int cell) const
+    /*! Averages the Gaussian over all cells, unless that was done last: the minimiser asks for the derivatives where it just asked for
+        the residuals. */
+    void compute(const Eigen::VectorXd &p) const
     {
-        return CellGaussian::over(m_profile.positions[cell],
-                                  m_profile.widths[cell],
-                                  meanOf(p),
-                                  sigmaOf(p));
+        const double mean = meanOf(p), sigma = sigmaOf(p);
+        if (!m_gaussians.empty() && mean == m_mean && sigma == m_sigma)
+            return;
+        m_gaussians.clear();
+        for (const int cell : m_cells)
+            m_gaussians.emplace_back(m_profile.positions[cell],
+                                     m_profile.widths[cell],
+                                     mean,
+                                     sigma);
+        m_mean = mean;
+        m_sigma = sigma;
     }
     double distance(int cell) const
     {
@@ -148,6 +161,9 @@ private:
     const Guess m_guess;
     const int m_parameters;
     double m_largestScale = 0;
+    mutable std::vector<CellGaussian> m_gaussians; //!< of the cells, for a mean and a sigma
+    mutable double m_mean = 0;
+    mutable double m_sigma = 0;
 };
 
 /*! Returns the roots of the diagonal of (J^T J)^-1 from J P = Q R, whose J has more rows than columns: the length of R^-T P^T e for

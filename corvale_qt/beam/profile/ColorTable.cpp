@@ -35,10 +35,12 @@ void ColorTable::setMap(const QwtLinearColorMap &map)
 
 void ColorTable::fill()
 {
-    m_colors.fill(kUnresolved, kIntervals + 1);
+    m_colors.fill(kUnresolved, kPlaces);
     if (m_contents.mode != QwtLinearColorMap::ScaledColors)
         return; // the map is always asked
     const QwtInterval unit(0.0, 1.0);
+    m_colors[kBelow] = m_map->rgb(unit, -1.0);
+    m_colors[kAbove] = m_map->rgb(unit, 2.0);
     QRgb before = m_map->rgb(unit, 0.0);
     for (int i = 0; i < kIntervals; ++i) {
         const QRgb after = m_map->rgb(unit, double(i + 1) / kIntervals);
@@ -61,16 +63,28 @@ void ColorTable::lookUp(const QwtInterval &range,
                         QRgb *colors) const
 {
     const double least = range.minValue();
-    // For a range without width, a NaN sends every value to the map, which has its own rule.
-    const double width = range.width() > 0.0 ? range.width() : std::nan("");
+    const double width = range.width();
+    if (!(width > 0.0)) { // the map has a rule of its own for that
+        std::transform(values, values + count, colors, [&](double value) {
+            return m_map->rgb(range, value);
+        });
+        return;
+    }
     const QRgb *const table = m_colors.constData();
     for (int i = 0; i < count; ++i) {
         // Divided as the map divides: multiplying by a reciprocal might give the next interval.
         const double place = (values[i] - least) / width * kIntervals;
-        const bool inside = place >= 0.0 && place < kIntervals; // false for a NaN
-        const QRgb color = table[inside ? int(place) : kIntervals];
+        const QRgb color = table[indexOf(place)];
         colors[i] = color != kUnresolved ? color : m_map->rgb(range, values[i]);
     }
+}
+
+//! Returns the entry for a place in units of an interval.
+int ColorTable::indexOf(double place)
+{
+    if (place >= 0.0)
+        return place < kIntervals ? int(place) : kAbove;
+    return place < 0.0 ? kBelow : kNotANumber;
 }
 
 } // namespace Corvale_Qt

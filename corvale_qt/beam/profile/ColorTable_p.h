@@ -42,17 +42,24 @@ private:
     };
 
     void fill();
+    static int indexOf(double place);
 
     // Small enough to stay in the processor's cache; about one look-up in forty still asks the map.
     static constexpr int kIntervals = 1 << 16;
+    // Entries behind those of the intervals. In a frame of a camera, half of the cells without beam are below 0.
+    enum {
+        kBelow = kIntervals,
+        kAbove,
+        kNotANumber,
+        kPlaces
+    };
     // Marks an interval whose colour the map is asked for. So is a colour that equals it, which is transparent.
     static constexpr QRgb kUnresolved = 0;
 
     const QwtLinearColorMap *m_map = nullptr;
     Contents m_contents;
     bool m_opaque = false;
-    // One entry for each interval, and a last one for values outside all of them.
-    QVector<QRgb> m_colors;
+    QVector<QRgb> m_colors; // by indexOf()
 };
 
 } // namespace Corvale_Qt

@@ -131,15 +131,31 @@ double CellPicture::valueAt(double x, double y) const
     return column >= 0 && row >= 0 && cell < m_values.size() ? m_values[cell] : std::nan("");
 }
 
+struct PixelPlaces
+{
+    //! The cell of a column or row of pixels, and the cell beside it on the side of the pixels.
+    struct Place
+    {
+        int cell = -1; //!< -1 where no cell is
+        int other = -1;
+        double way = 0; //!< how much of the way to the other cell the pixels are
+    };
+    std::vector<Place> columns;
+    std::vector<Place> rows;
+
+    bool areAllCells() const
+    {
+        const auto isCell = [](const Place &place) {
+            return place.cell >= 0;
+        };
+        return std::all_of(columns.begin(), columns.end(), isCell)
+            && std::all_of(rows.begin(), rows.end(), isCell);
+    }
+};
+
 namespace {
 
-//! The cell of a column or row of pixels, and the cell beside it on the side of the pixels.
-struct Place
-{
-    int cell = -1; //!< -1 where no cell is
-    int other = -1;
-    double way = 0; //!< how much of the way to the other cell the pixels are
-};
+using Place = PixelPlaces::Place;
 
 Place blendedPlace(const CellEdges &edges, int cell, double place)
 {
@@ -166,11 +182,16 @@ placesOf(const CellEdges &edges, const QwtScaleMap &map, double first, double st
     return places;
 }
 
-bool areAllCells(const std::vector<Place> &places)
+/*! Returns whether a picture at a place of the canvas can be copied to pixels of the device as it is, so that parts of it meet. */
+bool isAtWholePixels(const QPainter &painter, const QPointF &place)
 {
-    return std::all_of(places.begin(), places.end(), [](const Place &place) {
-        return place.cell >= 0;
-    });
+    const double ratio = painter.device()->devicePixelRatioF();
+    const auto isWhole = [](double number) {
+        return number == std::floor(number);
+    };
+    return painter.paintEngine()->type() == QPaintEngine::Raster
+        && painter.worldTransform().type() == QTransform::TxNone && isWhole(ratio)
+        && isWhole(ratio * place.x()) && isWhole(ratio * place.y());
 }
 
 //! Returns the value between four cells; a cell without a value counts as the one that the place is in.
@@ -212,54 +233,73 @@ void CellPicture::draw(QPainter *painter,
     if (size.isEmpty())
         return;
     const double step = 1 / ratio;
-    const auto columns = placesOf(m_columns, xMap, canvasRect.left(), step, size.width());
-    const auto rows = placesOf(m_rows, yMap, canvasRect.top(), step, size.height());
+    const PixelPlaces pixels{placesOf(m_columns, xMap, canvasRect.left(), step, size.width()),
+                             placesOf(m_rows, yMap, canvasRect.top(), step, size.height())};
     // An opaque picture is copied to the canvas without blending.
     const bool hidesAll = m_isTabled && m_table.isOpaque() && m_range.width() > 0
-        && areAllCells(columns) && areAllCells(rows)
-        && std::none_of(m_values.begin(), m_values.end(), [](double value) {
+        && pixels.areAllCells() && std::none_of(m_values.begin(), m_values.end(), [](double value) {
                               return std::isnan(value);
                           });
     const QImage::Format format = hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32;
+    // A band stays in the processor's cache until the painter has copied it.
+    constexpr int linesInCache = 64;
+    const bool inBands = isAtWholePixels(*painter, canvasRect.topLeft());
+    const int height = inBands ? std::min(linesInCache, size.height()) : size.height();
     // Megabytes of new memory would cost more than the picture.
-    if (m_image.size() != size || m_image.format() != format)
-        m_image = QImage(size, format);
-    std::vector<double> values(columns.size());
+    if (m_image.size() != QSize(size.width(), height) || m_image.format() != format)
+        m_image = QImage(size.width(), height, format);
+    painter->save();
+    painter->scale(step, step); // the painter copies pixels only if it knows of no ratio
+    for (int top = 0; top < size.height(); top += height) {
+        const int lines = std::min(height, size.height() - top);
+        drawBand(pixels, top, lines);
+        painter->drawImage(ratio * canvasRect.topLeft() + QPointF(0, top),
+                           m_image,
+                           QRect(0, 0, size.width(), lines));
+    }
+    painter->restore();
+}
+
+//! Draws some rows of pixels from the first line of the image on.
+void CellPicture::drawBand(const PixelPlaces &pixels, int top, int lines) const
+{
+    std::vector<double> values(pixels.columns.size());
     std::vector<QRgb> colors(size_t(m_columns.count()));
-    for (int y = 0; y < size.height(); ++y) {
-        const Place &row = rows[size_t(y)];
+    const int width = m_image.width();
+    const Place *const rows = pixels.rows.data() + top;
+    for (int y = 0; y < lines; ++y) {
+        const Place &row = rows[y];
         auto *line = reinterpret_cast<QRgb *>(m_image.scanLine(y));
-        const bool repeats = y > 0 && rows[size_t(y) - 1].cell == row.cell;
+        const bool repeats = y > 0 && rows[y - 1].cell == row.cell;
         if (repeats && (row.cell < 0 || !m_smoothing)) {
-            std::copy_n(reinterpret_cast<const QRgb *>(m_image.constScanLine(y - 1)),
-                        size.width(),
-                        line);
+            std::copy_n(reinterpret_cast<const QRgb *>(m_image.constScanLine(y - 1)), width, line);
             continue;
         }
-        const std::ptrdiff_t width = m_columns.count();
-        const double *own = m_values.constData() + std::max(row.cell, 0) * width;
-        const double *other = m_values.constData() + std::max(row.other, 0) * width;
+        const std::ptrdiff_t cells = m_columns.count();
+        const double *own = m_values.constData() + std::max(row.cell, 0) * cells;
+        const double *other = m_values.constData() + std::max(row.other, 0) * cells;
         if (row.cell < 0) {
-            std::fill_n(line, size.width(), 0U);
+            std::fill_n(line, width, 0U);
         } else if (m_smoothing) {
-            std::transform(columns.begin(),
-                           columns.end(),
+            std::transform(pixels.columns.begin(),
+                           pixels.columns.end(),
                            values.begin(),
                            [&](const Place &column) {
                                if (column.cell < 0 || std::isnan(own[column.cell]))
                                    return std::nan("");
                                return blended(own, other, column, row.way);
                            });
-            lookUp(values.data(), size.width(), line);
+            lookUp(values.data(), width, line);
         } else {
             lookUp(own, m_columns.count(), colors.data());
-            std::transform(columns.begin(), columns.end(), line, [&](const Place &column) {
-                return column.cell < 0 ? 0U : colors[size_t(column.cell)];
-            });
+            std::transform(pixels.columns.begin(),
+                           pixels.columns.end(),
+                           line,
+                           [&](const Place &column) {
+                               return column.cell < 0 ? 0U : colors[size_t(column.cell)];
+                           });
         }
     }
-    m_image.setDevicePixelRatio(ratio);
-    painter->drawImage(canvasRect.topLeft(), m_image);
 }
 
 CellEdges cellEdges(const DetectorLayout &layout, bool alongX)

@@ -17,6 +17,8 @@
 namespace Corvale_Qt {
 
 class DetectorLayout;
+//! Where the cells of a detector lie on a canvas, for each column and each row of pixels.
+struct PixelPlaces;
 
 //! The cells of a detector along one axis, by rising position.
 class CellEdges
@@ -73,6 +75,7 @@ public:
               const QRectF &canvasRect) const override;
 
 private:
+    void drawBand(const PixelPlaces &pixels, int top, int lines) const;
     void lookUp(const double *values, int count, QRgb *colors) const;
 
     CellEdges m_columns;
@@ -83,7 +86,7 @@ private:
     ColorTable m_table; //!< of the map, if it is a linear one
     bool m_isTabled = false;
     bool m_smoothing = false;
-    mutable QImage m_image; //!< of the last picture, whose memory the next one uses
+    mutable QImage m_image; //!< the band drawn last, whose memory the next one uses
 };
 
 //! Returns the edges of a detector's cells along x or, if \a alongX is false, along y.

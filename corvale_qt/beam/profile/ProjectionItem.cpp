@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -35,6 +37,7 @@ public:
     }
 
     bool isEmpty() const { return !(m_most > 0); }
+    bool isAlongX() const { return m_alongX; }
 
     QPolygonF steps() const
     {
@@ -80,16 +83,106 @@ private:
     double m_most = 0;
 };
 
-void drawStrip(QPainter *painter, const Strip &strip)
+/*! Draws a line with the same pixels as QPainter::drawPolyline(). For Qt's rasteriser a long line of many short pieces is slow: it
+    looks for each edge among the others in its row of pixels from the left, and goes over the whole line again for every few
+    rows. So the line is drawn in parts, each of which is clipped to some columns or rows of pixels. */
+class LineInParts
+{
+public:
+    LineInParts(const QPolygonF &line, const QRectF &canvas, bool alongX)
+        : m_line(line)
+        , m_canvas(canvas)
+        , m_alongX(alongX)
+        , m_start(std::floor(alongX ? canvas.left() : canvas.top()))
+    {
+    }
+
+    //! Returns whether pixels can be counted up to all points.
+    bool isCountable() const
+    {
+        constexpr double furthest = 1e6; // pixels
+        return std::all_of(m_line.begin(), m_line.end(), [this](const QPointF &point) {
+            return std::abs(place(point)) <= furthest; // false for a NaN
+        });
+    }
+
+    void draw(QPainter *painter) const
+    {
+        const std::vector<Part> parts = partsFor(painter->pen());
+        for (size_t i = 0; i < parts.size(); ++i) {
+            const Part &part = parts[i];
+            if (part.last < 0)
+                continue;
+            painter->save();
+            painter->setClipRect(clip(i), Qt::IntersectClip);
+            painter->drawPolyline(m_line.constData() + part.first, part.last - part.first + 1);
+            painter->restore();
+        }
+    }
+
+private:
+    //! The points from the first to the last one that matter to a part of the canvas.
+    struct Part
+    {
+        int first = std::numeric_limits<int>::max();
+        int last = -1;
+    };
+
+    double place(const QPointF &point) const { return m_alongX ? point.x() : point.y(); }
+
+    std::vector<Part> partsFor(const QPen &pen) const
+    {
+        // A part begins and ends with caps instead of joins, beyond its clip.
+        const double margin = pen.widthF() + 1;
+        const double end = m_alongX ? m_canvas.right() : m_canvas.bottom();
+        std::vector<Part> parts(size_t(std::max(std::ceil((end - m_start) / kPart), 0.0)));
+        const auto partAt = [this](double pixel) {
+            return int(std::floor((pixel - m_start) / kPart));
+        };
+        for (int i = 0; i + 1 < m_line.size(); ++i) {
+            const auto [from, to] = std::minmax({place(m_line[i]), place(m_line[i + 1])});
+            const int behind = std::min(partAt(to + margin) + 1, int(parts.size()));
+            for (int number = std::max(partAt(from - margin), 0); number < behind; ++number) {
+                Part &part = parts[size_t(number)];
+                part.first = std::min(part.first, i);
+                part.last = i + 1;
+            }
+        }
+        return parts;
+    }
+
+    //! Returns real numbers, since Qt would round the width of a QRect, and those of a scaled picture would not meet.
+    QRectF clip(size_t part) const
+    {
+        const double from = m_start + kPart * double(part);
+        return m_alongX ? QRectF(from, m_canvas.top(), kPart, m_canvas.height())
+                        : QRectF(m_canvas.left(), from, m_canvas.width(), kPart);
+    }
+
+    static constexpr double kPart = 32; // pixels
+    const QPolygonF &m_line;
+    const QRectF m_canvas;
+    const bool m_alongX;
+    const double m_start;
+};
+
+void drawStrip(QPainter *painter, const Strip &strip, const QRectF &canvas)
 {
     if (strip.isEmpty())
         return;
-    const auto draw = [painter](const QPolygonF &line, const QColor &color) {
+    // In a file of lines each of them is to be one.
+    const bool isRaster = painter->paintEngine()->type() == QPaintEngine::Raster;
+    const auto draw = [&](const QPolygonF &line, const QColor &color) {
+        const LineInParts parts(line, canvas, strip.isAlongX());
+        const bool inParts = isRaster && parts.isCountable();
         // The dark line below keeps both visible on every colour of the picture.
-        painter->setPen(QPen(QColor(0, 0, 0, 180), 3.5));
-        painter->drawPolyline(line);
-        painter->setPen(QPen(color, 1.5));
-        painter->drawPolyline(line);
+        for (const QPen &pen : {QPen(QColor(0, 0, 0, 180), 3.5), QPen(color, 1.5)}) {
+            painter->setPen(pen);
+            if (inParts)
+                parts.draw(painter);
+            else
+                painter->drawPolyline(line);
+        }
     };
     draw(strip.steps(), kProfile);
     draw(strip.fit(), kFit);
@@ -116,8 +209,8 @@ void ProjectionItem::draw(QPainter *painter,
                           const QRectF &canvasRect) const
 {
     painter->setBrush(Qt::NoBrush);
-    drawStrip(painter, Strip(m_x, xMap, canvasRect, true));
-    drawStrip(painter, Strip(m_y, yMap, canvasRect, false));
+    drawStrip(painter, Strip(m_x, xMap, canvasRect, true), canvasRect);
+    drawStrip(painter, Strip(m_y, yMap, canvasRect, false), canvasRect);
 }
 
 CellMarks::CellMarks()

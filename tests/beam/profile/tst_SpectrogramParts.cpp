@@ -3,6 +3,7 @@
 #include "corvale_qt/beam/profile/ColorTable_p.h"
 #include "corvale_qt/beam/profile/MeanHistory_p.h"
 #include "corvale_qt/beam/profile/MeanTimePlot_p.h"
+#include "corvale_qt/beam/profile/ProjectionItem_p.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Rows.h"
@@ -12,6 +13,9 @@
 #include <qwt_matrix_raster_data.h>
 #include <qwt_plot_curve.h>
 #include <qwt_scale_map.h>
+
+#include <QPainter>
+#include <QPicture>
 
 using namespace Corvale_Qt;
 
@@ -50,6 +54,21 @@ QwtScaleMap scaleMap(double from, double to, int pixels)
     map.setScaleInterval(from, to);
     map.setPaintInterval(0, pixels - 1);
     return map;
+}
+
+PlaneResult noisyPlane(int cells)
+{
+    PlaneResult plane;
+    QVector<double> readings = noise(cells);
+    for (int i = 0; i < cells; ++i)
+        readings[i] += 20.0 * std::exp(-0.5 * std::pow((i - 0.4 * cells) / (0.1 * cells), 2));
+    plane.profile = BeamProfile::uniform(readings);
+    plane.estimate.status = EstimateStatus::Ok;
+    plane.estimate.position.value = 0.4 * cells;
+    plane.estimate.sigma.value = 0.1 * cells;
+    plane.estimate.height.value = 20.0;
+    plane.verdict.validity = BeamValidity::Valid;
+    return plane;
 }
 
 } // namespace
@@ -153,6 +172,44 @@ private Q_SLOTS:
         // The pictures are not of one colour.
         QVERIFY(expected.pixel(pixels.width() / 2, pixels.height() / 2)
                 != expected.pixel(pixels.width() / 3, pixels.height() / 3));
+    }
+
+    void projectionsAreDrawnAsOneLine_data()
+    {
+        columns<double, double, bool>("from", "to", "aGap");
+        row("more pixels than cells", 0.0, 256.0, false);
+        row("less pixels than cells", -400.0, 800.0, false);
+        row("falling", 256.0, 0.0, false);
+        row("zoomed", 90.25, 103.5, false);
+        row("places that are no number", 0.0, 256.0, true);
+    }
+    void projectionsAreDrawnAsOneLine()
+    {
+        QFETCH(double, from);
+        QFETCH(double, to);
+        QFETCH(bool, aGap);
+        constexpr int side = 333;
+        PlaneResult plane = noisyPlane(256);
+        if (aGap)
+            plane.profile.positions[100] = std::nan("");
+        ProjectionItem item;
+        item.setPlanes(plane, plane);
+        const auto drawOn = [&](QPaintDevice &device) {
+            QPainter painter(&device);
+            painter.setRenderHint(QPainter::Antialiasing);
+            const QwtScaleMap map = scaleMap(from, to, side);
+            item.draw(&painter, map, map, QRectF(0, 0, side, side));
+        };
+        QImage inParts(side, side, QImage::Format_RGB32);
+        inParts.fill(Qt::darkGreen);
+        const QImage empty = inParts;
+        QImage asOne = empty;
+        drawOn(inParts);
+        QPicture lines; // which the item draws as they are
+        drawOn(lines);
+        QPainter(&asOne).drawPicture(0, 0, lines);
+        QCOMPARE(differingArea(inParts, asOne), QRect());
+        QVERIFY(aGap || differingArea(inParts, empty).height() > side / 2);
     }
 
     void itIsNotPaintedWithoutValues()

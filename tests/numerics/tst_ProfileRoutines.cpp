@@ -3,8 +3,10 @@
 #include "corvale_qt/numerics/NormalDensity_p.h"
 #include "corvale_qt/numerics/PixelMoments.h"
 #include "corvale_qt/numerics/ProfileFit.h"
+#include "corvale_qt/numerics/ProfileMoments.h"
 #include "corvale_qt/numerics/ProfileNoise.h"
 #include "corvale_qt/numerics/ProfileRoutines_p.h"
+#include "corvale_qt/numerics/ThreePointFit.h"
 #include "tests/beam/profile/Frames.h"
 #include "tests/support/Profiles.h"
 #include "tests/support/TestMain.h"
@@ -58,6 +60,19 @@ private Q_SLOTS:
             QVERIFY(std::abs(fit.amplitude / area - 1) < 1e-4);
             QVERIFY(std::abs(fit.at(61.3F) / 4e-9 - 1) < 1e-4);
         }
+        // The variance is not the square of a rounded sigma.
+        int others = 0;
+        for (const double sigma : {3.1, 4.3, 5.7, 6.9}) {
+            const auto values = Profiles::gaussian<float>(128, 61.3, sigma, 4e-9);
+            ProfileFit above(values), three(values);
+            computeCentreOfGravityAbove(above, 0.1F);
+            computeGaussabola(three, 0);
+            const double variance = momentsAbove(values.constData(), 128, 0.1F).variance;
+            QCOMPARE(above.variance, float(variance));
+            QCOMPARE(three.variance, float(fitThreePoints(values.constData(), 128, 0.0F).variance));
+            others += above.variance != above.sigma * above.sigma;
+        }
+        QVERIFY(others > 0);
     }
 
     void reasonsForFailure()
@@ -114,6 +129,13 @@ private Q_SLOTS:
                 QVERIFY(fit.valid ? fit.sigma > 0 && std::isfinite(fit.amplitude)
                                   : fit.sigma == -1);
                 QVERIFY(fit.valid || fit.at(1) == 0);
+                if (values.isEmpty())
+                    continue; // leaves a record as it was
+                // Neither does a record that held a fit before.
+                ProfileFit used({1, 2, 4, 2, 1}, 2, 1, 4);
+                QCOMPARE(int(compute(used)), 0);
+                used.values = values;
+                QCOMPARE(used.valid, compute(used) == FitStatus::Ok);
             }
         }
     }
@@ -141,8 +163,12 @@ private Q_SLOTS:
         QCOMPARE(int(adoptDeviceFit(fit)), 0);
         QVERIFY(std::abs(fit.at(2) - 2) < 1e-6);
         QVERIFY(std::abs(fit.at(3.5F) - 2 * std::exp(-0.5)) < 1e-6);
-        for (const auto &[mean, sigma] : {std::pair(-1.0F, 1.0F), {2.0F, 0.0F}, {2.0F, kNan}}) {
-            ProfileFit bad(values, mean, sigma, 2);
+        for (const auto &[mean, sigma, height] : {std::tuple(-1.0F, 1.0F, 2.0F),
+                                                  {2.0F, 0.0F, 2.0F},
+                                                  {2.0F, kNan, 2.0F},
+                                                  {2.0F, 1e30F, 1e30F}}) { // of an infinite area
+            ProfileFit bad(values, mean, sigma, height);
+            bad.valid = true; // from before
             QCOMPARE(int(adoptDeviceFit(bad)), -8);
             QVERIFY(!bad.valid);
         }

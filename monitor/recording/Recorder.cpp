@@ -276,7 +276,7 @@ bool Recorder::writeWaiting()
 //! Returns the size at which files are cut to the line. Those of a smaller size are only begun once a second; 0 for these and for none.
 qint64 Recorder::cutSize() const
 {
-    constexpr qint64 smallest = 1000 * 1000;
+    constexpr qint64 smallest = 1000000;
     return m_options.rotateBytes >= smallest ? m_options.rotateBytes : 0;
 }
 

@@ -178,7 +178,7 @@ private Q_SLOTS:
     //! However fast readings come, a file ends with the line that makes it large enough.
     void aFloodRotatesToTheLine()
     {
-        constexpr int rows = 180000, rowsOfBlock = 6000, size = 1000 * 1000;
+        constexpr int rows = 180000, rowsOfBlock = 6000, size = 1000000;
         Recording r(path("a.csv"));
         r.options.rotateBytes = size;
         QVERIFY(r.begin());

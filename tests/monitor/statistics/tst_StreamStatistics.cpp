@@ -308,6 +308,7 @@ private Q_SLOTS:
             after readings that waited, twice          | 4x0.0001 1x0.1 4x0.0001 50x0.1 | 0
             after readings of one time                 | 5x0 50x0.1 | 0
             after the end of an outage                 | 1x50 50x0.1 1x50 | 1
+            soon after the end of an outage            | 1x50 5x0.1 1x1 | 1
             after two steps                            | 2x1 1x3.1 | 1
             of a step that is just no gap              | 2x1 1x2.9 | 0
             in pairs                                   | 100x0.1,0.0001 1x1 | 1

@@ -87,6 +87,8 @@ void TcpClientSource::socketConnected()
 //! Returns whether more is there.
 bool TcpClientSource::readPiece()
 {
+    if (m_socket.bytesAvailable() == 0)
+        return false; // the connection was lost since, and its rest was taken then
     const QByteArray bytes = m_socket.read(livePieceSize);
     m_answered = m_answered || bytes.contains('\n') || bytes.contains('\r');
     const QPointer<TcpClientSource> alive(this); // what hears of readings may close the source

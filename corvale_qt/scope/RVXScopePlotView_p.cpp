@@ -9,6 +9,7 @@
 #include "corvale_qt/scope/CanvasLook_p.h"
 #include "corvale_qt/scope/CompanionPlotMode_p.h"
 #include "corvale_qt/scope/HistogramPlotMode_p.h"
+#include "corvale_qt/scope/LanguageWatch_p.h"
 #include "corvale_qt/scope/LeastHeight_p.h"
 #include "corvale_qt/scope/ScopeLegend.h"
 #include "corvale_qt/scope/StripPlotMode_p.h"
@@ -81,6 +82,10 @@ RVXScopePlotViewPrivate::RVXScopePlotViewPrivate(RVXScopePlotView *view)
     followShownUnit();
     navigation = std::make_unique<ScopeNavigation>(*this);
     new LeastHeight(view);
+    QObject::connect(new LanguageWatch(plot), &LanguageWatch::changed, view, [this] {
+        context.timeAxis.restart();
+        q_ptr->RequestReplotRefresh();
+    });
     QObject::connect(&unitsWatch, &UnitsWatch::changed, view, [view] {
         view->RequestReplotRefresh();
     });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/ColumnSeries_p.h"
-#include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/models/SeriesSource_p.h"
 
 namespace Corvale_Qt {
 

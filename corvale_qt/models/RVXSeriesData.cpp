@@ -3,7 +3,7 @@
 
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXBulkPlotData.h"
-#include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/models/SeriesSource_p.h"
 
 #include <QAbstractItemModel>
 

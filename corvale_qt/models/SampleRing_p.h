@@ -3,7 +3,6 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/models/ContentStamp_p.h"
 #include "corvale_qt/models/LibraryBulkData_p.h"
 
 #include <boost/circular_buffer.hpp>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/ColumnSeries_p.h"
 #include "corvale_qt/models/NumberPair_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
@@ -58,6 +59,54 @@ void SeriesSpans::convert(const double *stored, int count, double *out) const
     }
     for (; i < count; ++i)
         out[i] = shown(stored[i]);
+}
+
+SampleBounds::SampleBounds(const QPointF &first)
+    : m_left(std::isfinite(first.x()) ? first.x() : 0.0)
+    , m_right(m_left)
+    , m_top(std::isfinite(first.y()) ? first.y() : 0.0)
+    , m_bottom(m_top)
+{
+}
+
+void SampleBounds::add(double x, double y)
+{
+    if (!std::isfinite(x) || !std::isfinite(y))
+        return;
+    m_left = std::min(m_left, x);
+    m_right = std::max(m_right, x);
+    m_top = std::min(m_top, y);
+    m_bottom = std::max(m_bottom, y);
+}
+
+bool SampleBounds::add(const SeriesSpans &samples)
+{
+    if (!samples.areFound() || !samples.rise())
+        return false;
+    const int count = samples.count();
+    const NumberRange range = storedRange(samples.storedY(), 0, count);
+    const double ends[] = {samples.shown(range.least), samples.shown(range.greatest)};
+    // As long as nothing overflows, each step of the conversion keeps the order of the numbers or reverses it.
+    if (!range.allFinite || !std::isfinite(ends[0]) || !std::isfinite(ends[1]))
+        return false;
+    add(samples.x(0), ends[0]);
+    add(samples.x(count - 1), ends[1]);
+    return true;
+}
+
+QRectF SampleBounds::rectangle() const
+{
+    return QRectF(m_left, m_top, m_right - m_left, m_bottom - m_top);
+}
+
+QRectF boundsOf(const QwtSeriesData<QPointF> &series, int count)
+{
+    SampleBounds bounds(series.sample(0));
+    if (!bounds.add(SeriesSpans(SeriesSource::of(&series), 0, count)))
+        forEachPoint(series, 0, count, [&bounds](int, double x, double y) {
+            bounds.add(x, y);
+        });
+    return bounds.rectangle();
 }
 
 } // namespace Corvale_Qt

@@ -8,6 +8,7 @@
 #include <qwt_series_data.h>
 
 #include <QPointF>
+#include <QRectF>
 
 #include <algorithm>
 
@@ -101,5 +102,30 @@ void forEachPoint(const QwtSeriesData<QPointF> &series, int first, int count, Us
             use(done + i, x[i], y[i]);
     }
 }
+
+/*! Finds the rectangle around samples. Samples with a coordinate that is not finite are left out, except that the first
+    one always counts, with 0 for such a coordinate. */
+class SampleBounds
+{
+public:
+    explicit SampleBounds(const QPointF &first);
+
+    //! Adds a sample; ignores it unless both coordinates are finite.
+    void add(double x, double y);
+    /*! Adds samples from the ranges of their memory. Returns false and adds nothing if the result could differ from that of
+        add() for each sample. */
+    bool add(const SeriesSpans &samples);
+    //! Returns the rectangle; top is the smallest y.
+    QRectF rectangle() const;
+
+private:
+    double m_left;
+    double m_right;
+    double m_top;
+    double m_bottom;
+};
+
+//! Returns the rectangle around the first \a count samples of a series, at least one.
+QRectF boundsOf(const QwtSeriesData<QPointF> &series, int count);
 
 } // namespace Corvale_Qt

@@ -4,7 +4,6 @@
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
 #include "corvale_qt/plot/DenseCurve_p.h"
-#include "corvale_qt/plot/LineBreaks_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
 

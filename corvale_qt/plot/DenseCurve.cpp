@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/SampleBounds_p.h"
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/SeriesSource_p.h"
 #include "corvale_qt/plot/DenseCurve_p.h"
-#include "corvale_qt/plot/LineBreaks_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 
 #include <algorithm>
@@ -13,7 +12,7 @@ namespace Corvale_Qt {
 ColumnReadings ColumnReadings::of(const SeriesSpans &samples, int first, int end)
 {
     const RingSpans &y = samples.storedY();
-    const ValueRange range = storedRange(y, first, end);
+    const NumberRange range = storedRange(y, first, end);
     const Kind kind = range.allFinite ? All : range.least > range.greatest ? None : Some;
     return {y.stored(first), range.least, range.greatest, y.stored(end - 1), kind};
 }

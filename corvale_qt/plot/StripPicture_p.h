@@ -5,7 +5,7 @@
 
 #include "corvale_qt/models/SeriesSource_p.h"
 #include "corvale_qt/plot/ColumnRows_p.h"
-#include "corvale_qt/plot/CurveColumns_p.h"
+#include "corvale_qt/plot/DenseCurve_p.h"
 #include "corvale_qt/plot/PixelGrid_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/RunImage_p.h"
@@ -19,6 +19,39 @@
 #include <vector>
 
 namespace Corvale_Qt {
+
+//! What one curve reads in each pixel column, kept from frame to frame as long as the rows of the column stay.
+class CurveColumns
+{
+public:
+    //! Returns whether changes of the samples can be noticed.
+    static bool canFollow(const SeriesSpans &samples);
+
+    /*! Reads the columns of \a rows, whose last update was for the x of \a samples, that have changed since the last call. Returns
+        false if all were read because the samples are not those of the last call. */
+    bool update(const SeriesSpans &samples, const ColumnRows &rows);
+
+    //! How a curve becomes runs, in the coordinates of a painter.
+    struct Look
+    {
+        const QwtScaleMap &yMap;
+        const QVector<int> &breaks; //!< those of the last update of the rows
+        qint64 columnAtZero; //!< the column at x = 0 of the painter
+    };
+    /*! Adds the columns \a span, with those that lines lead from and to. The last call of update() must have been for these samples
+        and rows. */
+    void addTo(PixelRuns &runs,
+               const SeriesSpans &samples,
+               const ColumnRows &rows,
+               const ColumnSpan &span,
+               const Look &look) const;
+
+private:
+    quint64 m_content = 0; // of the ring
+    qint64 m_offset = 0; // from the index of a row in the ring of x to that in the ring of y
+    quint64 m_stamp = 0; // the last update of the rows that was followed
+    QVector<ColumnReadings> m_readings; // by the places of the columns
+};
 
 /*! The picture of the dense curves of a chart whose time axis moves by whole pixel columns. It is kept and moved along, and only
     columns whose rows have changed are drawn anew. If the curves look different than before (another scale, colour or zero, another

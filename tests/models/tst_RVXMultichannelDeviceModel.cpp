@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
-#include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/models/SaveProgress.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
@@ -100,8 +100,8 @@ QString differenceOfColumn(const RVXMultichannelDeviceModel &model,
             return QStringLiteral("row %1, column %2").arg(row).arg(column);
     }
     for (int first : {0, rows / 3}) {
-        const ValueRange kept = storedRange(spans, first, rows);
-        const ValueRange fresh = readRange(spans, first, rows);
+        const NumberRange kept = storedRange(spans, first, rows);
+        const NumberRange fresh = readRange(spans, first, rows);
         if (kept.least != fresh.least || kept.greatest != fresh.greatest)
             return QStringLiteral("range of column %1").arg(column);
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
-#include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/units/UnitTraits_p.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/SeriesBounds.h"
@@ -262,8 +262,8 @@ private Q_SLOTS:
         RingSpans spans;
         QVERIFY(LibraryBulkData::of(&model)->columnSpans(1, 1, 2, spans));
         QCOMPARE(text(spans), "RingSpans(2 + 0 of 100000 numbers, value = 1 * number - 0) 1 ");
-        QCOMPARE(text(storedRange(spans, 0, 2)), "ValueRange(-5 to -5, some not finite) 1 ");
-        QCOMPARE(text(storedRange(spans, 0, 1)), "ValueRange(-5 to -5) 1 ");
+        QCOMPARE(text(storedRange(spans, 0, 2)), "NumberRange(-5 to -5, some not finite) 1 ");
+        QCOMPARE(text(storedRange(spans, 0, 1)), "NumberRange(-5 to -5) 1 ");
         QCOMPARE(text(model.xUnits()), "MeasurementUnit(\"s\", type 96) 1 ");
         model.SetUnits(nullptr);
         QCOMPARE(text(model.units()), "MeasurementUnit(none) 1 ");

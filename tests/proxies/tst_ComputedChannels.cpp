@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/LibraryBulkData_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
-#include "corvale_qt/models/SampleBounds_p.h"
 #include "corvale_qt/proxies/RVXComputedChannelsProxyModel.h"
 #include "tests/proxies/Averages.h"
 #include "tests/proxies/Merged.h"
@@ -46,14 +46,14 @@ double computedByHand(const RVXComputedChannelsProxyModel &proxy, int row, int k
 //! Returns whether the range that is kept of rows in memory is that of their numbers.
 bool hasKeptRange(const RingSpans &spans)
 {
-    ValueRange byHand{qInf(), -qInf(), true};
+    NumberRange byHand{qInf(), -qInf(), true};
     for (int i = 0; i < spans.count(); ++i) {
         const double value = spans.value(i);
         byHand.allFinite = byHand.allFinite && std::isfinite(value);
         byHand.least = std::isfinite(value) ? std::min(byHand.least, value) : byHand.least;
         byHand.greatest = std::isfinite(value) ? std::max(byHand.greatest, value) : byHand.greatest;
     }
-    const ValueRange kept = storedRange(spans, 0, spans.count());
+    const NumberRange kept = storedRange(spans, 0, spans.count());
     return spans.count() == 0
         || (kept.least == byHand.least && kept.greatest == byHand.greatest
             && kept.allFinite == byHand.allFinite);

@@ -14,7 +14,7 @@
 #include "corvale_qt/scope/ScopeMarkers_p.h"
 #include "corvale_qt/scope/ScopeModel_p.h"
 #include "corvale_qt/scope/ScopeTimeAxis_p.h"
-#include "corvale_qt/scope/StripStart_p.h"
+#include "corvale_qt/scope/StripWindow_p.h"
 #include "corvale_qt/scope/SweepProgress_p.h"
 #include "corvale_qt/scope/SweepSamples_p.h"
 #include "corvale_qt/scope/TriggerMarks_p.h"

@@ -2,7 +2,6 @@
 #include "corvale_qt/models/RVXAbstractPlotDataModel.h"
 #include "corvale_qt/models/RVXPlotHistory.h"
 #include "corvale_qt/scope/MarkerLabels_p.h"
-#include "corvale_qt/scope/QuietScrollBar_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
@@ -12,11 +11,85 @@
 #include <qwt_scale_map.h>
 
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
 
 #include <algorithm>
 #include <cmath>
 
 namespace Corvale_Qt {
+
+namespace {
+
+/*! While it exists, a scroll bar asks for no paint. In the end it asks for one if it looks different: a chart that grows by a row
+    changes the range in each frame, and moves the slider by less than a pixel. */
+class QuietScrollBar
+{
+public:
+    explicit QuietScrollBar(QScrollBar &bar);
+    ~QuietScrollBar();
+    Q_DISABLE_COPY(QuietScrollBar)
+
+private:
+    //! What is painted of a scroll bar's range and value.
+    struct Picture
+    {
+        QRect slider;
+        bool isAtStart;
+        bool isAtEnd;
+
+        bool operator==(const Picture &other) const;
+    };
+    Picture picture() const;
+
+    QScrollBar &m_bar;
+    const Picture m_before;
+    const bool m_wasQuiet;
+};
+
+bool QuietScrollBar::Picture::operator==(const Picture &other) const
+{
+    return slider == other.slider && isAtStart == other.isAtStart && isAtEnd == other.isAtEnd;
+}
+
+QuietScrollBar::QuietScrollBar(QScrollBar &bar)
+    : m_bar(bar)
+    , m_before(picture())
+    , m_wasQuiet(bar.testAttribute(Qt::WA_UpdatesDisabled))
+{
+    bar.setAttribute(
+        Qt::WA_UpdatesDisabled); // setUpdatesEnabled() would ask for a paint in the end
+}
+
+QuietScrollBar::~QuietScrollBar()
+{
+    m_bar.setAttribute(Qt::WA_UpdatesDisabled, m_wasQuiet);
+    if (!(picture() == m_before))
+        m_bar.update();
+}
+
+QuietScrollBar::Picture QuietScrollBar::picture() const
+{
+    QStyleOptionSlider option;
+    option.initFrom(&m_bar);
+    option.orientation = m_bar.orientation();
+    if (option.orientation == Qt::Horizontal)
+        option.state |= QStyle::State_Horizontal;
+    option.minimum = m_bar.minimum();
+    option.maximum = m_bar.maximum();
+    option.sliderPosition = m_bar.sliderPosition();
+    option.sliderValue = m_bar.value();
+    option.singleStep = m_bar.singleStep();
+    option.pageStep = m_bar.pageStep();
+    option.upsideDown = m_bar.invertedAppearance();
+    const QRect slider = m_bar.style()->subControlRect(QStyle::CC_ScrollBar,
+                                                       &option,
+                                                       QStyle::SC_ScrollBarSlider,
+                                                       &m_bar);
+    return {slider, m_bar.value() == m_bar.minimum(), m_bar.value() == m_bar.maximum()};
+}
+
+} // namespace
 
 void StripPlotMode::enter()
 {

@@ -4,7 +4,6 @@
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "tests/support/CellCharges.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/detector/DetectorFile.h"
 #include "corvale_qt/detector/DetectorLines.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 using Axis = DetectorLayout::Axis;
@@ -128,11 +126,10 @@ private Q_SLOTS:
     void mistakesAreToldWithLineAndKey()
     {
         QFETCH(QByteArray, from);
-        QFETCH(QByteArray, to);
         QByteArray json = kHarp;
         const int at = json.indexOf(from);
         QVERIFY(at >= 0);
-        json.replace(at, from.size(), to);
+        json.replace(at, from.size(), cell<QByteArray>("to"));
         DetectorFault fault;
         QVERIFY(detectorFromJson(json, &fault).isEmpty());
         QTEST(fault.message(), "message");

@@ -2,7 +2,6 @@
 #include "corvale_qt/detector/DetectorLayout.h"
 #include "tests/beam/profile/PixelWiring.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 using Axis = DetectorLayout::Axis;
@@ -118,9 +117,8 @@ private Q_SLOTS:
     }
     void places()
     {
-        QFETCH(QString, script);
         DetectorDescription description = strips({});
-        change(description, script);
+        change(description, cell("script"));
         DetectorFault fault;
         const DetectorLayout layout = DetectorLayout::fromDescription(description, &fault);
         QCOMPARE(fault.message(), QString());
@@ -170,9 +168,8 @@ private Q_SLOTS:
     }
     void mistakesAreToldWithTheirPlace()
     {
-        QFETCH(QString, script);
         DetectorDescription description = strips(DetectorAxis::at({0, 1, 3}, mm));
-        change(description, script);
+        change(description, cell("script"));
         DetectorFault fault;
         QVERIFY(DetectorLayout::fromDescription(description, &fault).isEmpty());
         QTEST(fault.message(), "message");

@@ -6,8 +6,6 @@
 #include "tests/proxies/Averages.h"
 #include "tests/proxies/ProxyTest.h"
 
-#include <functional>
-
 using namespace Corvale_Qt;
 using Model = QAbstractItemModel;
 
@@ -495,9 +493,8 @@ private Q_SLOTS:
     }
     void anythingToAnyHeap()
     {
-        QFETCH(int, seed);
         const int wanted = qEnvironmentVariableIntValue("CORVALE_QT_TEST_STEPS");
-        Heap heap(seed);
+        Heap heap(cell<int>("seed"));
         for (int i = 0; i < (wanted > 0 ? wanted : usualSteps); ++i) {
             heap.step();
             const QString fault = heap.fault();

@@ -3,7 +3,6 @@
 // something in them, are those that Qt Designer previews. A last one has each fault that the others must not have.
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "designer/WidgetTable.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <map>
@@ -370,24 +369,18 @@ private Q_SLOTS:
     void deletedInsideItsSignals_data() { everyWidget(); }
     void deletedInsideItsSignals()
     {
-        QFETCH(int, number);
-        const WidgetDescription &description = widgetTable()[std::size_t(number)];
+        const WidgetDescription &description = widgetTable()[std::size_t(cell<int>("number"))];
         const int count = deleteInsideSignals(description);
         qInfo("%s: deleted inside %d signals", description.className, count);
     }
 
     void anySize_data() { everyWidget(); }
-    void anySize()
-    {
-        QFETCH(int, number);
-        giveAnySize(widgetTable()[std::size_t(number)]);
-    }
+    void anySize() { giveAnySize(widgetTable()[std::size_t(cell<int>("number"))]); }
 
     void modelDeletedBeforeAPaint_data() { everyWidget(); }
     void modelDeletedBeforeAPaint()
     {
-        QFETCH(int, number);
-        deleteModelsBeforeAPaint(widgetTable()[std::size_t(number)]);
+        deleteModelsBeforeAPaint(widgetTable()[std::size_t(cell<int>("number"))]);
     }
 
     void plantedFaultsAreFound()

@@ -7,7 +7,6 @@
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/support/ModelWatch.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -215,11 +214,10 @@ private Q_SLOTS:
     void blocksAreTheRows()
     {
         QFETCH(int, channels);
-        QFETCH(int, capacity);
         QFETCH(int, largest);
         QFETCH(bool, disturbed);
         // So little memory that the lower levels lose their oldest blocks.
-        Acquisition all(channels, capacity, 1);
+        Acquisition all(channels, cell<int>("capacity"), 1);
         std::mt19937 random(3);
         while (all.times.size() < 20000) {
             all.append(1 + int(random() % unsigned(largest)), disturbed);
@@ -271,18 +269,16 @@ private Q_SLOTS:
     }
     void takenReadingsComeBackBeforeLaterOnes()
     {
-        QFETCH(int, before);
-        QFETCH(int, since);
         QFETCH(int, blocks);
         QFETCH(double, span);
         Acquisition some(2, 100, HistoryPyramid::mostBytes(blocks, 2));
         some.model.setHistorySpan(span);
         ModelWatch watch(&some.model);
-        some.append(before, true);
+        some.append(cell<int>("before"), true);
         const auto taken = some.take();
         QCOMPARE(some.model.rowCount(), 1);
         QVERIFY(std::isnan(some.history().oldest()));
-        some.append(since, true);
+        some.append(cell<int>("since"), true);
         some.putBefore(taken);
         QCOMPARE(some.model.rowCount(), 101);
         const bool isAllKept = blocks == 2000 && span == 1e9;

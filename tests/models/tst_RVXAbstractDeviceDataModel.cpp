@@ -11,7 +11,6 @@ static_assert(std::has_virtual_destructor_v<QwtSeriesData<QPointF>>);
 #include "tests/support/ModelLog.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -153,12 +152,11 @@ private Q_SLOTS:
     }
     void setDataRefuses()
     {
-        QFETCH(int, row);
         QFETCH(int, column);
         QFETCH(int, role);
         TableModel model(3, 2);
         ModelLog log(&model);
-        QVERIFY(!model.setData(model.index(row, column), Qt::Unchecked, role));
+        QVERIFY(!model.setData(model.index(cell<int>("row"), column), Qt::Unchecked, role));
         QCOMPARE(log.take(), QString());
     }
 

@@ -11,7 +11,6 @@
 #include "tests/support/ModelText.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/RowAccount.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TableMirror.h"
 #include "tests/support/TestMain.h"
 
@@ -232,10 +231,8 @@ private Q_SLOTS:
     }
     void anyHistory()
     {
-        QFETCH(int, channels);
-        QFETCH(int, capacity);
-        RVXMultichannelDeviceModel model(channels);
-        History history(&model, capacity);
+        RVXMultichannelDeviceModel model(cell<int>("channels"));
+        History history(&model, cell<int>("capacity"));
         RVXAveragingProxyModel averaging;
         RVXZeroingProxyModel top;
         averaging.setSourceModel(&model);
@@ -271,12 +268,11 @@ private Q_SLOTS:
     }
     void announcements()
     {
-        QFETCH(bool, autoUpdate);
         QFETCH(int, rows);
         RVXMultichannelDeviceModel model(1);
         model.setCapacity(4);
         model.appendRows({1, 2}, {10, 20});
-        model.setAutoUpdate(autoUpdate);
+        model.setAutoUpdate(cell<bool>("autoUpdate"));
         ModelLog log(&model);
         QVector<double> times;
         for (int i = 0; i < rows; ++i)

@@ -6,7 +6,6 @@
 #include "corvale_qt/units/Units.h"
 #include "tests/support/SeriesBounds.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <cstring>
 
@@ -212,10 +211,9 @@ private Q_SLOTS:
     }
     void boundsFromMemory()
     {
-        QFETCH(double, factor);
         QFETCH(int, missing);
         RVXSingleChannelDataModel model;
-        const Units::MeasurementUnit unit(factor, "unit", 1.0);
+        const Units::MeasurementUnit unit(cell<double>("factor"), "unit", 1.0);
         model.SetUnits(&unit);
         for (int i = 1; i <= 2000; ++i)
             model.AddData(i, i == missing ? -inf : 3.0 + 20.0 * std::sin(1.7 * i));

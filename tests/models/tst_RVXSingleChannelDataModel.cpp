@@ -6,7 +6,6 @@
 #include "tests/support/ModelText.h"
 #include "tests/support/ModelWatch.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -88,9 +87,8 @@ private Q_SLOTS:
                 time += step.toInt();
             }
         };
-        QFETCH(QString, before);
         QFETCH(QString, steps);
-        act(before);
+        act(cell("before"));
         ModelLog log(&model);
         act(steps);
         QTEST(log.take(), "announced");

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/numerics/ChannelLimits.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <vector>
@@ -134,9 +133,7 @@ private Q_SLOTS:
     }
     void statesFollowTheReadings()
     {
-        QFETCH(ChannelLimits, limits);
-        QFETCH(QVector<double>, readings);
-        QTEST(statesOf(limits, readings), "states");
+        QTEST(statesOf(cell<ChannelLimits>("limits"), cell<QVector<double>>("readings")), "states");
     }
 
     void statesAreThoseOfTheDefinition()

@@ -5,7 +5,6 @@
 #include "corvale_qt/numerics/ProfileEstimators.h"
 #include "tests/support/CellCharges.h"
 #include "tests/support/Profiles.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -232,7 +231,6 @@ private Q_SLOTS:
         QFETCH(int, strips);
         QFETCH(double, sigma);
         QFETCH(double, noise);
-        QFETCH(double, near);
         constexpr int trials = 100;
         int found = 0, right = 0;
         for (int trial = 0; trial < trials; ++trial) {
@@ -243,7 +241,7 @@ private Q_SLOTS:
             right += width.isOk() && std::abs(width.sigma.value / sigma - 1) < 0.2;
         }
         QVERIFY2(found > 0.98 * trials, qPrintable(QString::number(found)));
-        QVERIFY2(right > near * trials, qPrintable(QString::number(right)));
+        QVERIFY2(right > cell<double>("near") * trials, qPrintable(QString::number(right)));
     }
 
     void withoutKnownNoiseOnlyTheFitHasAnError()

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The numbers of a profile, through the headers and the library that hosts get.
 #include "tests/support/Profiles.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/Peak>
 #include <corvale_qt/PixelMoments>

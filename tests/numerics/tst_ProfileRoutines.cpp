@@ -10,7 +10,6 @@
 #include "tests/beam/profile/Frames.h"
 #include "tests/support/Profiles.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 

@@ -7,9 +7,7 @@
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/units/Units.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
@@ -191,13 +189,12 @@ private Q_SLOTS:
     {
         QFETCH(int, samples);
         QFETCH(double, amplitude);
-        QFETCH(int, gapEvery);
         QFETCH(double, gap);
         QFETCH(double, jitter);
         QFETCH(int, skipped);
         QFETCH(int, jumpEvery);
         RVXSingleChannelDataModel model;
-        feed(model, {samples, amplitude, gapEvery, gap, jitter, skipped, jumpEvery});
+        feed(model, {samples, amplitude, cell<int>("gapEvery"), gap, jitter, skipped, jumpEvery});
         const int last = model.rowCount() - 1;
         const RVXSeriesData series(model, 1, 1, -1);
         RVXDiscontinuousPlotCurve curve;
@@ -230,10 +227,8 @@ private Q_SLOTS:
     void linesBreakWhereTold()
     {
         QFETCH(int, samples);
-        QFETCH(int, gapEvery);
-        QFETCH(double, jitter);
         RVXSingleChannelDataModel model;
-        feed(model, {samples, 1.0, gapEvery, notANumber, jitter});
+        feed(model, {samples, 1.0, cell<int>("gapEvery"), notANumber, cell<double>("jitter")});
         // The series begins in the middle of the buffer; some breaks follow each other, one is at its end.
         const RVXSeriesData series(model, 1, 11, -1);
         const int count = int(series.size());

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>

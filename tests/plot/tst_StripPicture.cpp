@@ -13,11 +13,6 @@
 
 #include <qwt_plot.h>
 
-#include <QPainter>
-#include <QScopedValueRollback>
-
-#include <random>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -247,8 +242,7 @@ private Q_SLOTS:
     }
     void isThatOfAFrameDrawnAfresh()
     {
-        QFETCH(unsigned, seed);
-        Chart chart(seed);
+        Chart chart(cell<unsigned>("seed"));
         CurveLayer kept;
         chart.append(4000);
         chart.follow();

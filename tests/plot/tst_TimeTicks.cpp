@@ -2,7 +2,6 @@
 #include "corvale_qt/plot/TimeTicks_p.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -78,15 +77,12 @@ private Q_SLOTS:
     }
     void ticksOfAClock()
     {
-        QFETCH(QString, begin);
         QFETCH(double, span);
-        QFETCH(QString, zone);
-        QFETCH(QString, labels);
         QFETCH(QString, unit);
-        const double left = utc(begin).toMSecsSinceEpoch() / 1000.0;
+        const double left = utc(cell("begin")).toMSecsSinceEpoch() / 1000.0;
         const double pixels = span == 20.0 ? 1200.0 : 800.0;
-        const TimeTicks ticks = clock(left, left + span, zone.toLatin1(), pixels);
-        QCOMPARE(shown(ticks), labels);
+        const TimeTicks ticks = clock(left, left + span, cell("zone").toLatin1(), pixels);
+        QCOMPARE(shown(ticks), cell("labels"));
         QCOMPARE(ticks.unit, unit);
     }
 
@@ -185,12 +181,11 @@ private Q_SLOTS:
     {
         QFETCH(double, left);
         QFETCH(double, right);
-        QFETCH(QString, labels);
         QFETCH(QString, unit);
         TimeScale scale;
         scale.origin = -scale.toMoment(4e9); // now
         const TimeTicks ticks = durationTicks({4e9 + left, 4e9 + right, 800.0}, scale, textWidth);
-        QCOMPARE(shown(ticks), labels);
+        QCOMPARE(shown(ticks), cell("labels"));
         QCOMPARE(ticks.unit, unit);
     }
 

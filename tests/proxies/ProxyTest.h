@@ -15,8 +15,5 @@
 #include "tests/support/RowAccount.h"
 #include "tests/support/TableMirror.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
-#include <memory>
 #include <optional>
-#include <random>

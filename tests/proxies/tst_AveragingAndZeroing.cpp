@@ -89,7 +89,6 @@ private Q_SLOTS:
     //! The oldest row has been dropped, so that only averages that are not computed again know of it.
     void rowsThatChange()
     {
-        QFETCH(QString, script);
         BufferModel source(2);
         for (const double value : {4, 8, 8, 16})
             source.append(value, value);
@@ -100,7 +99,7 @@ private Q_SLOTS:
         const ModelWatch watch(&proxy);
         const TableMirror<RVXAveragingProxyModel> mirror(&proxy);
         ModelLog log(&proxy);
-        source.act(script);
+        source.act(cell("script"));
         QTEST(log.take(), "announced");
         QTEST(rowsText(proxy), "rows");
         QCOMPARE(mirror.error(), QString());
@@ -420,7 +419,6 @@ private Q_SLOTS:
     //! A change that ends the zeros changes every number, so a reset follows the change.
     void channelsComeAndGo()
     {
-        QFETCH(QString, script);
         QFETCH(QString, rows);
         BufferModel other(2), source(2);
         source.append(1, 4);
@@ -435,7 +433,7 @@ private Q_SLOTS:
         });
         other.insertChannelInFront(1);
         QVERIFY(proxy.isZeroed());
-        source.act(script);
+        source.act(cell("script"));
         QCOMPARE(rowsText(proxy) + (proxy.isZeroed() ? "" : ", ended"), rows);
         QCOMPARE(atLastReset, proxy.isZeroed() ? QString() : rows);
 

@@ -2,7 +2,6 @@
 // Channels that RVXMultichannelProxyModel creates by name, through factories and drops, and the names that it shows.
 #include "corvale_qt/proxies/SingleChannelModelFactory.h"
 #include "tests/proxies/ProxyTest.h"
-#include "tests/support/Rows.h"
 
 #include <QDataStream>
 #include <QDragEnterEvent>
@@ -212,7 +211,6 @@ private Q_SLOTS:
     }
     void hostilePayloads()
     {
-        QFETCH(QByteArray, payload);
         RVXMultichannelProxyModel proxy;
         static int lines = 0;
         lines = 0;
@@ -220,7 +218,7 @@ private Q_SLOTS:
             qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
                 ++lines;
             });
-        const bool taken = drop(proxy, listType, payload);
+        const bool taken = drop(proxy, listType, cell<QByteArray>("payload"));
         qInstallMessageHandler(previous);
         QVERIFY(taken);
         QTEST(proxy.columnCount() - 1, "channels");

@@ -5,7 +5,6 @@
 #include "corvale_qt/proxies/RVXComputedChannelsProxyModel.h"
 #include "tests/proxies/Averages.h"
 #include "tests/proxies/Merged.h"
-#include "tests/support/TextTable.h"
 
 #include <cmath>
 #include <cstring>
@@ -136,10 +135,8 @@ private Q_SLOTS:
     }
     void expressions()
     {
-        QFETCH(QString, expression);
-        QFETCH(QString, result);
-        const QString found = computedText(expression, {3.0, 2.0, 10.0, std::nan("")});
-        QVERIFY2(found.startsWith(result), qPrintable(found));
+        const QString found = computedText(cell("expression"), {3.0, 2.0, 10.0, std::nan("")});
+        QVERIFY2(found.startsWith(cell("result")), qPrintable(found));
     }
 
     void textsOfChannels()

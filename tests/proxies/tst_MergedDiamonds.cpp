@@ -303,9 +303,8 @@ private Q_SLOTS:
     }
     void anythingInAnyOrder()
     {
-        QFETCH(int, seed);
         const int wanted = qEnvironmentVariableIntValue("CORVALE_QT_TEST_STEPS");
-        Scene scene(seed);
+        Scene scene(cell<int>("seed"));
         for (int i = 0; i < (wanted > 0 ? wanted : 1500); ++i) {
             scene.step();
             const QString difference = scene.difference();

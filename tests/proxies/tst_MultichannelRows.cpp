@@ -83,10 +83,7 @@ private Q_SLOTS:
     }
     void announcements()
     {
-        QFETCH(int, capacity);
-        QFETCH(QString, before);
-        QFETCH(QString, change);
-        Merged m(1, 1, capacity);
+        Merged m(1, 1, cell<int>("capacity"));
         RVXAveragingProxyModel averaging;
         averaging.setSourceModel(&m.proxy);
         averaging.setAveraging(length);
@@ -95,8 +92,8 @@ private Q_SLOTS:
         std::optional<ModelWatch> watch;
         if (QByteArray(QTest::currentDataTag()) != "a whole buffer replaced, nested")
             watch.emplace(&m.proxy);
-        m.announced(before);
-        QTEST(m.announced(change), "announced");
+        m.announced(cell("before"));
+        QTEST(m.announced(cell("change")), "announced");
         QCOMPARE(account.error(), QString());
     }
 

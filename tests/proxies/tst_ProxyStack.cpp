@@ -5,8 +5,6 @@
 #include "tests/proxies/ProxyTest.h"
 #include "tests/support/SeriesBounds.h"
 
-#include <limits>
-
 using namespace Corvale_Qt;
 
 namespace {
@@ -268,8 +266,7 @@ private Q_SLOTS:
     }
     void anyHistory()
     {
-        QFETCH(int, channels);
-        History history(channels);
+        History history(cell<int>("channels"));
         for (int act = 0; act < 4000; ++act) {
             const QString error = history.next();
             if (!error.isEmpty())

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "tests/proxies/ProxyTest.h"
-#include "tests/support/Rows.h"
 
 #include <QBrush>
 #include <QIdentityProxyModel>
 #include <QMimeData>
-#include <QStandardItemModel>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -363,18 +361,15 @@ private Q_SLOTS:
     }
     void namesAreReadable()
     {
-        QFETCH(QString, background);
-        QFETCH(QString, foreground);
         const auto brush = [](const QString &color) {
             return color.isEmpty() ? QVariant() : QBrush(QColor(color));
         };
         QStandardItemModel source(2, 2);
-        source.setData(source.index(0, 1), brush(background), Qt::BackgroundRole);
-        source.setData(source.index(0, 1), brush(foreground), Qt::ForegroundRole);
+        source.setData(source.index(0, 1), brush(cell("background")), Qt::BackgroundRole);
+        source.setData(source.index(0, 1), brush(cell("foreground")), Qt::ForegroundRole);
         const Latest proxy(&source);
         const auto shown = proxy.index(0, 0).data(Qt::ForegroundRole).value<QBrush>();
-        QFETCH(QString, expected);
-        QCOMPARE(shown.color(), QColor(expected));
+        QCOMPARE(shown.color(), QColor(cell("expected")));
     }
 
     void connectionsOfAHostStay()
@@ -440,7 +435,6 @@ private Q_SLOTS:
     void roundingErrorsAreNoNoise()
     {
         QFETCH(double, step);
-        QFETCH(double, zero);
         RVXMultichannelDeviceModel model(1);
         const Units::A ampere;
         model.SetUnits(&ampere);
@@ -448,7 +442,7 @@ private Q_SLOTS:
             model.appendRows({double(i)}, {step * i});
         RVXZeroingProxyModel zeroed;
         zeroed.setSourceModel(&model);
-        zeroed.setZeros({zero});
+        zeroed.setZeros({cell<double>("zero")});
         Latest table(&zeroed);
         table.setSiPrefix(true);
         QTEST(table.index(0, 1).data().toString(), "text");

@@ -5,8 +5,6 @@
 #include "tests/support/Files.h"
 
 #include <QBrush>
-#include <QStandardItemModel>
-#include <QTemporaryDir>
 
 #include <utility>
 

@@ -4,9 +4,7 @@
 
 #include <QItemSelectionModel>
 #include <QMimeData>
-#include <QStandardItemModel>
 
-#include <functional>
 #include <utility>
 
 using namespace Corvale_Qt;
@@ -131,7 +129,6 @@ private Q_SLOTS:
     }
     void everySignalIsPassedOn()
     {
-        QFETCH(QString, script);
         BufferModel source(2, 4);
         for (int i = 1; i <= 3; ++i)
             source.append(i, 10.0 * i);
@@ -145,7 +142,7 @@ private Q_SLOTS:
             watch.emplace(&onTop);
         ModelLog log(&source);
         ModelLog proxyLog(&onTop);
-        source.act(script);
+        source.act(cell("script"));
         const QString announced = log.take();
         QVERIFY(!announced.isEmpty());
         QCOMPARE(proxyLog.take(), announced);

@@ -12,9 +12,7 @@
 #include "corvale_qt/units/Units.h"
 #include "corvale_qt/widgets/RVXLogBrowser.h"
 #include "tests/support/Contrast.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <QSvgRenderer>
 
@@ -214,7 +212,7 @@ private Q_SLOTS:
     }
     void catalogsAreComplete()
     {
-        QFETCH(QString, path);
+        const QString path = cell("path");
         const QVector<CatalogEntry> entries = entriesOf(path);
         QVERIFY(entries.size() > (path.endsWith("_en.ts") ? 15 : 300));
         QStringList faults;
@@ -249,8 +247,7 @@ private Q_SLOTS:
     }
     void personsHaveTheirLanguage()
     {
-        QFETCH(QString, locale);
-        QTEST(Corvale_Qt::translationLanguage(QLocale(locale)), "language");
+        QTEST(Corvale_Qt::translationLanguage(QLocale(cell("locale"))), "language");
     }
 
     //! A number has its form in English too, where no translation is installed.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "tests/scope/ScopeTestView.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -75,12 +74,10 @@ private Q_SLOTS:
     //! The frame of the selected label must be complete and must not cover the other label.
     void labelsCanBeRead()
     {
-        QFETCH(double, first);
-        QFETCH(double, second);
         ModelView view(1, 300);
         view.useMarkers();
-        view.SelectPoint1(QPointF(first, 1.0));
-        view.SelectPoint2(QPointF(second, 1.0));
+        view.SelectPoint1(QPointF(cell<double>("first"), 1.0));
+        view.SelectPoint2(QPointF(cell<double>("second"), 1.0));
         const QRectF frame = frameIn(view.canvas());
         const QSizeF size = view.plotMarker(1)->label().textSize();
         QVERIFY(qAbs(frame.width() - size.width()) <= 2.0);

@@ -6,7 +6,6 @@
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/scope/TimeGaps_p.h"
 #include "tests/scope/ScopeTestView.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -179,8 +178,7 @@ private Q_SLOTS:
     }
     void gapsAreLongerThanUsualIntervals()
     {
-        QFETCH(QVector<double>, times);
-        QTEST(gapsAt(times), "before");
+        QTEST(gapsAt(cell<QVector<double>>("times")), "before");
     }
 
     //! However the rows came and whatever has left the model, the rows that are judged for good are the same.

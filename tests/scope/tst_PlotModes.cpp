@@ -9,9 +9,7 @@
 #include "corvale_qt/scope/SweepPlotMode_p.h"
 #include "corvale_qt/scope/ViewHold_p.h"
 #include "tests/scope/ScopeTestModel.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <qwt_plot.h>
 
@@ -182,8 +180,7 @@ private Q_SLOTS:
     void channelsFollowTheirNames()
     {
         QFETCH(QString, old);
-        QFETCH(QString, now);
-        const ChannelMoves moves = movesOfNames(old.split(' '), now.split(' '));
+        const ChannelMoves moves = movesOfNames(old.split(' '), cell("now").split(' '));
         QStringList places;
         for (int channel = 1; moves && channel <= old.split(' ').size(); ++channel)
             places << QString::number(moves(channel));

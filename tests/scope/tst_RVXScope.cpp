@@ -8,7 +8,6 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <qwt_scale_widget.h>
 
@@ -407,20 +406,17 @@ private Q_SLOTS:
     }
     void aLowChartKeepsItsTimeAxis()
     {
-        QFETCH(int, mode);
-        QFETCH(bool, controls);
-        QFETCH(bool, legend);
         QWidget host; // that takes no room for itself
         auto &panel =
             *new DevicePanel(4, {{1, {5, 6, 7, 8}}, {2, {6, 7, 8, 9}}, {3, {6, 7, 8, 9}}});
-        panel.SetPlotMode(RVXScope::PlotMode(mode));
-        panel.setControlsVisible(controls);
+        panel.SetPlotMode(RVXScope::PlotMode(cell<int>("mode")));
+        panel.setControlsVisible(cell<bool>("controls"));
         panel.setTimeOrigin(QDateTime(QDate(2026, 11, 22), QTime(), Qt::UTC));
         panel.setTimeAxis(RVXScope::Utc);
         (new QVBoxLayout(&host))->addWidget(&panel);
         host.show();
         panel.grab();
-        panel.plotView()->setLegendVisible(legend); // while it is on the screen
+        panel.plotView()->setLegendVisible(cell<bool>("legend")); // while it is on the screen
         for (int i = 0; i < 6; ++i) {
             host.resize(700, 1);
             panel.grab();

@@ -15,19 +15,11 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <qwt_plot_curve.h>
 #include <qwt_scale_widget.h>
-
-#include <QPainter>
-
-#include <algorithm>
-#include <cmath>
-#include <memory>
 
 using namespace Corvale_Qt;
 
@@ -182,9 +174,6 @@ private Q_SLOTS:
     }
     void axesHaveRoomForTheirTexts()
     {
-        QFETCH(bool, prefix);
-        QFETCH(int, timeAxis);
-        QFETCH(int, mode);
         const Units::V volt;
         ScopeTestModel model(2);
         model.ownUnits = {{2, &volt}};
@@ -192,10 +181,10 @@ private Q_SLOTS:
         view.resize(500, 300);
         view.setSecondAxis(true);
         view.setHysteresis(true);
-        view.setSiPrefix(prefix);
-        view.setTimeAxis(RVXScopePlotView::TimeAxis(timeAxis));
+        view.setSiPrefix(cell<bool>("prefix"));
+        view.setTimeAxis(RVXScopePlotView::TimeAxis(cell<int>("timeAxis")));
         view.setSampleSpan(4);
-        view.SetPlotMode(mode);
+        view.SetPlotMode(cell<int>("mode"));
         double interval = 0.01;
         for (const double size : {5.0, 0.9, 0.085, 123456.7, -2e-7, 0.0, 99.5, 1.00001, 3e9}) {
             for (const int pictures : {1, 60}) { // the axis shrinks after a while

@@ -10,9 +10,7 @@
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/BufferModel.h"
 #include "tests/support/ModelWatch.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -138,7 +136,6 @@ private Q_SLOTS:
     }
     void settingsFollowTheirChannels()
     {
-        QFETCH(QString, script);
         BufferModel model(3);
         model.act("append 1 5 8; check 1 0");
         ScopeTestView view(&model);
@@ -154,7 +151,7 @@ private Q_SLOTS:
         view.click(Qt::LeftButton, 4.0, 9.0); // 5 + 3 + 1 is the reading of channel 2
         QCOMPARE(view.markerStatistics().first.channel, 2);
         QSignalSpy limitsChanged(&view, &View::channelLimitsChanged);
-        model.act(script);
+        model.act(cell("script"));
         view.settle();
 
         QStringList found;
@@ -228,13 +225,12 @@ private Q_SLOTS:
     void yScales()
     {
         QFETCH(int, mode);
-        QFETCH(bool, positiveOnly);
         ModelView view(1);
         view.model.appendRows(10, 1.0, [](int, double time) {
             return time > 4 ? 4.0 : 0.0;
         });
         view.SetRange(-20.0, 50.0);
-        view.SetPositiveOnly(positiveOnly);
+        view.SetPositiveOnly(cell<bool>("positiveOnly"));
         view.SetYScaleMode(mode);
         QTEST(view.yText(), "axis");
         QCOMPARE(int(view.yScaleMode()), mode);
@@ -470,11 +466,10 @@ private Q_SLOTS:
     }
     void unusedKeysAreLeftToTheWindow()
     {
-        QFETCH(int, key);
         QFETCH(QString, text);
         ModelView view(1, 1000);
         view.enablePlotMarker(true);
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QKeyEvent event(QEvent::KeyPress, cell<int>("key"), Qt::NoModifier, text);
         QCoreApplication::sendEvent(&view, &event);
         view.keyboardSearch(text);
         QVERIFY(!event.isAccepted());

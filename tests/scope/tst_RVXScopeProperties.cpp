@@ -2,9 +2,7 @@
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "tests/scope/PanelDevice.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <vector>
 
@@ -249,12 +247,10 @@ private Q_SLOTS:
     }
     void refusedValues()
     {
-        QFETCH(QString, property);
-        QFETCH(QVariant, value);
         DevicePanel panel(1, {{1, {5}}});
         const QString before = allProperties(panel);
         ChangeLog heard(panel);
-        panel.setProperty(property.toLatin1(), value);
+        panel.setProperty(cell("property").toLatin1(), cell<QVariant>("value"));
         QCOMPARE(heard.taken(), QString());
         QCOMPARE(allProperties(panel), before);
     }
@@ -423,8 +419,6 @@ private Q_SLOTS:
     }
     void spansOverrideTheModel()
     {
-        QFETCH(double, timeSpan);
-        QFETCH(int, sampleSpan);
         RVXMultichannelDeviceModel model; // which asks for 256 samples in a sweep
         model.setPlotWidthHint(50.0);
         for (int i = 1; i <= 1000; ++i)
@@ -432,8 +426,8 @@ private Q_SLOTS:
         Panel panel;
         panel.setModel(&model);
         panel.show();
-        panel.setTimeSpan(timeSpan);
-        panel.setSampleSpan(sampleSpan);
+        panel.setTimeSpan(cell<double>("timeSpan"));
+        panel.setSampleSpan(cell<int>("sampleSpan"));
         const auto x = [&] {
             const QwtInterval range = panel.plot()->axisInterval(QwtPlot::xBottom);
             return QString("%1..%2")
@@ -554,12 +548,11 @@ private Q_SLOTS:
     }
     void hostileStates()
     {
-        QFETCH(QByteArray, state);
         RVXScope panel;
         panel.setAveraging(10);
         const QString before = allProperties(panel);
         ChangeLog heard(panel);
-        QVERIFY(!panel.restoreState(state));
+        QVERIFY(!panel.restoreState(cell<QByteArray>("state")));
         QCOMPARE(allProperties(panel), before);
         QCOMPARE(heard.taken(), QString());
     }

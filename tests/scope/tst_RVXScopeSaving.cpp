@@ -4,7 +4,6 @@
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/FileDialogAnswer.h"
 #include "tests/scope/PanelDevice.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -196,17 +195,13 @@ private Q_SLOTS:
 
     void yRanges()
     {
-        QFETCH(int, list);
-        QFETCH(QString, choice);
-        QFETCH(QString, scale);
-        QFETCH(QString, positiveScale);
         Panel panel;
         panel.show();
-        panel.SetYScaleMode(list);
-        panel.choose("scaleYCombo", choice);
-        QCOMPARE(panel.yScale(), scale);
+        panel.SetYScaleMode(cell<int>("list"));
+        panel.choose("scaleYCombo", cell("choice"));
+        QCOMPARE(panel.yScale(), cell("scale"));
         panel.click("positiveOnlyButton");
-        QCOMPARE(panel.yScale(), positiveScale);
+        QCOMPARE(panel.yScale(), cell("positiveScale"));
         panel.choose("scaleYCombo", "Auto");
         QVERIFY(panel.yScale().startsWith("auto"));
     }
@@ -300,13 +295,12 @@ private Q_SLOTS:
     //! A unit that is announced below the proxies of the panel stands at the axis at once, with readings or without.
     void theAxisFollowsTheUnit()
     {
-        QFETCH(int, mode);
         QFETCH(int, samples);
         const Corvale_Qt::Units::nA nanoampere;
         const Corvale_Qt::Units::V volt;
         DevicePanel panel;
         panel.device.SetUnits(&nanoampere);
-        panel.SetPlotMode(Corvale_Qt::RVXScope::PlotMode(mode));
+        panel.SetPlotMode(Corvale_Qt::RVXScope::PlotMode(cell<int>("mode")));
         for (int i = 1; i <= samples; ++i)
             panel.device.append(i, 1e-9 * i);
         const auto title = [&panel] {

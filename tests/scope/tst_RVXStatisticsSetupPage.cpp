@@ -4,7 +4,6 @@
 #include "tests/scope/StatisticsPage.h"
 #include "tests/support/BracketTranslator.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -439,14 +438,12 @@ private Q_SLOTS:
     }
     void placeOfTheFile()
     {
-        QFETCH(QString, given);
         QFETCH(bool, useIdentity);
         QFETCH(bool, useXmlFormat);
-        QFETCH(QString, file);
         RVXStatisticsSetupPage page;
-        page.setApplicationSettings(QFileInfo(path(given)), useIdentity, useXmlFormat);
+        page.setApplicationSettings(QFileInfo(path(cell("given"))), useIdentity, useXmlFormat);
         toggleGroup(page, "CoGCBox");
-        const QByteArray contents = fileContents(path(file));
+        const QByteArray contents = fileContents(path(cell("file")));
         QVERIFY2(contents.contains("center-of-gravity-noise-threshold"), contents);
         QCOMPARE(contents.startsWith("<?xml"), useXmlFormat);
     }

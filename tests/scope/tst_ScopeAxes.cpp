@@ -11,7 +11,6 @@
 #include "tests/support/AxisTexts.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_scale_widget.h>
@@ -130,19 +129,17 @@ private Q_SLOTS:
     }
     void ticksCanBeToldApart()
     {
-        QFETCH(double, offset);
         QFETCH(double, amplitude);
-        QFETCH(QString, some);
         const QLocale before;
         QLocale::setDefault(QLocale(QLocale::German));
-        SineView view(offset, amplitude);
+        SineView view(cell<double>("offset"), amplitude);
         QStringList labels = labelsOf(view);
         QLocale::setDefault(before);
         const auto ticks =
             view.qwtPlot()->axisScaleDiv(QwtPlot::yLeft).ticks(QwtScaleDiv::MajorTick);
         for (int i = 0; i < ticks.size(); ++i)
             QVERIFY(qAbs(labels[i].toDouble() - ticks[i]) < 0.01 * amplitude);
-        QVERIFY2(labels.contains(some), qPrintable(labels.join(' ')));
+        QVERIFY2(labels.contains(cell("some")), qPrintable(labels.join(' ')));
         QCOMPARE(labels.removeDuplicates(), 0);
     }
 

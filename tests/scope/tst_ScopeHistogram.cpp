@@ -8,7 +8,6 @@
 #include "tests/scope/HistogramView.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Profiles.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -278,10 +277,9 @@ private Q_SLOTS:
     }
     void ticksStandAboveTheBars()
     {
-        QFETCH(int, width);
         QFETCH(int, channels);
         HistogramView view(channels);
-        view.resize(width, 500);
+        view.resize(cell<int>("width"), 500);
         view.enableHistogramItem(View::CenterOfGravityItem, 1, {}, false);
         // The centre of gravity lies in the middle of the highest bar.
         QVector<double> values(channels, 0.0);
@@ -314,7 +312,6 @@ private Q_SLOTS:
     }
     void labelsStandBesideEachOther()
     {
-        QFETCH(int, type);
         QFETCH(int, peaks);
         HistogramView view(128);
         QVector<double> values;
@@ -326,7 +323,7 @@ private Q_SLOTS:
         std::vector<double> energies(128, 228.57);
         view.toggleMLFC(true);
         view.upload_MLFC_calibration_table(&energies);
-        view.enableHistogramItem(View::HistogramItemTypes(type), peaks, {}, true);
+        view.enableHistogramItem(View::HistogramItemTypes(cell<int>("type")), peaks, {}, true);
         view.model.show(values);
         const auto strips = view.strips();
         QCOMPARE(strips.size(), 1);
@@ -425,10 +422,9 @@ private Q_SLOTS:
     void groupsOfChannels()
     {
         QFETCH(int, channels);
-        QFETCH(int, peaks);
         HistogramView view(channels);
         view.model.show(QVector<double>(channels, 0.0));
-        view.enableHistogramItem(View::GaussabolaItem, peaks, {}, false);
+        view.enableHistogramItem(View::GaussabolaItem, cell<int>("peaks"), {}, false);
         view.settle();
         QStringList groups;
         for (const auto *item : view.histogramItems(View::GaussabolaItem)) {

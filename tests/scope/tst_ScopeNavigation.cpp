@@ -4,7 +4,6 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;

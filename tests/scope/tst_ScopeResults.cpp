@@ -6,7 +6,6 @@
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -167,9 +166,8 @@ private Q_SLOTS:
     //! A pointer to an item stays good, and never gives the fit of an older sample.
     void fitsFollowTheNewestSample()
     {
-        QFETCH(int, mode);
         HeadlessView v;
-        v.view.SetPlotMode(mode);
+        v.view.SetPlotMode(cell<int>("mode"));
         const RVX_StatisticsHistogramItem &fit = v.fit();
         v.model.append({{0.5, 0}, QVector<double>{0.6} + beam(7)});
         QCOMPARE(v.fitText(), QString("2 at 0.6: 7.000"));

@@ -4,9 +4,7 @@
 #include "corvale_qt/scope/SweepProgress_p.h"
 #include "corvale_qt/scope/TriggeredSweeps_p.h"
 #include "tests/scope/ScopeTestModel.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -193,12 +191,10 @@ private Q_SLOTS:
     void sweepsBeginAtTriggers()
     {
         QFETCH(int, length);
-        QFETCH(double, share);
         QFETCH(int, batch);
-        QFETCH(int, capacity);
-        ScopeTestModel model(2, capacity);
+        ScopeTestModel model(2, cell<int>("capacity"));
         TriggeredSweeps cut;
-        SweepTrigger trigger = pulseTrigger(SweepTrigger::Mode::Normal, share);
+        SweepTrigger trigger = pulseTrigger(SweepTrigger::Mode::Normal, cell<double>("share"));
         QFETCH(double, holdOff);
         trigger.holdOff = holdOff;
         cut.set(trigger);
@@ -220,8 +216,7 @@ private Q_SLOTS:
                                  .arg(sweep->rows.last + dropped)
                                  .arg(sweep->origin + dropped));
         }
-        QFETCH(QString, sweeps);
-        QCOMPARE(found.join(' '), sweeps.remove(','));
+        QCOMPARE(found.join(' '), cell("sweeps").remove(','));
         QCOMPARE(cut.state(), TriggerState::Triggered);
     }
 

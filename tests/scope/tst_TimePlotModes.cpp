@@ -5,7 +5,6 @@
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/BracketTranslator.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -275,7 +274,6 @@ private Q_SLOTS:
         QFETCH(int, removed);
         QFETCH(int, added);
         QFETCH(int, atOnce);
-        QFETCH(bool, looksAtTheStrip);
         HundredPoints view(View::ScopeMode, 2, 150);
         const auto wave = [](int channel, double time) {
             return std::sin(time / 7.0) * channel;
@@ -290,7 +288,7 @@ private Q_SLOTS:
             view.model.appendRows(atOnce, 1.0, wave);
             view.settle();
         }
-        if (looksAtTheStrip) {
+        if (cell<bool>("looksAtTheStrip")) {
             view.showMode(View::StripMode);
             view.SetPlotMode(View::ScopeMode);
         }

@@ -2,9 +2,7 @@
 #include "corvale_qt/settings/RVXApplicationSettings.h"
 #include "corvale_qt/settings/XmlSettingsFormat_p.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <array>
 
@@ -140,7 +138,6 @@ private Q_SLOTS:
     }
     void damagedFile()
     {
-        QFETCH(bool, useXmlFormat);
         QFETCH(QByteArray, damaged);
         const QString file = path("my.settings");
         putFile(file, damaged);
@@ -148,7 +145,7 @@ private Q_SLOTS:
 
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression("my\\.settings.*was damaged and is kept as"));
-        RVXApplicationSettings owner(nullptr, file, false, useXmlFormat);
+        RVXApplicationSettings owner(nullptr, file, false, cell<bool>("useXmlFormat"));
         QCOMPARE(fileContents(file + ".damaged"), damaged);
         QCOMPARE(owner.getSettings()->allKeys(), QStringList());
         QCOMPARE(owner.getSettings()->status(), QSettings::NoError);
@@ -307,9 +304,8 @@ private Q_SLOTS:
     }
     void values()
     {
-        QFETCH(QString, value);
         QFETCH(QString, expected);
-        QCOMPARE(readBack(written({{"key", value}, {"zz", "1"}})),
+        QCOMPARE(readBack(written({{"key", cell("value")}, {"zz", "1"}})),
                  expected + (expected.isEmpty() ? "zz=1" : "; zz=1"));
     }
 
@@ -332,9 +328,8 @@ private Q_SLOTS:
     void keys()
     {
         QFETCH(QString, key);
-        QFETCH(QByteArray, element);
         const QByteArray document = written({{key + "/in", "1"}, {"in/" + key, "2"}});
-        QVERIFY2(document.contains("<" + element + ">"), document.constData());
+        QVERIFY2(document.contains("<" + cell<QByteArray>("element") + ">"), document.constData());
         QStringList entries{key + "/in=1", "in/" + key + "=2"};
         entries.sort();
         QCOMPARE(readBack(document), entries.join("; "));
@@ -380,12 +375,7 @@ private Q_SLOTS:
             QTextCodec::codecForName("UTF-16")->fromUnicode("<Settings><a>1</a></Settings>"),
             "a=1");
     }
-    void documents()
-    {
-        QFETCH(QByteArray, document);
-        QFETCH(QString, expected);
-        QCOMPARE(readBack(document), expected);
-    }
+    void documents() { QCOMPARE(readBack(cell<QByteArray>("document")), cell("expected")); }
 
     void limitsOfDocuments_data()
     {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-// Every test has these modules and standard headers at hand, and does not list what it takes from them.
+// Every test has its tables, these modules and these standard headers at hand, and does not list what it takes from them.
+#include "tests/support/Tables.h"
+
 #include <QtTest>
 #include <QtWidgets>
 

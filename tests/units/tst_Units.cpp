@@ -2,9 +2,7 @@
 #include "corvale_qt/units/NumberText_p.h"
 #include "corvale_qt/units/SiPrefix.h"
 #include "corvale_qt/units/Units.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <optional>
 
@@ -212,10 +210,8 @@ private Q_SLOTS:
     }
     void prefixesFollowTheData()
     {
-        QFETCH(QString, unit);
-        QFETCH(QString, numbers);
-        SiPrefix prefix(unit);
-        const QStringList words = numbers.split(' ');
+        SiPrefix prefix(cell("unit"));
+        const QStringList words = cell("numbers").split(' ');
         double value = 0.0;
         for (int i = 0; i < words.size(); ++i) {
             value = words[i].toDouble();
@@ -257,11 +253,10 @@ private Q_SLOTS:
     }
     void numbersAreTyped()
     {
-        QFETCH(QString, typed);
         QFETCH(double, number);
         SiPrefix prefix("A");
         prefix.follow(5e-9);
-        const std::optional<double> parsed = prefix.parse(typed);
+        const std::optional<double> parsed = prefix.parse(cell("typed"));
         QCOMPARE(parsed.has_value(), !std::isnan(number));
         QVERIFY(!parsed || std::abs(*parsed / number - 1.0) < 1e-12);
     }

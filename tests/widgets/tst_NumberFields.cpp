@@ -3,7 +3,6 @@
 #include "corvale_qt/widgets/IntStepSpinBox.h"
 #include "corvale_qt/widgets/IntStepValidator.h"
 #include "corvale_qt/widgets/QScienceSpinBox.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -140,11 +139,9 @@ private Q_SLOTS:
     }
     void typing()
     {
-        QFETCH(Range, rangeAndStep);
-        QFETCH(QString, keys);
         QFETCH(int, value);
-        StepBox box(rangeAndStep);
-        QTEST(typed(box, keys), "seen");
+        StepBox box(cell<Range>("rangeAndStep"));
+        QTEST(typed(box, cell("keys")), "seen");
         QTest::keyClick(box.edit(), Qt::Key_Return);
         QCOMPARE(box.value(), value);
         QCOMPARE(box.cleanText(), QString::number(value));
@@ -246,17 +243,14 @@ private Q_SLOTS:
     }
     void stepsOfWholeNumbers()
     {
-        QFETCH(Range, rangeAndStep);
-        QFETCH(int, from);
-        QFETCH(bool, wraps);
         QFETCH(QString, keys);
         const QMap<QChar, Qt::Key> names{{'u', Qt::Key_Up},
                                          {'d', Qt::Key_Down},
                                          {'U', Qt::Key_PageUp},
                                          {'D', Qt::Key_PageDown}};
-        StepBox box(rangeAndStep);
-        box.setWrapping(wraps);
-        box.setValue(from);
+        StepBox box(cell<Range>("rangeAndStep"));
+        box.setWrapping(cell<bool>("wraps"));
+        box.setValue(cell<int>("from"));
         box.selectAll();
         QStringList values;
         for (const QChar key : keys) {
@@ -302,10 +296,9 @@ private Q_SLOTS:
     }
     void numbersAreTyped()
     {
-        QFETCH(QString, keys);
         QFETCH(double, value);
         ScienceBox box;
-        box.type(qPrintable(keys));
+        box.type(qPrintable(cell("keys")));
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(box.value(), value);
         // A second Return keeps the digits that are not shown.
@@ -373,7 +366,6 @@ private Q_SLOTS:
     void stepsOfTheLastDigit()
     {
         QFETCH(double, factor);
-        QFETCH(double, from);
         QFETCH(QString, keys);
         QFETCH(double, reached);
         ScienceBox box;
@@ -382,7 +374,7 @@ private Q_SLOTS:
             box.setProperty("steppingMode", QScienceSpinBox::MultiplicativeSteps);
         box.setStepFactor(factor > 0 ? factor : 0.5);
         QCOMPARE(box.stepFactor(), factor > 0 ? factor : 10.0);
-        box.setValue(from);
+        box.setValue(cell<double>("from"));
         const QMap<QChar, Qt::Key> names{{'u', Qt::Key_Up},
                                          {'d', Qt::Key_Down},
                                          {'U', Qt::Key_PageUp},

@@ -3,9 +3,7 @@
 #include "corvale_qt/widgets/QtSingleApplication.h"
 #include "corvale_qt/widgets/SingleInstance_p.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <QLocalSocket>
 
@@ -177,8 +175,7 @@ private Q_SLOTS:
     }
     void activationWindow()
     {
-        QFETCH(QString, settings);
-        Peer first(QStringList{m_id, "window"} + settings.split(' ', Qt::SkipEmptyParts));
+        Peer first(QStringList{m_id, "window"} + cell("settings").split(' ', Qt::SkipEmptyParts));
         QCOMPARE(first.line(), QString("first"));
         QCOMPARE(Peer({m_id, "send", "hello"}).result(), 0);
         QTEST(first.line(), "answer");
@@ -290,11 +287,10 @@ private Q_SLOTS:
     }
     void foreignBytesAreDropped()
     {
-        QFETCH(QByteArray, bytes);
         First first(m_id);
         {
             const auto stranger = first.connection();
-            stranger->write(bytes);
+            stranger->write(cell<QByteArray>("bytes"));
             stranger->flush();
             stranger->disconnectFromServer();
         }

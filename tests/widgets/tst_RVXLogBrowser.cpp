@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/RVXLogBrowser.h"
 #include "corvale_qt/widgets/RVXLogBrowserSyntaxHighlighter.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include "tests/widgets/LogColors.h"
 
@@ -92,9 +91,8 @@ private Q_SLOTS:
     }
     void eachLineIsAnnouncedOnce()
     {
-        QFETCH(int, limit);
         Log log({"ERROR"}, {"WARNING"});
-        log.setMaximumBlockCount(limit);
+        log.setMaximumBlockCount(cell<int>("limit"));
         for (int i = 0; i < 80; ++i)
             for (const char *line : {"ERROR 1", "calm", "WARNING: ERROR 2", "calm", "calm"})
                 log.appendLine(line);
@@ -147,12 +145,10 @@ private Q_SLOTS:
     }
     void linesAreShownAsTheyAre()
     {
-        QFETCH(QString, line);
         Log log;
         log.appendLine("before");
-        log.appendLine(line);
-        QFETCH(QString, shown);
-        QCOMPARE(log.text(), "before\n" + shown);
+        log.appendLine(cell("line"));
+        QCOMPARE(log.text(), "before\n" + cell("shown"));
     }
 
     void followsTheEndUnlessScrolledUp()
@@ -374,15 +370,11 @@ private Q_SLOTS:
     }
     void keywords()
     {
-        QFETCH(QStringList, errors);
-        QFETCH(QStringList, warnings);
-        QFETCH(bool, wholeBlock);
-        QFETCH(QString, line);
         Highlighted text;
-        text.highlighter.addErrorKeywords(errors);
-        text.highlighter.addWarningKeywords(warnings);
-        text.highlighter.setWholeBlockSyntaxHighlighting(wholeBlock);
-        QTEST(text.colours(line), "colours");
+        text.highlighter.addErrorKeywords(cell<QStringList>("errors"));
+        text.highlighter.addWarningKeywords(cell<QStringList>("warnings"));
+        text.highlighter.setWholeBlockSyntaxHighlighting(cell<bool>("wholeBlock"));
+        QTEST(text.colours(cell("line")), "colours");
         QTEST(text.announced, "announced");
     }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/RVXPopOutTabWidget.h"
 #include "tests/support/Mouse.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -232,12 +231,10 @@ private Q_SLOTS:
     }
     void dragging()
     {
-        QFETCH(bool, movable);
-        QFETCH(double, heights);
         Tabs tabs({"A", "B", "C"});
-        tabs.setMovable(movable);
+        tabs.setMovable(cell<bool>("movable"));
         QWidget *page = tabs.widget(1);
-        dragOffTheBar(tabs.tabBar(), tabs.middleOf(1), heights);
+        dragOffTheBar(tabs.tabBar(), tabs.middleOf(1), cell<double>("heights"));
         QTEST(tabs.isPoppedOut(page), "isOut");
         QCoreApplication::processEvents();
         if (tabs.isPoppedOut(page))

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/TimeSpan.h"
 #include "corvale_qt/widgets/TimeSpanBox.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -35,11 +33,9 @@ private Q_SLOTS:
     }
     void texts()
     {
-        QFETCH(QString, typed);
-        QFETCH(double, seconds);
-        const std::optional<double> read = TimeSpan::fromText(typed);
+        const std::optional<double> read = TimeSpan::fromText(cell("typed"));
         QVERIFY(read);
-        QCOMPARE(*read, seconds);
+        QCOMPARE(*read, cell<double>("seconds"));
         QTEST(TimeSpan::text(*read), "written");
     }
 

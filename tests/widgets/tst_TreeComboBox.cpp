@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/TreeComboBox.h"
 #include "tests/support/Mouse.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -130,11 +129,10 @@ private Q_SLOTS:
     }
     void mayBeDeletedInAnswer()
     {
-        QFETCH(QString, signal);
         QFETCH(QString, choice);
         if (choice == "Return" || choice == "click")
             openPopup();
-        connect(m_combo.get(), signal.toLatin1(), this, SLOT(deleteCombo()));
+        connect(m_combo.get(), cell("signal").toLatin1(), this, SLOT(deleteCombo()));
         const QModelIndex a2 = item("A/a2");
         if (choice == "key")
             sendKey(m_combo.get(), Qt::Key_Down);
@@ -246,8 +244,6 @@ private Q_SLOTS:
     }
     void typing()
     {
-        QFETCH(QString, keys);
-        QFETCH(bool, inOneGo);
         m_model->refill("0; One: ch1.1; Two: ch2.1 ch2.2 ch2.3; Three: deep");
         m_model->appendRow(new QStandardItem("in 1"));
         m_model->appendRow(new QStandardItem("in 2"));
@@ -256,8 +252,8 @@ private Q_SLOTS:
         m_combo->setCurrentModelIndex(item("0"));
         announced();
         QSignalSpy activated(m_combo.get(), &QComboBox::textActivated);
-        QApplication::setKeyboardInputInterval(inOneGo ? 60000 : 0);
-        QTest::keyClicks(m_combo.get(), keys);
+        QApplication::setKeyboardInputInterval(cell<bool>("inOneGo") ? 60000 : 0);
+        QTest::keyClicks(m_combo.get(), cell("keys"));
         QCOMPARE(activated.size(), m_announced.size());
         QTEST(announced(), "chosen");
     }
@@ -280,10 +276,9 @@ private Q_SLOTS:
     }
     void survivesAReset()
     {
-        QFETCH(QString, tree);
         QFETCH(QString, current);
         m_combo->setCurrentModelIndex(item("B/b2"));
-        m_model->refill(tree);
+        m_model->refill(cell("tree"));
         QCOMPARE(path(m_combo->currentModelIndex()), current);
         QCOMPARE(announced(), "B/b2 " + current);
         QCOMPARE(m_combo->currentText(), m_combo->currentModelIndex().data().toString());

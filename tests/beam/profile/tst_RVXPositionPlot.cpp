@@ -2,7 +2,6 @@
 #include "corvale_qt/beam/profile/RVXPositionPlot.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 
@@ -168,12 +167,11 @@ private Q_SLOTS:
     }
     void aPositionOutOfRangeIsAnArrowAtTheEdge()
     {
-        QFETCH(QPointF, position);
         QFETCH(QPointF, edge);
         Display display;
         display.widget.setScale(1);
         display.widget.grab();
-        display.show(position);
+        display.show(cell<QPointF>("position"));
         const QPointF seen = display.marker();
         QVERIFY(!seen.isNull());
         // The middle of the arrow lies two thirds of its length inside the edge.

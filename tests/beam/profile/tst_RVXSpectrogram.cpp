@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/beam/profile/BeamDisplay.h"
-#include "tests/support/Rows.h"
 #include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
 
@@ -43,19 +42,17 @@ private Q_SLOTS:
     }
     void stripProfiles()
     {
-        QFETCH(double, x);
         QFETCH(double, sigmaX);
         QFETCH(double, y);
         QFETCH(double, sigmaY);
         QFETCH(double, height);
-        QFETCH(QString, shown);
         BeamDisplay display(Detector::Strips);
-        QVector<double> frame = Frames::strips(x, sigmaX, y, sigmaY, height);
+        QVector<double> frame = Frames::strips(cell<double>("x"), sigmaX, y, sigmaY, height);
         const double sum = std::accumulate(frame.begin(), frame.end(), 0.0);
         for (int i = 32; i < 64; ++i)
             frame[i] = frame[i + 64] = 7 * height; // readings without a strip change nothing
         const SpectrogramCalc calc = display.feed(frame);
-        QCOMPARE(numbers(calc), "valid: " + shown);
+        QCOMPARE(numbers(calc), "valid: " + cell("shown"));
         QVERIFY(near(calc.integral / sum, 1, 1e-9));
         // The raster spreads the integral over the picture. Its peak is that of a Gaussian of this area, or a little
         // lower because the nearest cell's centre lies beside it.
@@ -163,12 +160,10 @@ private Q_SLOTS:
     void theRotationBoxTellsAnAxis()
     {
         QFETCH(double, degrees);
-        QFETCH(bool, invertX);
-        QFETCH(bool, invertY);
         QFETCH(double, shown);
         BeamDisplay display(Detector::Pixels);
-        display.check("checkBox_invertX", invertX);
-        display.check("checkBox_invertY", invertY);
+        display.check("checkBox_invertX", cell<bool>("invertX"));
+        display.check("checkBox_invertY", cell<bool>("invertY"));
         QVector<double> frame = Frames::pixels(0, 0, 6, 3, degrees);
         const bool isExact = std::fmod(degrees, 45) == 0;
         if (isExact) { // along a row, a column or a diagonal: one pixel and its mirror image

@@ -2,12 +2,9 @@
 #include "corvale_qt/beam/profile/SpectrogramPlot_p.h"
 #include "corvale_qt/detector/DetectorLayout.h"
 #include "tests/beam/profile/BeamDisplay.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot_picker.h>
-
-#include <QRegularExpression>
 
 using namespace Corvale_Qt;
 
@@ -223,10 +220,9 @@ private Q_SLOTS:
     }
     void whichFrameIsShown()
     {
-        QFETCH(QString, script);
         QFETCH(QString, mean);
         Display display(Detector::Strips);
-        display.act(script);
+        display.act(cell("script"));
         QTRY_COMPARE(display.mean(), mean);
     }
 
@@ -269,9 +265,8 @@ private Q_SLOTS:
     }
     void whereTheColourBarEnds()
     {
-        QFETCH(QString, script);
         Display display;
-        display.act("pixels; " + script);
+        display.act("pixels; " + cell("script"));
         QTEST(display.colorBar(), "end");
     }
 

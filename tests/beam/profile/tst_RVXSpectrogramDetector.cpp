@@ -8,7 +8,6 @@
 #include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
 #include "tests/support/Profiles.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <cstring>
@@ -241,16 +240,14 @@ private Q_SLOTS:
     }
     void verdictsAreSaidOnlyOfWhatDescribesTheData()
     {
-        QFETCH(QVector<double>, frame);
         QFETCH(QString, verdict);
-        QFETCH(QString, reason);
         DetectorDisplay display(harp());
         QVERIFY(display.feedBeam({3, 2}, {5, 5}).valid);
-        const SpectrogramCalc calc = display.feed(frame);
+        const SpectrogramCalc calc = display.feed(cell<QVector<double>>("frame"));
         const QStringList lines = display.validity().split('\n');
         QCOMPARE(lines.first(), verdict);
         QCOMPARE(display.widget.verdict().text(), verdict);
-        QVERIFY2(display.validity().contains(reason), qPrintable(display.validity()));
+        QVERIFY2(display.validity().contains(cell("reason")), qPrintable(display.validity()));
         QCOMPARE(lines.size() > 1, verdict != "DATA VALID");
         QCOMPARE(calc.valid, verdict != "DATA NOT VALID");
         if (!calc.valid) {
@@ -349,12 +346,11 @@ private Q_SLOTS:
     }
     void aCurrentIsJudgedLikeItsCharge()
     {
-        QFETCH(QString, unit);
         QFETCH(double, noise);
         DetectorDescription description = harp();
         description.noise = noise;
         DetectorDisplay display(description);
-        display.widget.setIntensityUnit(unit);
+        display.widget.setIntensityUnit(cell("unit"));
         display.widget.setSampleRate(1e4);
         display.feedBeam({0, 0}, {5, 5});
         const BeamVerdict charge = display.widget.verdict();

@@ -7,7 +7,6 @@
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot_item.h>
@@ -251,11 +250,10 @@ private Q_SLOTS:
     }
     void coloursStandForReadings()
     {
-        QFETCH(int, mode);
         QFETCH(QString, colours);
         const double shares[] = {0, 0.05, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9, 1};
         PictureDisplay display(Detector::Pixels);
-        display.control<QComboBox>("comboBox_color")->setCurrentIndex(mode);
+        display.control<QComboBox>("comboBox_color")->setCurrentIndex(cell<int>("mode"));
         display.check("checkBox_smoothing", false);
         display.widget.setRange(1e-6, 2e-9);
         display.widget.setScale(2);

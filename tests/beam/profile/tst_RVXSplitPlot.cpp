@@ -6,8 +6,6 @@
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
 
-#include <QAccessible>
-
 #include <climits>
 
 using namespace Corvale_Qt;

@@ -6,7 +6,6 @@
 #include "corvale_qt/beam/profile/ProjectionItem_p.h"
 #include "tests/beam/profile/BeamDisplay.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_color_map.h>
@@ -94,7 +93,6 @@ private Q_SLOTS:
     {
         QFETCH(double, low);
         QFETCH(double, high);
-        QFETCH(bool, fixedColours);
         QwtLinearColorMap map(Qt::black, Qt::red);
         // The map has a narrow peak within one interval of the table, and stops on and beside the borders.
         map.addColorStop(0.3, Qt::cyan);
@@ -102,7 +100,7 @@ private Q_SLOTS:
         map.addColorStop(0.30006, Qt::cyan);
         map.addColorStop(0.5, Qt::darkGreen);
         map.addColorStop(0.7, Qt::yellow);
-        if (fixedColours)
+        if (cell<bool>("fixedColours"))
             map.setMode(QwtLinearColorMap::FixedColors);
         const QwtInterval range(low, high);
         ColorTable table;

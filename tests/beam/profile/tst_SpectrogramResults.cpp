@@ -50,9 +50,8 @@ private Q_SLOTS:
     //! A beam that moves by one strip, 2 mm, from frame to frame, although the display shows only the last frame.
     void everyFrameIsAnnounced()
     {
-        QFETCH(bool, sidebar);
         BeamDisplay display(Detector::Strips);
-        display.widget.sidebarEnabled(sidebar);
+        display.widget.sidebarEnabled(cell<bool>("sidebar"));
         ResultLog log(display.widget);
         for (double x : {13.5, 14.5, 15.5, 16.5})
             display.feedBetweenTicks(Frames::strips(x, 2, 15.5, 2));

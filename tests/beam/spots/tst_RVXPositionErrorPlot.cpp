@@ -2,15 +2,12 @@
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 #include "tests/beam/spots/SpotTable.h"
 #include "tests/support/ModelWatch.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
 #include <qwt_scale_div.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
-
-#include <QAccessible>
 
 using namespace Corvale_Qt;
 
@@ -106,11 +103,9 @@ private Q_SLOTS:
     }
     void toleranceSetsTheAxes()
     {
-        QFETCH(float, tx);
-        QFETCH(float, ty);
         RVXPositionErrorPlot plot;
         plot.setTolerance(3.0F, 3.0F);
-        plot.setTolerance(tx, ty);
+        plot.setTolerance(cell<float>("tx"), cell<float>("ty"));
         QStringList axes;
         for (const int axis : {QwtPlot::xBottom, QwtPlot::yLeft}) {
             const QwtScaleDiv div = plot.findChild<QwtPlot *>()->axisScaleDiv(axis);

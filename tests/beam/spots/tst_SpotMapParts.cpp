@@ -3,7 +3,6 @@
 #include "corvale_qt/beam/spots/RowSelection_p.h"
 #include "corvale_qt/beam/spots/SpotHitTest_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;

@@ -2,7 +2,6 @@
 // Tests what a spot map shows by its pixels.
 #include "tests/beam/spots/SpotMapInTest.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QGLWidget>

@@ -3,7 +3,6 @@
 #include "corvale_qt/beam/spots/SpotMapWidget.h"
 #include "tests/beam/spots/SpotTable.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_scale_draw.h>

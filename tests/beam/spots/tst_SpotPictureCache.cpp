@@ -4,7 +4,6 @@
 #include "corvale_qt/beam/spots/SpotList_p.h"
 #include "corvale_qt/beam/spots/SpotPictureCache_p.h"
 #include "tests/beam/spots/SpotMapInTest.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;

@@ -3,9 +3,7 @@
 #include "corvale_qt/beam/spots/RVXPositionErrorPlot.h"
 #include "corvale_qt/beam/spots/SpotMapView.h"
 #include "tests/beam/spots/SpotTable.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Corvale_Qt;
 
@@ -143,9 +141,7 @@ private Q_SLOTS:
     }
     void spotsBelongTogether()
     {
-        QFETCH(QString, actual);
-        QFETCH(QString, planned);
-        const Maps maps(actual, planned);
+        const Maps maps(cell("actual"), cell("planned"));
         QTEST(textOf(maps.map.differences()), "text");
         QCOMPARE(textOf(maps.target.differences()), QString("not computed"));
     }

@@ -5,8 +5,6 @@
 #include "tests/support/TestMain.h"
 
 #include <csignal>
-#include <functional>
-#include <memory>
 #include <stdexcept>
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -2,9 +2,7 @@
 #include "monitor/input/CsvReader.h"
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 #include <corvale_qt/models/RVXSingleChannelDataModel.h>
 
 using namespace Monitor;
@@ -83,14 +81,12 @@ private Q_SLOTS:
 
     void tablesBecomeReadings()
     {
-        QFETCH(QString, content);
-        QFETCH(QString, expected);
-        const QString path = file(content.toUtf8());
+        const QString path = file(cell("content").toUtf8());
         QString text = readAll(path).replace("start channels ", "> ").replace(" unreadable", " ?");
         if (qstrcmp(QTest::currentDataTag(), "zeros and a picture") == 0)
             QVERIFY(!text.contains('>') && !text.contains("start"));
         else
-            QCOMPARE(text, expected);
+            QCOMPARE(text, cell("expected"));
         QCOMPARE(readAll(path, 1), readAll(path, 1000000));
     }
 
@@ -144,11 +140,10 @@ private Q_SLOTS:
     }
     void tablesOfOtherPrograms()
     {
-        QFETCH(QString, content);
         QFETCH(QString, why);
         QFETCH(QString, import);
         QFETCH(QString, expected);
-        const QString path = file(content.toUtf8());
+        const QString path = file(cell("content").toUtf8());
         const QString refusal = readAll(path);
         if (!why.isEmpty()) {
             QVERIFY2(refusal.contains(why), qPrintable(refusal));
@@ -172,12 +167,10 @@ private Q_SLOTS:
     }
     void optionsThatMakeNoSenseAreNamed()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, error);
         ImportOptions options;
         QString said;
-        QVERIFY(!ImportOptions::fromText(text, &options, &said));
-        QVERIFY2(said.contains(error), qPrintable(said));
+        QVERIFY(!ImportOptions::fromText(cell("text"), &options, &said));
+        QVERIFY2(said.contains(cell("error")), qPrintable(said));
     }
 
     //! From any place that a reader has passed, a reader goes on as that one did.
@@ -206,11 +199,10 @@ private Q_SLOTS:
     void goesOnFromAnyPlace()
     {
         QFETCH(QByteArray, content);
-        QFETCH(QString, import);
         const QString path = file(content);
         ImportOptions options;
         QString error;
-        QVERIFY(ImportOptions::fromText(import, &options, &error));
+        QVERIFY(ImportOptions::fromText(cell("import"), &options, &error));
         const auto readings = [](const TextSink &sink) {
             return sink.lines.filter(QRegularExpression("^[0-9.]+: "));
         };
@@ -348,17 +340,15 @@ private Q_SLOTS:
     }
     void knowsTheRealFiles()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, start);
         QFETCH(qint64, readings);
-        const QString full = QStringLiteral(CORVALE_QT_DATA_DIR "/") + path;
+        const QString full = QStringLiteral(CORVALE_QT_DATA_DIR "/") + cell("path");
         if (!QFile::exists(full))
             QSKIP("the folder of real readings is not there");
         TextSink sink;
         CsvReader reader(sink);
         QVERIFY(reader.open(full));
         while (reader.read(100000)) { }
-        QVERIFY2(sink.lines.first().startsWith(start), qPrintable(sink.lines.first()));
+        QVERIFY2(sink.lines.first().startsWith(cell("start")), qPrintable(sink.lines.first()));
         QCOMPARE(reader.counts().readings, readings);
         QCOMPARE(reader.counts().bad(), qint64(0));
     }

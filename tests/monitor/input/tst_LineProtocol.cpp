@@ -4,13 +4,10 @@
 #include "monitor/input/LineText.h"
 #include "monitor/recording/RecordingWriter.h"
 #include "tests/monitor/support/TextSink.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <array>
 #include <charconv>
-#include <random>
 
 using namespace Monitor;
 
@@ -122,8 +119,7 @@ private Q_SLOTS:
 
     void linesBecomeReadings()
     {
-        QFETCH(QString, lines);
-        QString text = readAll(lines.toUtf8());
+        QString text = readAll(cell("lines").toUtf8());
         QTEST(text.replace("start channels ", "> ").replace(" unreadable", " ?"), "expected");
     }
 
@@ -194,12 +190,11 @@ private Q_SLOTS:
     }
     void linesBecomeFrames()
     {
-        QFETCH(QString, lines);
         QFETCH(QString, expected);
         const QString names = "sum max x:cells sigma_x:cells y:cells sigma_y:cells";
         expected.replace(">>", names);
         const QString start = "start pixels frames, matrix 2 x 2, positions in cells, " + names;
-        QString text = readAll(lines.toUtf8());
+        QString text = readAll(cell("lines").toUtf8());
         text.replace(" unreadable", " ?");
         QCOMPARE(text.replace(start, ">"), expected);
     }
@@ -242,8 +237,6 @@ private Q_SLOTS:
 
     void aCutAndMadeConnection()
     {
-        QFETCH(QByteArray, after);
-        QFETCH(QString, expected);
         TextSink sink;
         LineProtocol protocol(sink);
         const auto take = [&](const QByteArray &lines) {
@@ -253,9 +246,9 @@ private Q_SLOTS:
         take("#channels a/9,1/10,2");
         sink.lines.clear();
         protocol.beginStream();
-        take(after);
+        take(cell<QByteArray>("after"));
         protocol.finish();
-        QCOMPARE(sink.text(), expected);
+        QCOMPARE(sink.text(), cell("expected"));
     }
 
     void arrivalTimeStandsIn()
@@ -312,7 +305,6 @@ private Q_SLOTS:
     //! A recording of the stream describes the same detector.
     void theDetectorReachesTheHeader()
     {
-        QFETCH(QByteArray, lines);
         const auto read = [](const QByteArrayList &all) {
             TextSink sink;
             LineProtocol protocol(sink);
@@ -321,7 +313,7 @@ private Q_SLOTS:
             protocol.finish();
             return sink;
         };
-        const TextSink sink = read(lines.split('/'));
+        const TextSink sink = read(cell<QByteArray>("lines").split('/'));
         QTEST(sink.header().detector.summary(), "detector");
         QTEST(sink.text().section(" | 0: ", 0, 0), "told");
         QByteArrayList recording = recordingHeader(sink.header(), {}).split('\n');
@@ -437,7 +429,6 @@ private Q_SLOTS:
     //! A recording of the stream has the same limits.
     void limitsReachTheHeader()
     {
-        QFETCH(QByteArray, lines);
         const auto read = [](const QByteArrayList &all) {
             TextSink sink;
             LineProtocol protocol(sink);
@@ -449,10 +440,10 @@ private Q_SLOTS:
         const auto limitsOf = [](const StreamHeader &header) {
             return limitsText(header.limitsOf(0)) + ' ' + limitsText(header.limitsOf(1));
         };
-        const TextSink sink = read(lines.split('/') << "#channels a,b c"
-                                                    << "#unit nA"
-                                                    << "0,1,2"
-                                                    << "1,1,2");
+        const TextSink sink = read(cell<QByteArray>("lines").split('/') << "#channels a,b c"
+                                                                        << "#unit nA"
+                                                                        << "0,1,2"
+                                                                        << "1,1,2");
         QTEST(limitsOf(sink.header()), "limits");
         QTEST(sink.text().section("start", 0, 0), "told");
         const TextSink again = read(recordingHeader(sink.header(), "test").split('\n') << "0,1,2"

@@ -9,14 +9,7 @@
 #include "tests/monitor/support/FileSizeLimit.h"
 #include "tests/monitor/support/TextSink.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
-
-#include <QDirIterator>
-#include <QProcess>
-
-#include <cmath>
 
 using namespace Monitor;
 
@@ -134,8 +127,7 @@ private Q_SLOTS:
     }
     void whatIsRecordedIsReadBack()
     {
-        QFETCH(QByteArray, recording);
-        putFile(path("r.csv"), recording);
+        putFile(path("r.csv"), cell<QByteArray>("recording"));
         const QByteArray before = readExactly(path("r.csv"));
         QVERIFY2(!before.contains("refused") && before.count('\n') > 4, before);
         putFile(path("again.csv"), before);
@@ -255,13 +247,11 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
     }
     void othersReadIt()
     {
-        QFETCH(QByteArray, recording);
-        QFETCH(QByteArray, checks);
         if (!hasPython())
             QSKIP("h5py is missing (Debian has it in python3-h5py)");
-        putFile(path("seen.csv"), recording);
+        putFile(path("seen.csv"), cell<QByteArray>("recording"));
         QVERIFY2(convert("seen"), qPrintable(m_error));
-        const QByteArray said = python("f = h5py.File('seen.h5')\n" + checks);
+        const QByteArray said = python("f = h5py.File('seen.h5')\n" + cell<QByteArray>("checks"));
         QVERIFY2(said.isEmpty(), said);
     }
 
@@ -488,12 +478,11 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
 private:
     void checkFileOfOthers()
     {
-        QFETCH(QByteArray, script);
         QFETCH(QByteArray, read);
         if (!hasPython())
             QSKIP("h5py is missing (Debian has it in python3-h5py)");
-        const QByteArray said =
-            python("f = h5py.File('theirs.h5', 'w')\n" + script + "f.close()\n");
+        const QByteArray said = python("f = h5py.File('theirs.h5', 'w')\n"
+                                       + cell<QByteArray>("script") + "f.close()\n");
         QVERIFY2(said.isEmpty(), said);
         TextSink sink;
         NexusReader reader(sink);

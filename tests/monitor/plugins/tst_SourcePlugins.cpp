@@ -6,13 +6,8 @@
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QProcess>
-#include <QScopeGuard>
-
-#include <cmath>
 #include <thread>
 
 using CorvaleMonitor::SourceReceiver;
@@ -241,10 +236,9 @@ private Q_SLOTS:
 
     void deliveries()
     {
-        QFETCH(Script, script);
         QFETCH(QString, heard);
         Scripted scripted;
-        scripted.deliver(script);
+        scripted.deliver(cell<Script>("script"));
         QCOMPARE(scripted.log.text(), heard);
         QCOMPARE(scripted.source->state() == Source::State::Failed, heard.isEmpty());
     }
@@ -441,10 +435,9 @@ private Q_SLOTS:
 
     void epicsThatCannotBeShown()
     {
-        QFETCH(QString, address);
         QFETCH(QString, why);
         Laboratory lab;
-        lab.open(address);
+        lab.open(cell("address"));
         QTRY_COMPARE_WITH_TIMEOUT(lab.source->state(), Source::State::Failed, 15000);
         QVERIFY2(lab.source->stateText().contains(why), qPrintable(lab.source->stateText()));
     }
@@ -561,7 +554,6 @@ private Q_SLOTS:
     void libraryThatIsMissing()
     {
         QFETCH(QString, files);
-        QFETCH(QString, why);
         const QTemporaryDir folder;
         for (const QString &file : files.split(' ', Qt::SkipEmptyParts))
             putFile(folder.filePath(file), "this is no library");
@@ -579,7 +571,7 @@ private Q_SLOTS:
         QVERIFY(program.waitForFinished(60000));
         QVERIFY(program.exitCode() != 0);
         const QString said = QString::fromUtf8(program.readAll()).simplified();
-        QVERIFY2(said.contains(why), qPrintable(said));
+        QVERIFY2(said.contains(cell("why")), qPrintable(said));
     }
 
 private:

@@ -2,12 +2,8 @@
 #include "monitor/sources/SourceFactory.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
-#include <QFileInfo>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QTcpServer>
 
 #include <csignal>
@@ -135,12 +131,10 @@ private Q_SLOTS:
 
     void addressesThatMakeNoSense()
     {
-        QFETCH(QString, address);
-        QFETCH(QString, why);
         ManualClock clock;
         SourceFactory factory(clock, {});
-        QVERIFY(!factory.make(address));
-        QVERIFY2(factory.errorString().contains(why), qPrintable(factory.errorString()));
+        QVERIFY(!factory.make(cell("address")));
+        QVERIFY2(factory.errorString().contains(cell("why")), qPrintable(factory.errorString()));
     }
 
     //! Two scalars: what is configured, and what happens to them one after the other.
@@ -310,12 +304,11 @@ private Q_SLOTS:
 
     void frames()
     {
-        QFETCH(QString, attributes);
         QFETCH(QStringList, set);
         QFETCH(QString, layout);
         for (const QString &line : set)
             m_instrument.set(line.toUtf8());
-        Reading reading(m_instrument.address(attributes));
+        Reading reading(m_instrument.address(cell("attributes")));
         QTRY_VERIFY_WITH_TIMEOUT(!reading.rows().isEmpty(), patience);
         QTEST(reading.lastRow(), "row");
         QVERIFY2(reading.starts().first().contains(layout), qPrintable(reading.starts().first()));
@@ -378,11 +371,9 @@ private Q_SLOTS:
     {
         if (!hasTangoTest())
             QSKIP(noTangoTest);
-        QFETCH(QString, attributes);
-        QFETCH(QString, why);
-        Reading reading(m_tangoTest.address(attributes));
+        Reading reading(m_tangoTest.address(cell("attributes")));
         QTRY_COMPARE_WITH_TIMEOUT(reading.source->state(), Source::State::Failed, patience);
-        QVERIFY2(reading.source->stateText().contains(why),
+        QVERIFY2(reading.source->stateText().contains(cell("why")),
                  qPrintable(reading.source->stateText()));
     }
 

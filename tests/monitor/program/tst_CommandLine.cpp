@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/CommandLine.h"
 #include "monitor/program/OptionTexts.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Monitor;
 
@@ -92,14 +90,12 @@ private Q_SLOTS:
     }
     void sourcesHaveNames()
     {
-        QFETCH(QString, arguments);
-        QFETCH(QString, names);
         CommandLine line;
-        QCOMPARE(parsed("--stats " + arguments, &line), QString());
+        QCOMPARE(parsed("--stats " + cell("arguments"), &line), QString());
         QStringList found;
         for (const NamedAddress &source : line.sources)
             found += source.name;
-        QCOMPARE(found.join(' '), names);
+        QCOMPARE(found.join(' '), cell("names"));
         QCOMPARE(line.source, line.sources.first().address);
     }
 
@@ -158,11 +154,9 @@ private Q_SLOTS:
 
     void whatIsRefused()
     {
-        QFETCH(QString, arguments);
-        QFETCH(QString, named);
         CommandLine line;
-        const QString error = parsed(arguments, &line);
-        QVERIFY2(error.contains(named), qPrintable(error));
+        const QString error = parsed(cell("arguments"), &line);
+        QVERIFY2(error.contains(cell("named")), qPrintable(error));
     }
 
     void helpAndManualTellTheSame()

@@ -3,14 +3,11 @@
 #include "tests/monitor/support/TaskInFolder.h"
 #include "tests/support/Files.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
 
-#include <cmath>
 #include <csignal>
 #include <set>
 
@@ -78,7 +75,6 @@ private Q_SLOTS:
     {
         QFETCH(QString, arguments);
         QFETCH(int, code);
-        QFETCH(QString, said);
         if (arguments.contains("/dev/full") && !hasFullDevice())
             QSKIP("there is no full device here");
         const Outcome outcome = run(arguments.split(QLatin1Char(' ')));
@@ -86,7 +82,7 @@ private Q_SLOTS:
         if (all.contains("built without HDF5"))
             QSKIP("the monitor was built without HDF5");
         QVERIFY2(outcome.code == code, all + " code " + QByteArray::number(outcome.code));
-        QVERIFY2(all.contains(said.toUtf8()), all);
+        QVERIFY2(all.contains(cell("said").toUtf8()), all);
         const bool errorOnStderr = code == 0 || !outcome.err.isEmpty();
         QVERIFY(errorOnStderr);
     }
@@ -106,14 +102,13 @@ private Q_SLOTS:
     //! The middle of the window, where the display is, must show more than an empty display.
     void everyDisplay()
     {
-        QFETCH(QString, source);
         QFETCH(QString, display);
         QFile::remove(path("display.png"));
         // A sweep is drawn when it is complete.
         const QString frames = display == "scope" ? "300frames" : "25frames";
         const QString arguments =
             "%1 --screenshot display.png --view %2 --size 1300x850 --after %3";
-        const Outcome outcome = run(arguments.arg(source, display, frames).split(' '));
+        const Outcome outcome = run(arguments.arg(cell("source"), display, frames).split(' '));
         QVERIFY2(outcome.code == 0, outcome.err);
         const QImage image(path("display.png"));
         QCOMPARE(image.size(), QSize(1300, 850));

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/publishing/ResultFeed.h"
 #include "tests/monitor/support/ScriptedSession.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Monitor;
@@ -93,7 +92,6 @@ private Q_SLOTS:
     void statesOfValues()
     {
         QFETCH(double, value);
-        QFETCH(int, state);
         ScriptedSession s;
         Given given;
         ResultFeed feed(s.clock, std::make_unique<KeepingPublication>(given), resultsOf(s.session));
@@ -108,7 +106,7 @@ private Q_SLOTS:
         s.source->begin(header);
         s.source->give(0.0, {value});
         s.settle();
-        QCOMPARE(int(given.results.states.value(0)), state);
+        QCOMPARE(int(given.results.states.value(0)), cell<int>("state"));
     }
 
     //! The fit adds up the charges of cells, but charges per length over a length.

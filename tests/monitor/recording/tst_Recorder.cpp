@@ -7,15 +7,12 @@
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/Recording.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 #include <corvale_qt/detector/DetectorFile.h>
 
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
-#include <random>
 
 using namespace Monitor;
 
@@ -372,13 +369,12 @@ private Q_SLOTS:
     //! Much more than the thread takes at once: readings in pieces of all sizes, events, and three streams.
     void aFloodKeepsItsOrder()
     {
-        QFETCH(const qint64, room);
         Recording r(m_dir->path());
         Recorder &recorder = r.recorder();
         QSignalSpy files(&recorder, &Recorder::fileStarted);
         QVERIFY(recorder.start());
         FileSizeLimit limit;
-        limit.set(rlim_t(room));
+        limit.set(rlim_t(cell<qint64>("room")));
         std::mt19937_64 dice(5);
         QByteArray expected;
         for (const int channels : {2, 3, 2}) { // the last one begins no file so soon
@@ -453,11 +449,7 @@ private Q_SLOTS:
             smallest      | 5e-324               | 5e-324
             infinity      | -inf                 | -inf)");
     }
-    void writesAsAPersonWould()
-    {
-        QFETCH(double, number);
-        QTEST(QString(shortest(number)), "text");
-    }
+    void writesAsAPersonWould() { QTEST(QString(shortest(cell<double>("number"))), "text"); }
     //! Compares with the standard library, for numbers of 1 to 17 digits around the powers of ten that are used.
     void readsBackAndIsShortest()
     {

@@ -8,7 +8,6 @@
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/Recording.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <cstdlib>
@@ -144,10 +143,9 @@ private Q_SLOTS:
     }
     void rotates()
     {
-        QFETCH(double, seconds);
         QFETCH(qint64, bytes);
         Recording r(path("a%2.csv")); // is no place for a number
-        r.options.rotateSeconds = seconds;
+        r.options.rotateSeconds = cell<double>("seconds");
         r.options.rotateBytes = bytes;
         QVERIFY(r.begin());
         for (int i = 0; i < 20; ++i) {
@@ -242,23 +240,20 @@ private Q_SLOTS:
     }
     void goesOnInAFileThatCanBeFound()
     {
-        QFETCH(bool, toFolder);
-        QFETCH(QString, command);
-        QFETCH(QString, said);
         QFETCH(QString, before);
         QVERIFY(QDir(m_dir->path()).mkdir(QString("run")));
-        Recording r(path(toFolder ? "run" : "run/a.csv"));
+        Recording r(path(cell<bool>("toFolder") ? "run" : "run/a.csv"));
         r.options.rotateSeconds = 3600.0;
         Recorder &recorder = r.recorder();
         QVERIFY(r.begin());
         recorder.addReadings(block(0, 1));
         r.clock.advance(0.6);
-        const QString shell = QString("cd '%1' && { %2; }").arg(m_dir->path(), command);
+        const QString shell = QString("cd '%1' && { %2; }").arg(m_dir->path(), cell("command"));
         QCOMPARE(std::system(qPrintable(shell)), 0);
         recorder.addReadings(block(1, 2));
         r.clock.advance(1.0); // twice as early as promised
         QCOMPARE(r.notes.size(), 1);
-        QVERIFY2(r.notes.first().contains(said), qPrintable(r.notes.first()));
+        QVERIFY2(r.notes.first().contains(cell("said")), qPrintable(r.notes.first()));
         QVERIFY(recorder.errorString().isEmpty());
         recorder.addReadings(block(3, 1));
         QVERIFY(recorder.finish());

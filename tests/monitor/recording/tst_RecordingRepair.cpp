@@ -8,9 +8,7 @@
 #include "monitor/recording/ZstdSegments.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 #include <atomic>
 #include <thread>
@@ -81,12 +79,10 @@ private Q_SLOTS:
     //! The copy has everything that is left and says what is not; the recording stays as it was.
     void whatIsLostIsSaid()
     {
-        QFETCH(QByteArray, tail);
         QFETCH(QString, places);
-        QFETCH(QString, last);
         const QByteArray text = "#corvale 1\n# source: tcp://here\n#channels a\n#t0 "
                                 "2026-03-01T12:00:00.000Z\n0,1\n1,2\n2,3\n"
-            + tail;
+            + cell<QByteArray>("tail");
         putFile(path("damaged.csv"), text);
         QFile::remove(path("damaged-repaired.csv"));
         RecordingDamage damage;
@@ -102,7 +98,7 @@ private Q_SLOTS:
                  qPrintable(said));
         const QString read = readTable(copy);
         QVERIFY2(read.contains(" | 2: 3") && !read.contains("refused"), qPrintable(read));
-        QVERIFY(read.contains(last));
+        QVERIFY(read.contains(cell("last")));
         QVERIFY(fileContents(copy).contains("# source: tcp://here; repaired from damaged.csv\n"));
         QVERIFY(fileContents(copy).contains("#t0 2026-03-01T12:00:00.000Z"));
         RecordingDamage none;

@@ -4,9 +4,7 @@
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 #include <corvale_qt/detector/DetectorFile.h>
 #include <corvale_qt/models/RVXPlotHistory.h>
 
@@ -35,7 +33,6 @@ private Q_SLOTS:
         QFETCH(bool, live);
         QFETCH(QString, channels);
         QFETCH(QString, dates);
-        QFETCH(QString, times);
         ScriptedSession script;
         script.source->live = live;
         QStringList notes;
@@ -64,7 +61,7 @@ private Q_SLOTS:
             shown += std::isnan(model.doubleData(row, 1))
                 ? QString("-")
                 : QString::number(model.doubleData(row, 0), 'g', 6);
-        QCOMPARE(shown.join(' '), times);
+        QCOMPARE(shown.join(' '), cell("times"));
         const bool kept = shown.contains("-");
         QCOMPARE(notes.filter("the instrument's clock started over: part 2 begins").size(),
                  kept ? 1 : 0);
@@ -335,11 +332,10 @@ private Q_SLOTS:
     void aLimitCutsToTheReading()
     {
         QFETCH(qint64, readings);
-        QFETCH(double, seconds);
         QFETCH(int, expected);
         ScriptedSession s;
         QSignalSpy reached(&s.session, &Session::limitReached);
-        s.session.setLimit(ReadingLimit(readings, seconds));
+        s.session.setLimit(ReadingLimit(readings, cell<double>("seconds")));
         s.begin(2);
         for (int i = 0; i < 4; ++i)
             s.source->give(10);

@@ -5,10 +5,8 @@
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/RunningTimers.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 Q_DECLARE_METATYPE(Monitor::FileSource::Options)
 
@@ -49,17 +47,14 @@ private Q_SLOTS:
     }
     void playsByTheClock()
     {
-        QFETCH(FileSource::Options, options);
-        QFETCH(double, seconds);
-        QFETCH(QString, readings);
         ManualClock clock;
-        FileSource source(clock, m_path, options);
+        FileSource source(clock, m_path, cell<FileSource::Options>("options"));
         SourceLog log(source);
         source.start();
-        clock.advance(seconds);
+        clock.advance(cell<double>("seconds"));
         const bool ended = log.stateNames() == "Running Finished";
         QVERIFY(ended || log.stateNames() == "Running");
-        QCOMPARE(log.text() + (ended ? ", the end" : ""), "start channels a | " + readings);
+        QCOMPARE(log.text() + (ended ? ", the end" : ""), "start channels a | " + cell("readings"));
     }
 
     //! An event is told in its place among the readings, not when the file is read ahead.
@@ -127,9 +122,8 @@ private Q_SLOTS:
     }
     void imagesBecomeFrames()
     {
-        QFETCH(QByteArray, bytes);
         const QString path = m_dir.filePath("images.pgm");
-        putFile(path, bytes);
+        putFile(path, cell<QByteArray>("bytes"));
         ManualClock clock;
         FileSource::Options fast;
         fast.speed = 0.0;
@@ -181,9 +175,8 @@ private Q_SLOTS:
     }
     void imagesInALoop()
     {
-        QFETCH(QString, images);
         const QString path = m_dir.filePath("loop.pgm");
-        putFile(path, images.toLatin1());
+        putFile(path, cell("images").toLatin1());
         ManualClock clock;
         const double last = std::numeric_limits<double>::infinity();
         const auto source = SourceFactory(clock, {1.0, true, -last, last, {}, false}).make(path);
@@ -339,11 +332,9 @@ private Q_SLOTS:
     }
     void simulatorsShowTheBeam()
     {
-        QFETCH(QString, name);
         QFETCH(int, channels);
-        QFETCH(int, inTenSeconds);
         ManualClock clock;
-        SimulatorSource source(clock, name);
+        SimulatorSource source(clock, cell("name"));
         QVERIFY(source.isSimulated());
         SourceLog log(source);
         std::vector<double> sums;
@@ -356,7 +347,7 @@ private Q_SLOTS:
         clock.advance(10.0);
         QTEST(log.sink.header().kind, "kind");
         QCOMPARE(log.sink.header().channels.size(), channels);
-        QVERIFY(std::abs(int(sums.size()) - inTenSeconds) <= 1);
+        QVERIFY(std::abs(int(sums.size()) - cell<int>("inTenSeconds")) <= 1);
         const auto [smallest, largest] = std::minmax_element(sums.begin(), sums.end());
         QVERIFY(*largest > *smallest); // spills and pauses
         QVERIFY(std::isfinite(std::accumulate(sums.begin(), sums.end(), 0.0)));

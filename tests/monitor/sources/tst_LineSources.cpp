@@ -6,7 +6,6 @@
 #include "monitor/sources/TcpServerSource.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <QRegularExpression>
@@ -318,11 +317,10 @@ private Q_SLOTS:
 
     void aSilentPeerIsConnectedAnew()
     {
-        QFETCH(bool, asked);
         QFETCH(double, set);
         QFETCH(double, silence);
         Instrument instrument;
-        Client client(instrument.serverPort(), {asked ? "READ?" : "", 0.1});
+        Client client(instrument.serverPort(), {cell<bool>("asked") ? "READ?" : "", 0.1});
         auto &[clock, source, log] = client;
         if (set >= 0.0)
             source.setLongestSilence(set);

@@ -8,9 +8,7 @@
 #include "monitor/statistics/StreamStatistics.h"
 #include "tests/support/Files.h"
 #include "tests/support/RealReadings.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 
 using namespace Monitor;
 
@@ -373,7 +371,6 @@ private Q_SLOTS:
     void spotsAgainstAPlan()
     {
         QFETCH(QByteArray, planned);
-        QFETCH(QByteArray, measured);
         QTemporaryDir dir;
         const auto list = [&dir](const QByteArray &text) {
             putFile(dir.filePath("spots.csv"), text);
@@ -385,7 +382,7 @@ private Q_SLOTS:
         };
         SpotReport report;
         report.toleranceX = report.toleranceY = 1.0;
-        const SpotRows spots = list(measured);
+        const SpotRows spots = list(cell<QByteArray>("measured"));
         report.errors =
             planned.isEmpty() ? SpotErrors::ofOneList(spots) : SpotErrors::of(spots, list(planned));
         QCOMPARE(SpotErrors::isPlanned(spots.header), planned.isEmpty());

@@ -2,13 +2,7 @@
 #include "monitor/tape/CommonTape.h"
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
-
-#include <QRandomGenerator>
-
-#include <algorithm>
 
 using namespace Monitor;
 
@@ -267,8 +261,7 @@ private Q_SLOTS:
     }
     void wantedTimesAreThoseOfTheFirst()
     {
-        QFETCH(double, speed);
-        CommonTape::Options options = at(speed);
+        CommonTape::Options options = at(cell<double>("speed"));
         options.from = 1.0;
         options.to = 2.5;
         Played played(

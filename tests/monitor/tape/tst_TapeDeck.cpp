@@ -8,7 +8,6 @@
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/monitor/support/SourceLog.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 using namespace Monitor;
@@ -361,8 +360,7 @@ private Q_SLOTS:
     {
         QFETCH(double, from);
         QFETCH(double, to);
-        QFETCH(double, speed);
-        Deck tape(m_path, speed);
+        Deck tape(m_path, cell<double>("speed"));
         tape.deck.setLoop({from, to});
         tape.deck.seek(from);
         tape.deck.play();

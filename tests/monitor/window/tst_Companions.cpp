@@ -10,7 +10,6 @@
 #include "tests/monitor/support/Mnemonics.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
@@ -111,14 +110,12 @@ private Q_SLOTS:
     }
     void chartsEndAtTheSameMoment()
     {
-        QFETCH(double, lead);
-        QFETCH(double, beside);
         QFETCH(QString, ends);
         QFETCH(QString, log);
         SeveralSources w(file("align.xui"));
         ScriptedSource *halo = w.add("halo");
-        w.source->begin(w.header(lead));
-        halo->begin(w.header(beside));
+        w.source->begin(w.header(cell<double>("lead")));
+        halo->begin(w.header(cell<double>("beside")));
         for (int i = 0; i <= 10; ++i) {
             w.source->give(10.0 + 0.1 * i, {double(i)});
             if (i % 5 == 0)

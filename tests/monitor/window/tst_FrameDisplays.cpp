@@ -6,7 +6,6 @@
 #include "monitor/window/SpotLayers.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include "tests/support/ModelWatch.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
@@ -15,12 +14,6 @@
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 #include <qwt_plot.h>
-
-#include <QAccessible>
-#include <QPushButton>
-#include <QSet>
-
-#include <functional>
 
 using namespace Monitor;
 

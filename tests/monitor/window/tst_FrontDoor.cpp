@@ -19,7 +19,6 @@
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
 #include "tests/support/Mouse.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
@@ -270,11 +269,10 @@ private Q_SLOTS:
     }
     void sourcesAreTried()
     {
-        QFETCH(QString, source);
         QFETCH(QStringList, told);
         ManualClock clock;
         SourceTest test(clock);
-        test.start(source, {});
+        test.start(cell("source"), {});
         for (const QString &text : told)
             QTRY_VERIFY2(test.report().contains(text), qPrintable(test.report()));
     }

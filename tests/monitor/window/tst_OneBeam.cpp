@@ -11,8 +11,6 @@
 #include <corvale_qt/scope/RVXScopePlotView.h>
 #include <corvale_qt/scope/statistics/RVX_StatisticsHistogramItem.h>
 
-#include <QTemporaryDir>
-
 using namespace Monitor;
 using Corvale_Qt::BeamEstimator;
 using Corvale_Qt::RVXScopePlotView;

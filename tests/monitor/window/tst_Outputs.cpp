@@ -8,7 +8,6 @@
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TextTable.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 #include <qwt_plot.h>
@@ -230,11 +229,10 @@ private Q_SLOTS:
 
     void anExpressionIsRefusedAtItsPlace()
     {
-        QFETCH(QString, name);
         QFETCH(QString, expression);
         StreamHeader header;
         header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 2);
-        ComputedDialog dialog({{"before", "", "ch1"}, {name, "", expression}}, header);
+        ComputedDialog dialog({{"before", "", "ch1"}, {cell("name"), "", expression}}, header);
         dialog.findChild<QListWidget *>("computed")->setCurrentRow(1);
         QTEST(dialog.findChild<QLabel *>("fault")->text(), "fault");
         QFETCH(QString, fault);

@@ -12,7 +12,6 @@
 #include "tests/monitor/support/ManualClock.h"
 #include "tests/support/Files.h"
 #include "tests/support/Mouse.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 

@@ -111,12 +111,11 @@ private Q_SLOTS:
     }
     void everythingStandsOut()
     {
-        QFETCH(int, choice);
         WindowInTest w(file("contrast.xui"));
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
         w.session.setPaused(true); // a state that the window marks
-        w.window.findChild<Appearance *>()->choose(Appearance::Choice(choice));
+        w.window.findChild<Appearance *>()->choose(Appearance::Choice(cell<int>("choice")));
         QCoreApplication::processEvents();
         int looked = 0;
         QStringList pale = paleParts(&w.window, looked);
@@ -156,12 +155,11 @@ private Q_SLOTS:
     }
     void theFocusIsSeen()
     {
-        QFETCH(int, choice);
         WindowInTest w(file("focus.xui"));
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
         w.session.setPaused(true);
-        w.window.findChild<Appearance *>()->choose(Appearance::Choice(choice));
+        w.window.findChild<Appearance *>()->choose(Appearance::Choice(cell<int>("choice")));
         QTRY_VERIFY((w.window.activateWindow(), QApplication::activeWindow() == &w.window));
         QTabWidget *pages = &w.window.displays();
         QSet<QWidget *> seen;

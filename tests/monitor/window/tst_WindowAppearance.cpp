@@ -21,11 +21,8 @@
 #include "tests/support/Files.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/Pixels.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
-
-#include <QStandardItemModel>
 
 using namespace Monitor;
 
@@ -136,8 +133,7 @@ private Q_SLOTS:
     void keysAndMnemonicsDoNotClash_data() { addLanguages(); }
     void keysAndMnemonicsDoNotClash()
     {
-        QFETCH(QString, language);
-        const InLanguage inLanguage(language);
+        const InLanguage inLanguage(cell("language"));
         SmallWindow w(file("keys.xui"));
         QMap<QString, QString> owners;
         QSet<const QAction *> inMenus;
@@ -176,8 +172,7 @@ private Q_SLOTS:
     void mnemonicsOfDialogsDoNotClash_data() { addLanguages(); }
     void mnemonicsOfDialogsDoNotClash()
     {
-        QFETCH(QString, language);
-        const InLanguage inLanguage(language);
+        const InLanguage inLanguage(cell("language"));
         ManualClock clock;
         SettingsDialog settings(MonitorOptions(), file("dialog.xui"));
         auto *pages = settings.findChild<QTabWidget *>();
@@ -342,13 +337,11 @@ private Q_SLOTS:
     }
     void nothingIsClippedOnASmallScreen()
     {
-        QFETCH(QString, language);
         QFETCH(int, points);
-        QFETCH(bool, mirrored);
         QFETCH(bool, dark);
-        const InLanguage inLanguage(language);
+        const InLanguage inLanguage(cell("language"));
         const InPoints inPoints(points);
-        const InDirection inDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        const InDirection inDirection(cell<bool>("mirrored") ? Qt::RightToLeft : Qt::LeftToRight);
         // A person who reads larger text has a larger screen, as far as there are any.
         const QSize screen =
             points > 10 ? 2 * WindowInTest::smallScreen : WindowInTest::smallScreen;

@@ -10,7 +10,6 @@
 #include "tests/scope/ScopeTestModel.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/Profiles.h"
-#include "tests/support/Rows.h"
 #include "tests/support/TestMain.h"
 
 #include <qwt_plot.h>
@@ -97,10 +96,8 @@ private Q_SLOTS:
     }
     void findTheBeam()
     {
-        QFETCH(int, type);
-        QFETCH(Parameters, parameters);
         QwtPlot plot;
-        const Item item = makeItem(type, parameters);
+        const Item item = makeItem(cell<int>("type"), cell<Parameters>("parameters"));
         item->attach(&plot);
         QVERIFY(item->compute(16, beam(), 48.5));
         QCOMPARE(item->status(), FitStatus::Ok);
@@ -148,11 +145,9 @@ private Q_SLOTS:
     }
     void sayWhyThereIsNothing()
     {
-        QFETCH(int, type);
-        QFETCH(Parameters, parameters);
         QFETCH(Bars, bars);
         QFETCH(QString, message);
-        const Item item = makeItem(type, parameters);
+        const Item item = makeItem(cell<int>("type"), cell<Parameters>("parameters"));
         QVERIFY(!item->compute(0, bars, bars.size() + 0.5));
         QCOMPARE(item->statusMessage(), message);
         QVERIFY(item->status() != FitStatus::Ok && !item->fit().valid);
@@ -267,7 +262,6 @@ private Q_SLOTS:
     void labelsOfFits()
     {
         QFETCH(int, type);
-        QFETCH(Parameters, parameters);
         Bars bars = Profiles::gaussian<float>(32, 12.3, 2.5, 4.0);
         QVector<double> noise;
         for (int i = 0; i < bars.size(); ++i) {
@@ -278,7 +272,7 @@ private Q_SLOTS:
         const double signal = std::accumulate(bars.begin(), bars.end(), 0.0)
             - std::accumulate(noise.begin(), noise.end(), 0.0);
         const double snr = signal / (std::sqrt(32.0 - noise.size()) * deviation(noise));
-        const Item item = makeItem(type, parameters);
+        const Item item = makeItem(type, cell<Parameters>("parameters"));
         setDeviceFit(*item, {12.3, 2.5, 4.0});
         for (const QString &unit : {QString("nA"), QString()}) {
             item->setValueUnit(unit);

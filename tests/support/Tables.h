@@ -4,6 +4,27 @@
 #include <QRegularExpression>
 #include <QTest>
 
+//! Adds columns to a test's table: columns<double, QString>("width", "text").
+template<typename... Types, typename... Names>
+void columns(Names... names)
+{
+    (QTest::addColumn<Types>(names), ...);
+}
+
+//! Adds a row to a test's table, with a value for each column; a string literal fills a column of QString.
+template<typename... Values>
+void row(const char *name, Values... values)
+{
+    (QTest::newRow(name) << ... << values);
+}
+
+//! Returns a cell of the current row of a test's table, as QFETCH() does, for a cell that is used once.
+template<typename T = QString>
+T cell(const char *column)
+{
+    return *static_cast<const T *>(QTest::qData(column, qMetaTypeId<T>()));
+}
+
 /*! Fills a test's table from \a text, of which each line is a row and '|' separates the cells, blanks around which do not
     count. The first line names the columns, with the type in front of the name unless cells are texts: "| int capacity | script". If it
     begins with "||", that separates the cells, which may contain '|' then. Each other line begins with the name of its row. A row

@@ -416,7 +416,7 @@ private:
     }
 
     //! Returns whether a model shows merged channels. A merged model announces when its rows change, but not always each
-    //! cell whose row came from another source before; tst_MergedDiamonds checks its numbers.
+    //! cell whose row came from another source before; tst_MergedRows checks its numbers.
     static bool showsMerged(const Model *model)
     {
         while (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model)) {

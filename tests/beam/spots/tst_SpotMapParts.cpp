@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/GaussianRadialGradientBrush.h"
 #include "corvale_qt/beam/spots/RowSelection_p.h"
+#include "corvale_qt/beam/spots/SelectionRings_p.h"
+#include "corvale_qt/beam/spots/SpotCover_p.h"
 #include "corvale_qt/beam/spots/SpotHitTest_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
+#include "corvale_qt/beam/spots/SpotPictureCache_p.h"
+#include "tests/beam/spots/SpotMapInTest.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
-
 using Spot = SpotMapView::MapSpot;
 
 namespace {
@@ -87,9 +90,49 @@ QImage pictureOf(const QBrush &brush)
     return image;
 }
 
+//! Each call of the drawing function, such as "from 3 of 5".
+QStringList drawn;
+
+void drawNothing(QPainter &, const SpotList &spots, int first, const SpotStyle &)
+{
+    drawn << QString("from %1 of %2").arg(first).arg(spots.size());
+}
+
+SpotStyle styleOf(const SpotList &spots)
+{
+    return {QSize(60, 60), 1.0, QRectF(0, 0, 60, 60), spots.largestDose(), Qt::white, Qt::black};
+}
+
+Spot spotAt(float x, float dose)
+{
+    return {x, 30, dose, 3};
+}
+
+//! Returns a spot anywhere on a map of 60 x 60 or beside it, narrow or wide, with a dose of any kind.
+Spot randomSpot(QRandomGenerator &random)
+{
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    const float doses[] = {-1, 0, -0.0F, 1e-30F, 1, 5, 9, 1e38F, nan};
+    const float sigmas[] = {0.01F, 0.3F, 1, 3, 11, 1e30F, 0, nan};
+    const auto place = [&] {
+        return random.bounded(40) == 0 ? 3e38F : float(random.bounded(100.0) - 20);
+    };
+    const float x = place(), y = place(), dose = doses[random.bounded(9)];
+    return {x,
+            y,
+            dose,
+            sigmas[random.bounded(20) == 0 ? 5 + random.bounded(3) : random.bounded(5)]};
+}
+
+QImage drawnBy(std::unique_ptr<SpotLayer> layer, const SpotList &spots, const SpotStyle &style)
+{
+    SpotPictureCache picture(std::move(layer));
+    picture.update(spots, style);
+    return picture.image();
+}
+
 } // namespace
 
-//! What the spot map is made of: its list, its brushes, the rows that are selected.
 class tst_SpotMapParts : public QObject
 {
     Q_OBJECT
@@ -263,6 +306,158 @@ private Q_SLOTS:
             QVERIFY(brush->boundingRect().isEmpty());
             QCOMPARE(pictureOf(*brush), pictureOf(Qt::NoBrush));
         }
+    }
+
+    void onlyWhatIsNewIsDrawn()
+    {
+        SpotPictureCache picture(makePaintedLayer(makeImageBuffer(), drawNothing));
+        SpotList spots;
+        spots.assign({spotAt(1, 5), spotAt(2, 1)});
+        const auto update = [&] {
+            drawn.clear();
+            picture.update(spots, styleOf(spots));
+            return drawn.join(", ");
+        };
+        QCOMPARE(update(), QString("from 0 of 2"));
+        QCOMPARE(update(), QString());
+        const quint64 version = picture.version();
+        update();
+        QCOMPARE(picture.version(), version);
+        spots.insert(2, {spotAt(3, 1)});
+        spots.insert(3, {spotAt(4, 1)});
+        QCOMPARE(update(), QString("from 2 of 4"));
+        QVERIFY(picture.version() > version);
+        // Several changes are one redraw.
+        spots.insert(0, {spotAt(3, 1)});
+        spots.remove(2, 1);
+        spots.replace(0, spotAt(8, 1));
+        QCOMPARE(update(), QString("from 0 of 4"));
+        // A new largest dose is another style.
+        spots.insert(4, {spotAt(5, 9)});
+        QCOMPARE(update(), QString("from 0 of 5"));
+        picture.reset();
+        QCOMPARE(update(), QString("from 0 of 5"));
+    }
+
+    void aPartDrawnAnewEqualsTheWhole()
+    {
+        QRandomGenerator random(5);
+        // The last picture is large enough to be shaded in several bands.
+        for (const auto &[ratio, steps] :
+             {std::pair(1, 400), std::pair(2, 400), std::pair(14, 12)}) {
+            SpotPictureCache picture(makeShadedLayer());
+            SpotList spots;
+            SpotStyle style = styleOf(spots);
+            style.pixels *= ratio;
+            style.pixelRatio = ratio;
+            style.fullScaleDose = 6;
+            for (int step = 0; step < steps; ++step) {
+                const int row = random.bounded(spots.size() + 1);
+                if (step % 5 == 4 && row < spots.size())
+                    spots.remove(row, 1);
+                else if (step % 5 < 2 || row == spots.size())
+                    spots.insert(step % 5 == 0 ? spots.size() : row, {randomSpot(random)});
+                else
+                    spots.replace(row, randomSpot(random));
+                if (step % 50 == 49) // wide spots would cover all in the end
+                    spots.remove(0, spots.size() - 5);
+                picture.update(spots, style);
+                QCOMPARE(
+                    largestDifference(picture.image(), drawnBy(makeShadedLayer(), spots, style)),
+                    0);
+            }
+        }
+    }
+
+    //! Rows of any length, beginning anywhere: each pixel as the formula says, and not a bit of another one.
+    void pixelsAreCoveredAlikeOnEveryProcessor()
+    {
+        constexpr int width = 40;
+        QRandomGenerator random(8);
+        std::vector<float> alongX(width + SpotCover::slack);
+        for (float &gauss : alongX)
+            gauss = float(random.bounded(1.0));
+        std::vector<SpotRow> rows;
+        for (int first = 0; first < width; ++first) {
+            for (int behind = first; behind <= width; ++behind)
+                rows.push_back({float(random.bounded(1.0)), first, behind});
+        }
+        std::vector<float> before(rows.size() * width + SpotCover::slack);
+        for (float &part : before)
+            part = float(random.bounded(1.0));
+        const SpotCover spot{alongX.data(), rows.data(), int(rows.size()), 1.7F, 0.06F};
+        std::vector<float> expected = before;
+        for (std::size_t y = 0; y < rows.size(); ++y) {
+            for (int x = rows[y].first; x < rows[y].behind; ++x) {
+                float &part = expected[y * width + std::size_t(x)];
+                part = spot.covered(part, alongX[std::size_t(x)] * rows[y].height);
+            }
+        }
+        for (const CoverPixels cover : {plainCover(), fastestCover()}) {
+            std::vector<float> pixels = before;
+            cover(pixels.data(), width, spot);
+            QVERIFY(pixels == expected);
+        }
+    }
+
+    //! Any spot, as wide as a map can show it, alone and below another one, against a painter with the spots' brushes.
+    void aSpotIsThatOfItsBrush()
+    {
+        int alone = 0, both = 0;
+        for (const float sigma : {0.3F, 0.8F, 2.0F, 5.0F, 6.0F, 6.7F, 8.25F, 8.5F, 11.5F}) {
+            for (const float dose : {-1.0F, 0.5F, 4.0F, 9.0F}) {
+                for (const float above : {0.0F, -2.0F, 5.0F}) {
+                    SpotList spots;
+                    spots.assign({{30.3F, 29.6F, dose, sigma}, {29.0F, 30.0F, above, sigma}});
+                    SpotStyle style = styleOf(spots);
+                    style.pixels *= 5;
+                    style.fullScaleDose = 6;
+                    style.background = QColor(20, 60, 20);
+                    auto painter = makePaintedLayer(makeImageBuffer(), drawSpots);
+                    int &largest = above == 0.0F ? alone : both;
+                    const QImage ours = drawnBy(makeShadedLayer(), spots, style);
+                    const QImage painted = drawnBy(std::move(painter), spots, style);
+                    largest = std::max(largest, largestDifference(ours, painted));
+                }
+            }
+        }
+        QVERIFY2(alone <= 2, qPrintable(QString::number(alone)));
+        QVERIFY2(both <= 3, qPrintable(QString::number(both)));
+    }
+
+    void hiddenRingsChangeNoPixel_data()
+    {
+        columns<double, double>("ratio", "largest");
+        row("small", 1.0, 12.0);
+        row("wider than a word of bits", 1.0, 45.0);
+        row("some too large for a picture", 1.0, 140.0);
+        row("three device pixels to two", 1.5, 20.0);
+        row("doubled pixels", 2.0, 40.0);
+    }
+
+    //! Rings of all sizes, of which later ones hide many, look as if each of them were drawn.
+    void hiddenRingsChangeNoPixel()
+    {
+        QFETCH(double, ratio);
+        QFETCH(double, largest);
+        QRandomGenerator random(7);
+        QImage together(qRound(200 * ratio), qRound(150 * ratio), QImage::Format_RGB32);
+        together.setDevicePixelRatio(ratio);
+        together.fill(Qt::darkCyan);
+        QImage eachAlone = together;
+        QPainter painter(&together), painterOfEach(&eachAlone);
+        SelectionRings rings(painter, Qt::yellow, ratio),
+            ringsOfEach(painterOfEach, Qt::yellow, ratio);
+        for (int i = 0; i < 400; ++i) {
+            // Some reach beyond the edges.
+            const QPointF centre(random.bounded(220.0) - 10.0, random.bounded(170.0) - 10.0);
+            const double radius = random.bounded(5) * largest / 4;
+            rings.add(centre, radius);
+            ringsOfEach.add(centre, radius);
+            ringsOfEach.draw();
+        }
+        rings.draw();
+        QCOMPARE(together, eachAlone);
     }
 };
 

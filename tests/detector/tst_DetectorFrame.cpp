@@ -15,9 +15,7 @@ using Change = std::function<void(BeamProfile &)>;
 
 namespace {
 
-DetectorLayout matrix(int rows,
-                      int columns,
-                      double pitch,
+DetectorLayout matrix(int rows, int columns, double pitch,
                       const std::function<void(DetectorDescription &)> &change = {})
 {
     DetectorDescription description;
@@ -30,12 +28,8 @@ DetectorLayout matrix(int rows,
 }
 
 //! Samples a Gaussian whose major axis is turned by \a angle.
-QVector<double> turnedBeam(const DetectorLayout &layout,
-                           QPointF mean,
-                           double major,
-                           double minor,
-                           double angle,
-                           double background = 0)
+QVector<double> turnedBeam(const DetectorLayout &layout, QPointF mean, double major, double minor,
+                           double angle, double background = 0)
 {
     QVector<double> cells;
     for (double y : layout.positions(Axis::Y)) {
@@ -78,9 +72,7 @@ QVector<BeamEstimate> allEstimates(const BeamProfile &profile)
 
 Change density(const CellCharges::Density &density)
 {
-    return [density](BeamProfile &profile) {
-        profile = CellCharges::strips(32, 2, density);
-    };
+    return [density](BeamProfile &profile) { profile = CellCharges::strips(32, 2, density); };
 }
 
 //! Adds a share of the peak to each reading.
@@ -352,19 +344,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>(
             "verdicts"); // centre of gravity, three points, regression, fit, fit with slope, FWHM, D4sigma
         QTest::addColumn<QString>("reason"); // of the first that is not valid
-        const auto row = [](const char *name,
-                            const Change &change,
-                            const char *verdicts,
-                            const char *reason,
-                            double mean = kMean) {
+        const auto row = [](const char *name, const Change &change, const char *verdicts,
+                            const char *reason, double mean = kMean) {
             QTest::newRow(name) << change << mean << verdicts << reason;
         };
         const auto ofBeamAt = [](double mean) {
             return density(CellCharges::gaussian(mean, kSigma));
         };
-        const auto even = [](double) {
-            return 1.0;
-        };
+        const auto even = [](double) { return 1.0; };
         row("nothing", ofBeamAt(kMean), "VVVVVVV", "");
         row("noise", noise, "VVVVVVV", "");
         row("pedestal of 5 %", pedestal(0.05), "PPPVVVV", "the residuals are 17 % of the peak");
@@ -373,9 +360,7 @@ private Q_SLOTS:
         row("background rising to 40 %", slope(0.4), "PPPPVP-", "the residuals are");
         row("hot strip beside the beam", cell(3, 6), "PPPPPPP", "37 % of the charge lies in");
         row("hot strip on the flank", cell(14, 6), "PPPPPPP", "39 % of the charge lies in");
-        row("half too much at the top",
-            cell(17, 3),
-            "PPPPPPP",
+        row("half too much at the top", cell(17, 3), "PPPPPPP",
             "the residuals are 8.3 % of the peak");
         row("dead strip at the peak", cell(17, 0, true), "PPPPPPP", "18 % of the charge lies in");
         row("dead strip that nobody named", cell(17, 0), "-------", "the residuals are");
@@ -495,9 +480,7 @@ private Q_SLOTS:
     {
         const QString told = "all other cells read 0: hot, or a beam narrower than a cell";
         for (const bool alone : {true, false}) {
-            BeamProfile profile = CellCharges::strips(32, 2, [](double) {
-                return 0.0;
-            });
+            BeamProfile profile = CellCharges::strips(32, 2, [](double) { return 0.0; });
             profile.readings[12] = 80;
             profile.readings[13] = alone ? 0 : 40;
             flagHotCells(profile);
@@ -516,8 +499,7 @@ private Q_SLOTS:
             readings[66] = 80;
             readings[67] = alone ? 0 : 60;
             DetectorFrame frame = DetectorFrame::of(DetectorLayout::fromDescription(described),
-                                                    readings.data(),
-                                                    int(readings.size()));
+                                                    readings.data(), int(readings.size()));
             frame.flagHotCellsOfMatrix();
             for (const auto axis : {DetectorLayout::Axis::X, DetectorLayout::Axis::Y}) {
                 BeamProfile profile = frame.profile(axis);

@@ -56,8 +56,7 @@ bool changeAxis(DetectorAxis &axis, const QString &field, const QVector<double> 
 }
 
 //! Changes what is not of one axis.
-void changeRest(DetectorDescription &description,
-                const QString &what,
+void changeRest(DetectorDescription &description, const QString &what,
                 const QVector<double> &numbers)
 {
     if (what == "matrix")
@@ -154,10 +153,8 @@ private Q_SLOTS:
     {
         const auto layout =
             DetectorLayout::fromDescription(strips(DetectorAxis::at({0, 1, 3}, mm)));
-        QCOMPARE(text({layout.positionAt(Axis::X, 0.5),
-                       layout.positionAt(Axis::X, 1.25),
-                       layout.positionAt(Axis::X, -1),
-                       layout.positionAt(Axis::X, 2.5)}),
+        QCOMPARE(text({layout.positionAt(Axis::X, 0.5), layout.positionAt(Axis::X, 1.25),
+                       layout.positionAt(Axis::X, -1), layout.positionAt(Axis::X, 2.5)}),
                  QString("0.5 1.5 -1 4"));
     }
 
@@ -311,14 +308,12 @@ private Q_SLOTS:
             rows in the wiring        | "noise": 0.02 | "wiring": [[1,2,3],\n[4,5,6],\n[7,1,9]]
                 | line 8, wiring[2][1]: reading 1 is wired twice
         )");
-        const auto row =
-            [](const char *name, const char *from, const char *to, const char *message) {
-                QTest::newRow(name) << QByteArray(from) << QByteArray(to) << message;
-            };
+        const auto row = [](const char *name, const char *from, const char *to,
+                            const char *message) {
+            QTest::newRow(name) << QByteArray(from) << QByteArray(to) << message;
+        };
         row("no unit", ", \"unit\": \"mm\" }", " }", "line 4, x.unit: is missing");
-        row("a key spelt with an escape",
-            "\"pitch\"",
-            "\"\\u0063ells\"",
+        row("a key spelt with an escape", "\"pitch\"", "\"\\u0063ells\"",
             "line 5, the key \"\\u0063ells\" is given twice, or with a backslash");
     }
     void mistakesAreToldWithLineAndKey()
@@ -354,10 +349,7 @@ private Q_SLOTS:
 
     void linesMakeALayout_data()
     {
-        columns<QStringList, int, QString, QString, QString>("lines",
-                                                             "readings",
-                                                             "summary",
-                                                             "x",
+        columns<QStringList, int, QString, QString, QString>("lines", "readings", "summary", "x",
                                                              "y");
         const auto row = [](const char *name, const char *lines, int readings) -> QTestData & {
             return QTest::newRow(name) << QString::fromLatin1(lines).split('|') << readings;
@@ -387,8 +379,7 @@ private Q_SLOTS:
                                                                      << "-3 -1 1 3"
                                                                      << "0";
         row("JSON, amended",
-            "#detector {\"detector\":1,\"kind\":\"strips\",\"x\":{\"cells\":4}}|#pitch x 2 mm",
-            4)
+            "#detector {\"detector\":1,\"kind\":\"strips\",\"x\":{\"cells\":4}}|#pitch x 2 mm", 4)
             << "strips 4 + 0, mm"
             << "-3 -1 1 3"
             << "";
@@ -417,12 +408,8 @@ private Q_SLOTS:
     void linesAboutChannels()
     {
         DetectorLines lines;
-        for (const char *line : {"#gain 1.02,0.98,1",
-                                 "#pedestal 0.5",
-                                 "#saturation 500",
-                                 "#dead 3",
-                                 "#noise 0.1",
-                                 "#density"})
+        for (const char *line : {"#gain 1.02,0.98,1", "#pedestal 0.5", "#saturation 500", "#dead 3",
+                                 "#noise 0.1", "#density"})
             QVERIFY(lines.take(line) == DetectorLines::Line::Taken);
         const DetectorLayout layout = lines.layout(stream(DetectorKind::Channels, 3));
         QCOMPARE(layout.summary(), QString("3 channels"));

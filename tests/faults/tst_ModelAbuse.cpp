@@ -81,9 +81,7 @@ public:
         if (below(3) == 0)
             addMeddler(anyModel());
         m_act = QStringLiteral("step %1: ").arg(++m_steps);
-        act(below(places), [](const Model *) {
-            return true;
-        });
+        act(below(places), [](const Model *) { return true; });
         for (int place = 0; place < places; ++place)
             if (!m_models[place])
                 renew(place);
@@ -340,9 +338,7 @@ private:
             .clear(); // from here on, listeners hear of changes in another order than they happen
         m_act += QStringLiteral("[%1 says, ").arg(isEnd ? "end" : "begin");
         const QSet<const Model *> busy = m_busy | reachOf(sender);
-        act(below(places), [&](const Model *model) {
-            return !busy.contains(model);
-        });
+        act(below(places), [&](const Model *model) { return !busy.contains(model); });
         readAll();
         m_act += QStringLiteral("] ");
         m_mayMeddle = true;
@@ -452,18 +448,14 @@ private:
             return mirrorOf(zeroing);
         if (auto *computed = qobject_cast<RVXComputedChannelsProxyModel *>(model))
             return mirrorOf(computed);
-        return [] {
-            return QString();
-        };
+        return [] { return QString(); };
     }
     template<typename Proxy>
     static Check mirrorOf(Proxy *proxy)
     {
         const auto mirror = std::make_shared<TableMirror<Proxy>>(proxy);
         const auto account = std::make_shared<RowAccount>(proxy);
-        return [mirror, account] {
-            return mirror->error() + account->error();
-        };
+        return [mirror, account] { return mirror->error() + account->error(); };
     }
 
     const Plant m_plant;

@@ -94,9 +94,7 @@ void addPropertyActions(const QMetaProperty &property, QVector<Action> &actions)
         return;
     if (property.userType() == QMetaType::Bool) {
         for (int i = 0; i < 2; ++i)
-            add([](const QVariant &value) {
-                return QVariant(!value.toBool());
-            });
+            add([](const QVariant &value) { return QVariant(!value.toBool()); });
     } else if (property.isEnumType() || property.userType() == QMetaType::Int) {
         QVector<int> numbers{0, 1, 2, 3, 5, 10};
         if (property.isEnumType()) {
@@ -105,9 +103,7 @@ void addPropertyActions(const QMetaProperty &property, QVector<Action> &actions)
                 numbers.append(property.enumerator().value(i));
         }
         for (const int number : qAsConst(numbers))
-            add([number](const QVariant &) {
-                return QVariant(number);
-            });
+            add([number](const QVariant &) { return QVariant(number); });
     } else if (property.userType() == QMetaType::Double) {
         for (const double factor : {2.0, 0.0})
             add([factor](const QVariant &value) {
@@ -118,9 +114,7 @@ void addPropertyActions(const QMetaProperty &property, QVector<Action> &actions)
             return QVariant(QDateTime(QDate(2026, 3, 1), QTime(12, 0), Qt::UTC));
         });
     } else if (property.userType() == QMetaType::QString) {
-        add([](const QVariant &value) {
-            return QVariant(value.toString() + QLatin1Char('u'));
-        });
+        add([](const QVariant &value) { return QVariant(value.toString() + QLatin1Char('u')); });
     }
 }
 
@@ -171,12 +165,8 @@ void addDataActions(QVector<Action> &actions)
         for (QAbstractItemModel *model : specimen.models())
             model->removeRows(0, model->rowCount());
     };
-    const auto paint = [](Specimen &specimen) {
-        specimen.widget->grab();
-    };
-    const auto wait = [](Specimen &) {
-        QCoreApplication::processEvents();
-    };
+    const auto paint = [](Specimen &specimen) { specimen.widget->grab(); };
+    const auto wait = [](Specimen &) { QCoreApplication::processEvents(); };
     actions << feed << paint << wait << empty << paint << wait;
 }
 

@@ -41,12 +41,10 @@ void beSilent(QtMsgType, const QMessageLogContext &, const QString &) { }
 std::vector<std::string> fuzzSeeds()
 {
     return {payloadOf({"ch1", "QV1/current"}),
-            payloadOf({QString(),
-                       "",
+            payloadOf({QString(), "",
                        QString::fromUtf8("\xc2\xb5"
                                          "A")}),
-            std::string("\x7f\xff\xff\xfe", 4),
-            std::string("\0\0\0\3abc", 7),
+            std::string("\x7f\xff\xff\xfe", 4), std::string("\0\0\0\3abc", 7),
             std::string(64, '\0')};
 }
 

@@ -137,9 +137,8 @@ void readInto(const QByteArray &content, RecordingSink *sink)
     file.flush();
     CsvReader reader(*sink);
     reader.setPassingDamage(true);
-    reader.setDamageHandler([](CsvReader::Damage, const QString &text) {
-        FUZZ_REQUIRE(!text.isEmpty());
-    });
+    reader.setDamageHandler(
+        [](CsvReader::Damage, const QString &text) { FUZZ_REQUIRE(!text.isEmpty()); });
     if (!reader.open(file.fileName())) {
         readAsGuessed(file.fileName(), content, sink);
         return;

@@ -58,11 +58,7 @@ public:
             m_last = data(words);
             break;
         case 'e':
-            H5Lcreate_external("/nowhere.h5",
-                               "/",
-                               here(),
-                               words.value(1).constData(),
-                               H5P_DEFAULT,
+            H5Lcreate_external("/nowhere.h5", "/", here(), words.value(1).constData(), H5P_DEFAULT,
                                H5P_DEFAULT);
             break;
         case 'l':
@@ -115,13 +111,8 @@ private:
         const Hdf5Sizes chunk(sizes.size(), 1);
         if (!sizes.empty() && values > mostStored)
             H5Pset_chunk(plan.id(), int(chunk.size()), chunk.data());
-        Hdf5Object made(H5Dcreate2(here(),
-                                   words.value(1).constData(),
-                                   type,
-                                   space.id(),
-                                   H5P_DEFAULT,
-                                   plan.id(),
-                                   H5P_DEFAULT));
+        Hdf5Object made(H5Dcreate2(here(), words.value(1).constData(), type, space.id(),
+                                   H5P_DEFAULT, plan.id(), H5P_DEFAULT));
         if (kind != 's' && kind != 'x' && values <= mostStored && values > 0) {
             std::vector<double> numbers(std::size_t(values), 0.0);
             for (std::size_t i = 0; i < numbers.size(); ++i)

@@ -8,13 +8,9 @@ using Corvale_Qt::Units::MeasurementUnit;
 
 std::vector<std::string> fuzzSeeds()
 {
-    return {"nA",
-            "MU/s",
-            "Gp per s",
-            "minutes",
+    return {"nA",           "MU/s",    "Gp per s", "minutes",
             "\xc2\xb0\x43", // degrees Celsius
-            "Fahrenheit",
-            "Celcius",
+            "Fahrenheit",   "Celcius",
             "\xc2\xb5\x41", // microampere
             "strips"};
 }

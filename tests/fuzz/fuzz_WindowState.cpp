@@ -119,8 +119,7 @@ std::vector<std::string> fuzzSeeds()
                             "gaussian-fit-regression-window=5\ncenter-of-gravity=true\n"
                             "center-of-threshold=20\n";
     return {
-        iniOf(window().saveGeometry(), window().saveState()),
-        scope().saveState().toStdString(),
+        iniOf(window().saveGeometry(), window().saveState()), scope().saveState().toStdString(),
         "[Monitor]\nlimits=\"a;1;2;3;4\"\nrecent=sim:ic4, a.csv\nwindows-channels=@Invalid()\n",
         "[StatisticsSetupPage]\npeaks=99999999999\n[Monitor]\ntime-span=all\nstart-with=nothing\n",
         fit};

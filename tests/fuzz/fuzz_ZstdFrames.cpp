@@ -34,11 +34,8 @@ QByteArray compressed(const QByteArray &text, uchar how)
     ZSTD_CCtx_setParameter(context, ZSTD_c_checksumFlag, (how & hasChecksum) != 0);
     ZSTD_CCtx_setParameter(context, ZSTD_c_contentSizeFlag, (how & saysItsSize) != 0);
     QByteArray frame(int(ZSTD_compressBound(std::size_t(text.size()))), '\0');
-    const std::size_t size = ZSTD_compress2(context,
-                                            frame.data(),
-                                            std::size_t(frame.size()),
-                                            text.constData(),
-                                            std::size_t(text.size()));
+    const std::size_t size = ZSTD_compress2(context, frame.data(), std::size_t(frame.size()),
+                                            text.constData(), std::size_t(text.size()));
     ZSTD_freeCCtx(context);
     frame.truncate(int(size));
     return frame;

@@ -84,9 +84,7 @@ public:
     RVXPlotHistory::Block literalBlock(qint64 firstRow, int rows, int column) const
     {
         RVXPlotHistory::Block block{std::numeric_limits<double>::infinity(),
-                                    -std::numeric_limits<double>::infinity(),
-                                    0.0,
-                                    0};
+                                    -std::numeric_limits<double>::infinity(), 0.0, 0};
         for (qint64 row = firstRow; row < firstRow + rows; ++row) {
             const double reading =
                 readings[size_t(row) * size_t(model.NumberOfChannels()) + size_t(column - 1)];

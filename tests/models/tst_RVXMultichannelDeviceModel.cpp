@@ -78,8 +78,7 @@ struct Expected
 };
 
 //! Returns where a column differs from \a wanted, from row -1 on, cell by cell, by the chunk and in memory.
-QString differenceOfColumn(const RVXMultichannelDeviceModel &model,
-                           int column,
+QString differenceOfColumn(const RVXMultichannelDeviceModel &model, int column,
                            const std::vector<double> &wanted)
 {
     const RVXBulkPlotData *const bulk = RVXBulkPlotData::of(&model);
@@ -259,10 +258,7 @@ private Q_SLOTS:
         row("one displaced", true, 3, "remove 1-1?, remove 1-1!, insert 2-4?, insert 2-4!", "");
         row("all displaced", true, 9, "remove 1-2?, remove 1-2!, insert 1-4?, insert 1-4!", "");
         row("later", false, 2, "", "insert 3-4?, insert 3-4!");
-        row("later, all displaced",
-            false,
-            9,
-            "remove 1-2?, remove 1-2!",
+        row("later, all displaced", false, 9, "remove 1-2?, remove 1-2!",
             "insert 1-4?, insert 1-4!");
         row("none", true, 0, "", "");
     }
@@ -379,9 +375,8 @@ private Q_SLOTS:
         const double value = 5.0;
         const QVariantList one{12.3, 2.5, 4.0};
         QVariantList heard;
-        connect(&model, &QAbstractItemModel::rowsInserted, this, [&] {
-            heard = fits(model.rowCount() - 1);
-        });
+        connect(&model, &QAbstractItemModel::rowsInserted, this,
+                [&] { heard = fits(model.rowCount() - 1); });
         model.appendRow(1.0, &value, one);
         QCOMPARE(heard, one);
         model.appendRow(1.0, &value, {1.0}); // a repetition
@@ -447,9 +442,7 @@ private Q_SLOTS:
         QVERIFY(shares.size() > 1 && std::is_sorted(shares.begin(), shares.end()));
         QVERIFY(shares.first() > 0.0 && shares.last() < 1.0);
         QCOMPARE(fileContents(watched), fileContents(plain));
-        const SaveProgress canceling([](double) {
-            return false;
-        });
+        const SaveProgress canceling([](double) { return false; });
         QVERIFY(!model.SaveDataToFile(watched));
         QCOMPARE(fileContents(watched), fileContents(plain)); // the older file stays
         QVERIFY(!model.SaveDataToFile(dir.filePath("new.csv")));

@@ -86,8 +86,8 @@ SweepTrigger triggerAt(double level, Edge edge, double hysteresis = 0.0, double 
 }
 
 //! Returns the times of the triggers among readings that are \a step apart.
-QVector<double>
-triggersIn(const SweepTrigger &trigger, const QVector<double> &readings, double step)
+QVector<double> triggersIn(const SweepTrigger &trigger, const QVector<double> &readings,
+                           double step)
 {
     TriggerSearch search(trigger);
     QVector<double> found;
@@ -100,8 +100,8 @@ triggersIn(const SweepTrigger &trigger, const QVector<double> &readings, double 
 
 /*! The definition, looked up backwards from each reading: it is at or beyond the level, and the last reading before it that
     was at or beyond the level is older than one that was far enough on the other side. */
-QVector<double>
-triggersByDefinition(const SweepTrigger &trigger, const QVector<double> &readings, double step)
+QVector<double> triggersByDefinition(const SweepTrigger &trigger, const QVector<double> &readings,
+                                     double step)
 {
     const auto isEdge = [&](int i, int sign) {
         if (!(sign * (readings[i] - trigger.level) >= 0.0))
@@ -216,11 +216,8 @@ class tst_ChannelLimits : public QObject
 private Q_SLOTS:
     void whichLimitsAreValid_data()
     {
-        columns<double, double, double, double, bool>("lowAlarm",
-                                                      "lowWarning",
-                                                      "highWarning",
-                                                      "highAlarm",
-                                                      "valid");
+        columns<double, double, double, double, bool>("lowAlarm", "lowWarning", "highWarning",
+                                                      "highAlarm", "valid");
         row("none", none, none, none, none, true);
         row("all", -2.0, -1.0, 1.0, 2.0, true);
         row("equal on one side", -1.0, -1.0, 1.0, 1.0, true);
@@ -246,26 +243,18 @@ private Q_SLOTS:
     {
         columns<ChannelLimits, QVector<double>, QString>("limits", "readings", "states");
         const ChannelLimits all = limitsOf(-20, -10, 10, 20); // a hysteresis of 0.4
-        row("on a limit is within it",
-            all,
-            QVector<double>{10, -10, 20, -20, 11, -10, -11, 10},
+        row("on a limit is within it", all, QVector<double>{10, -10, 20, -20, 11, -10, -11, 10},
             "nnhlhnln");
         row("up and down again", all, QVector<double>{0, 11, 21, 19.7, 19.5, 9.7, 9.5}, "nhHHhhn");
         row("from side to side", all, QVector<double>{30, -11, 11, -30}, "HlhL");
-        row("a missing reading changes nothing",
-            all,
-            QVector<double>{15, qQNaN(), 9.8, qQNaN(), 0},
+        row("a missing reading changes nothing", all, QVector<double>{15, qQNaN(), 9.8, qQNaN(), 0},
             "hhhhn");
         row("infinite readings", all, QVector<double>{qInf(), -qInf(), 0}, "HLn");
         row("one limit", limitsOf(none, none, none, 100), QVector<double>{100.5, 98.5, 98}, "HHn");
-        row("one limit below zero",
-            limitsOf(-100, none, none, none),
-            QVector<double>{-100.5, -98.5, -98},
-            "LLn");
-        row("two limits of one side, each with its own hysteresis",
-            limitsOf(none, none, 100, 200),
-            QVector<double>{201, 197, 97},
-            "HHn");
+        row("one limit below zero", limitsOf(-100, none, none, none),
+            QVector<double>{-100.5, -98.5, -98}, "LLn");
+        row("two limits of one side, each with its own hysteresis", limitsOf(none, none, 100, 200),
+            QVector<double>{201, 197, 97}, "HHn");
         row("no limits", ChannelLimits(), QVector<double>{qInf(), -1e300, 0}, "nnn");
     }
     void statesFollowTheReadings()
@@ -276,9 +265,7 @@ private Q_SLOTS:
     void statesAreThoseOfTheDefinition()
     {
         std::mt19937 random(4);
-        const auto number = [&](double most) {
-            return most * double(random() % 1001) / 1000.0;
-        };
+        const auto number = [&](double most) { return most * double(random() % 1001) / 1000.0; };
         for (int turn = 0; turn < 300; ++turn) {
             ChannelLimits limits =
                 limitsOf(-4 - number(3), -2 - number(2), 2 + number(2), 4 + number(3));
@@ -368,10 +355,8 @@ private Q_SLOTS:
                                     : turn % 2 == 0 ? std::round(reading)
                                                     : reading);
             }
-            const auto trigger = triggerAt(int(random() % 5) - 2.0,
-                                           Edge(random() % 3),
-                                           double(random() % 4) * 0.5,
-                                           double(random() % 4) * 10.0);
+            const auto trigger = triggerAt(int(random() % 5) - 2.0, Edge(random() % 3),
+                                           double(random() % 4) * 0.5, double(random() % 4) * 10.0);
             QCOMPARE(triggersIn(trigger, readings, 1.0),
                      triggersByDefinition(trigger, readings, 1.0));
         }
@@ -385,21 +370,11 @@ private Q_SLOTS:
             change(trigger);
             return trigger.isValid();
         };
-        QVERIFY(!with([](SweepTrigger &t) {
-            t.level = qQNaN();
-        }));
-        QVERIFY(!with([](SweepTrigger &t) {
-            t.hysteresis = -1.0;
-        }));
-        QVERIFY(!with([](SweepTrigger &t) {
-            t.shareBefore = 1.5;
-        }));
-        QVERIFY(!with([](SweepTrigger &t) {
-            t.holdOff = qInf();
-        }));
-        QVERIFY(!with([](SweepTrigger &t) {
-            t.channel = 0;
-        }));
+        QVERIFY(!with([](SweepTrigger &t) { t.level = qQNaN(); }));
+        QVERIFY(!with([](SweepTrigger &t) { t.hysteresis = -1.0; }));
+        QVERIFY(!with([](SweepTrigger &t) { t.shareBefore = 1.5; }));
+        QVERIFY(!with([](SweepTrigger &t) { t.holdOff = qInf(); }));
+        QVERIFY(!with([](SweepTrigger &t) { t.channel = 0; }));
     }
 
     //! Matrices of few cells with beams, noise and lone cells of any height, of which the search may leave out none too early.

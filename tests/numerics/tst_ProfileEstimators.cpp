@@ -36,18 +36,16 @@ private:
     static void estimators(int count = 6)
     {
         QTest::addColumn<Estimator>("estimate");
-        QTest::newRow("centre of gravity") << Estimator([](const BeamProfile &profile) {
-            return centreOfGravity(profile);
-        });
+        QTest::newRow("centre of gravity")
+            << Estimator([](const BeamProfile &profile) { return centreOfGravity(profile); });
         QTest::newRow("three points") << Estimator(threePointGaussian);
         QTest::newRow("regression") << Estimator([](const BeamProfile &profile) {
             LogParabolaOptions options;
             options.thresholdFraction = 0.1;
             return logParabolaGaussian(profile, options);
         });
-        QTest::newRow("least squares") << Estimator([](const BeamProfile &profile) {
-            return leastSquaresGaussian(profile);
-        });
+        QTest::newRow("least squares")
+            << Estimator([](const BeamProfile &profile) { return leastSquaresGaussian(profile); });
         if (count < 5)
             return;
         QTest::newRow("half maximum") << Estimator(halfMaximumWidth);
@@ -97,9 +95,8 @@ private Q_SLOTS:
             mean += profile.readings[i] / cells;
         for (int i = 1; i <= cells; ++i) {
             spread += std::pow(profile.readings[i] - mean, 2);
-            residuals +=
-                std::pow(profile.readings[i] - beam(profile.positions[i]) - fit.background.value,
-                         2);
+            residuals += std::pow(
+                profile.readings[i] - beam(profile.positions[i]) - fit.background.value, 2);
         }
         QVERIFY(std::abs(fit.quality.rSquared - (1 - residuals / spread)) < 1e-9);
     }
@@ -107,9 +104,8 @@ private Q_SLOTS:
     void leastSquaresFollowASlope()
     {
         const auto beam = CellCharges::gaussian(3, 4);
-        const BeamProfile profile = CellCharges::touching(Profiles::unequalWires, [&](double x) {
-            return 0.5 + 0.02 * x + beam(x);
-        });
+        const BeamProfile profile = CellCharges::touching(
+            Profiles::unequalWires, [&](double x) { return 0.5 + 0.02 * x + beam(x); });
         const BeamEstimate fit = leastSquaresGaussian(profile, FitBackground::Linear);
         QVERIFY(std::abs(fit.position.value - 3) < 1e-4 && std::abs(fit.sigma.value - 4) < 1e-4);
         QVERIFY(std::abs(fit.slope - 0.02) < 1e-5);
@@ -265,9 +261,8 @@ private Q_SLOTS:
     {
         const auto beam = CellCharges::gaussian(-40, 3);
         const auto far = CellCharges::gaussian(30, 1, 0.02);
-        const BeamProfile profile = CellCharges::strips(128, 1, [&](double x) {
-            return 0.3 + beam(x) + far(x);
-        });
+        const BeamProfile profile =
+            CellCharges::strips(128, 1, [&](double x) { return 0.3 + beam(x) + far(x); });
         const BeamEstimate found = secondMomentWidth(profile);
         QVERIFY(found.isOk() && !found.clipped);
         QVERIFY(std::abs(found.position.value + 40) < 1e-3);
@@ -341,9 +336,7 @@ private Q_SLOTS:
     }
     void fieldsWithoutEdgesOrPlateau()
     {
-        const FlatField all = flatField(CellCharges::strips(32, 2, [](double) {
-            return 3.0;
-        }));
+        const FlatField all = flatField(CellCharges::strips(32, 2, [](double) { return 3.0; }));
         QCOMPARE(int(all.status), int(EstimateStatus::PeakOnEdge));
         QVERIFY(all.flatness.value < 1e-9 && std::isnan(all.size.value));
         const BeamProfile beam = CellCharges::strips(64, 1, CellCharges::gaussian(0, 6));
@@ -361,11 +354,7 @@ private Q_SLOTS:
         QCOMPARE(statusOf(16, CellCharges::gaussian(1, 6)), int(FitStatus::Ok));
         QCOMPARE(statusOf(16, CellCharges::gaussian(-40, 6)), int(FitStatus::PeakOnEdge));
         QCOMPARE(statusOf(2, CellCharges::gaussian(-24, 6)), int(FitStatus::NotEnoughChannels));
-        QCOMPARE(statusOf(16,
-                          [](double) {
-                              return 0.0;
-                          }),
-                 int(FitStatus::SignalBelowThreshold));
+        QCOMPARE(statusOf(16, [](double) { return 0.0; }), int(FitStatus::SignalBelowThreshold));
     }
 
     void hotCellsStandAlone()
@@ -390,9 +379,7 @@ private Q_SLOTS:
         QVERIFY(pair.flags.isEmpty());
         // On cells of 2 mm, a noise of 0.01 is one of 0.005 in the density; hot is what has eight of it.
         for (const auto &[reading, isHot] : {std::pair(0.07, false), {0.1, true}}) {
-            BeamProfile dark = CellCharges::strips(32, 2, [](double) {
-                return 0.0;
-            });
+            BeamProfile dark = CellCharges::strips(32, 2, [](double) { return 0.0; });
             dark.noise = 0.01;
             dark.readings[9] = reading;
             flagHotCells(dark);
@@ -467,9 +454,8 @@ private Q_SLOTS:
         for (int trial = 0; trial < trials; ++trial) {
             const double sigma = 1.5 + trial % 7, aside = 1 + 3.0 * (trial % 31) / 31;
             const int cell = 60 + int(std::lround(aside * sigma)) + 1;
-            BeamProfile profile = CellCharges::strips(128, 1, [&](double x) {
-                return CellCharges::gaussian(60 - 63.5, sigma)(x);
-            });
+            BeamProfile profile = CellCharges::strips(
+                128, 1, [&](double x) { return CellCharges::gaussian(60 - 63.5, sigma)(x); });
             CellCharges::addNoise(profile, 0.01, unsigned(trial + 1));
             profile.readings[cell] = 2 * profile.readings[cell - 1] + 0.15;
             flagHotCells(profile);
@@ -512,18 +498,10 @@ private Q_SLOTS:
             return found.status == EstimateStatus::NotUsable
                 && field.status == EstimateStatus::NotUsable;
         };
-        QVERIFY(statusOf([](BeamProfile &p) {
-            p.readings[3] = qQNaN();
-        }));
-        QVERIFY(statusOf([](BeamProfile &p) {
-            p.positions[3] = p.positions[2];
-        }));
-        QVERIFY(statusOf([](BeamProfile &p) {
-            p.scales[3] = 0;
-        }));
-        QVERIFY(statusOf([](BeamProfile &p) {
-            p.flags.resize(3);
-        }));
+        QVERIFY(statusOf([](BeamProfile &p) { p.readings[3] = qQNaN(); }));
+        QVERIFY(statusOf([](BeamProfile &p) { p.positions[3] = p.positions[2]; }));
+        QVERIFY(statusOf([](BeamProfile &p) { p.scales[3] = 0; }));
+        QVERIFY(statusOf([](BeamProfile &p) { p.flags.resize(3); }));
         QVERIFY(!estimate(BeamProfile()).isOk());
         QVERIFY(!estimate(BeamProfile::uniform({5})).isOk());
         for (double level : {0.0, 7.0, -7.0, 1e308})

@@ -72,10 +72,7 @@ private Q_SLOTS:
 
     void momentsOfKnownShapes_data()
     {
-        columns<Values, double, double, double, double>("values",
-                                                        "mean",
-                                                        "variance",
-                                                        "skewness",
+        columns<Values, double, double, double, double>("values", "mean", "variance", "skewness",
                                                         "kurtosis");
         // Uniform over n: (n^2 - 1) / 12 and 3 - 6/5 (n^2 + 1) / (n^2 - 1).
         QTest::newRow("uniform") << Values(9, 2e-9) << 4.0 << 80.0 / 12 << 0.0

@@ -345,15 +345,9 @@ private Q_SLOTS:
     {
         const double inf = std::numeric_limits<double>::infinity();
         const QVector<QVector<double>> bad = {
-            {0, 1, std::nan(""), 1, 0},
-            {0, 1, inf, 1, 0},
-            {-1, -2, -1.5, -2, -3},
-            {1e300, 2e300, 1e300},
-            {1e-320, 2e-320, 1e-320},
-            {5, 5, 5, 5, 5},
-            {1, inf, inf, inf, 1},
-            {0, 1e-300, 1e300, 1e-300},
-            QVector<double>(9, -inf),
+            {0, 1, std::nan(""), 1, 0}, {0, 1, inf, 1, 0},          {-1, -2, -1.5, -2, -3},
+            {1e300, 2e300, 1e300},      {1e-320, 2e-320, 1e-320},   {5, 5, 5, 5, 5},
+            {1, inf, inf, inf, 1},      {0, 1e-300, 1e300, 1e-300}, QVector<double>(9, -inf),
         };
         for (const auto &values : bad) {
             const auto result = fit(values);

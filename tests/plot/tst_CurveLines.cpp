@@ -43,10 +43,8 @@ QPen yellowPen()
 }
 
 // The promise itself: each pair of neighbouring samples is a line of its own, a lonely sample a point.
-QImage everySegment(const QwtSeriesData<QPointF> &series,
-                    const QwtScaleMap &x,
-                    const QwtScaleMap &y,
-                    const QVector<int> &breaks = {})
+QImage everySegment(const QwtSeriesData<QPointF> &series, const QwtScaleMap &x,
+                    const QwtScaleMap &y, const QVector<int> &breaks = {})
 {
     QImage image = emptyCanvas();
     QPainter painter(&image);
@@ -82,9 +80,7 @@ void prepare(QwtPlotCurve &curve, const RVXSeriesData &series)
     curve.setSamples(new RVXSeriesData(series));
 }
 
-QImage drawn(const QwtPlotCurve &curve,
-             const QwtScaleMap &x,
-             const QwtScaleMap &y,
+QImage drawn(const QwtPlotCurve &curve, const QwtScaleMap &x, const QwtScaleMap &y,
              QImage image = emptyCanvas())
 {
     QPainter painter(&image);
@@ -93,11 +89,8 @@ QImage drawn(const QwtPlotCurve &curve,
 }
 
 //! Draws the curve into a layer, and the layer at once.
-QImage drawnInLayer(RVXDiscontinuousPlotCurve &curve,
-                    const QwtScaleMap &x,
-                    const QwtScaleMap &y,
-                    QImage image = emptyCanvas(),
-                    const QVector<int> &breaks = {})
+QImage drawnInLayer(RVXDiscontinuousPlotCurve &curve, const QwtScaleMap &x, const QwtScaleMap &y,
+                    QImage image = emptyCanvas(), const QVector<int> &breaks = {})
 {
     CurveLayer layer;
     layer.breaks() = breaks;
@@ -264,8 +257,7 @@ private Q_SLOTS:
     {
         RVXSingleChannelDataModel model;
         feed(model, Signal());
-        QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1),
-                             scaleMap(21001.0, 1001.0, 0.0, 999.0),
+        QCOMPARE(wrongPixels(RVXSeriesData(model, 1, 1, -1), scaleMap(21001.0, 1001.0, 0.0, 999.0),
                              scaleMap(-1.5, 1.5, 0.0, 599.0)),
                  0);
     }

@@ -195,8 +195,7 @@ void Chart::change()
     case 10:
     case 11: // stands still, perhaps elsewhere
         isHeld = !isHeld;
-        grid = PixelGrid::between(time - 0.01 * upTo(300) - 1.0,
-                                  time - 0.01 * upTo(90),
+        grid = PixelGrid::between(time - 0.01 * upTo(300) - 1.0, time - 0.01 * upTo(90),
                                   canvas.width() - 4);
         break;
     case 12: // the clock begins anew, and may reach the times of before

@@ -30,10 +30,7 @@ inline double lastFinite(const QVector<double> &values, int count, double otherw
 
 /*! Computes the averages of \a raw by their definition into \a averages, from index \a from on. Readings that are not
     finite stay and are skipped. \a before is the average before the first reading, if there is one. */
-inline void average(const QVector<double> &raw,
-                    int length,
-                    int from,
-                    QVector<double> &averages,
+inline void average(const QVector<double> &raw, int length, int from, QVector<double> &averages,
                     double before = qQNaN())
 {
     const double alpha = 1.0 / length;

@@ -119,9 +119,8 @@ private Q_SLOTS:
         RVXAveragingProxyModel proxy;
         QString early;
         // Connected before the proxy: the source has the row and the proxy has not heard of it.
-        connect(&source, &QAbstractItemModel::rowsInserted, this, [&] {
-            early = readingText(proxy.index(1, 1));
-        });
+        connect(&source, &QAbstractItemModel::rowsInserted, this,
+                [&] { early = readingText(proxy.index(1, 1)); });
         proxy.setSourceModel(&source);
         source.append(1, 4);
         QCOMPARE(early, QString("/  /  /"));
@@ -271,9 +270,7 @@ private Q_SLOTS:
         constexpr int capacity = 100000;
         constexpr int length = 16;
         const Units::mA mA;
-        const auto reading = [](int channel, int i) {
-            return channel + (i % 1000) * 1e-3;
-        };
+        const auto reading = [](int channel, int i) { return channel + (i % 1000) * 1e-3; };
         RVXSingleChannelDataModel models[5];
         RVXMultichannelProxyModel merged;
         for (int c = 0; c < 5; ++c) {
@@ -346,9 +343,7 @@ private Q_SLOTS:
             RVXAveragingProxyModel proxy, expected;
             for (const auto end :
                  {&Model::rowsRemoved, &Model::columnsInserted, &Model::columnsRemoved})
-                connect(&source, end, &proxy, [&] {
-                    proxy.setAveraging(2);
-                });
+                connect(&source, end, &proxy, [&] { proxy.setAveraging(2); });
             proxy.setSourceModel(&source);
             proxy.setAveraging(3);
             if (change == 3)
@@ -428,9 +423,8 @@ private Q_SLOTS:
         const ModelWatch watch(&proxy);
         proxy.zeroNow();
         QString atLastReset;
-        connect(&proxy, &QAbstractItemModel::modelReset, this, [&] {
-            atLastReset = proxy.isZeroed() ? QString() : rowsText(proxy) + ", ended";
-        });
+        connect(&proxy, &QAbstractItemModel::modelReset, this,
+                [&] { atLastReset = proxy.isZeroed() ? QString() : rowsText(proxy) + ", ended"; });
         other.insertChannelInFront(1);
         QVERIFY(proxy.isZeroed());
         source.act(cell("script"));

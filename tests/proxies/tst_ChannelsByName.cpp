@@ -24,9 +24,7 @@ QByteArray payloadOf(const QStringList &names)
     return payload;
 }
 
-bool drop(RVXMultichannelProxyModel &proxy,
-          const QString &format,
-          const QByteArray &payload,
+bool drop(RVXMultichannelProxyModel &proxy, const QString &format, const QByteArray &payload,
           Qt::DropAction action = Qt::CopyAction)
 {
     QMimeData mime;
@@ -214,10 +212,8 @@ private Q_SLOTS:
         RVXMultichannelProxyModel proxy;
         static int lines = 0;
         lines = 0;
-        const auto previous =
-            qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
-                ++lines;
-            });
+        const auto previous = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext &, const QString &) { ++lines; });
         const bool taken = drop(proxy, listType, cell<QByteArray>("payload"));
         qInstallMessageHandler(previous);
         QVERIFY(taken);

@@ -97,9 +97,8 @@ public:
     {
         top->setSourceModel(merged.get());
         top->setAveraging(length);
-        QObject::connect(merged.get(), &QAbstractItemModel::modelReset, top.get(), [this] {
-            isReset = true;
-        });
+        QObject::connect(merged.get(), &QAbstractItemModel::modelReset, top.get(),
+                         [this] { isReset = true; });
         account = std::make_unique<RowAccount>(top.get());
         for (Trio &trio : trios) {
             // Decides whether the merged model or the average hears of the device first.
@@ -201,9 +200,7 @@ private:
     }
     void removeColumnsOf(const QAbstractItemModel *model)
     {
-        const auto shows = [model](const Column &column) {
-            return column.model == model;
-        };
+        const auto shows = [model](const Column &column) { return column.model == model; };
         columns.erase(std::remove_if(columns.begin(), columns.end(), shows), columns.end());
     }
     void startAfresh()
@@ -381,9 +378,7 @@ private Q_SLOTS:
     void everyCellIsAnnounced()
     {
         std::mt19937 random(1);
-        const auto below = [&random](int limit) {
-            return int(random() % unsigned(limit));
-        };
+        const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
         BufferModel sources[3]{BufferModel(2), BufferModel(1), BufferModel(1)};
         RVXMultichannelProxyModel merged;
         for (const auto &[source, column] : {std::pair(1, 1), {0, 2}, {2, 1}, {0, 1}})
@@ -426,9 +421,7 @@ private Q_SLOTS:
             alone[i].setAveraging(length);
         }
         const RowAccount account(&merged);
-        const auto tick = [&](int i, double time) {
-            models[i].AddData(time, time * 0.37 + i);
-        };
+        const auto tick = [&](int i, double time) { models[i].AddData(time, time * 0.37 + i); };
         const auto compare = [&] {
             QCOMPARE(account.error(), QString());
             for (int c = 1; c <= 3; ++c) {
@@ -479,9 +472,8 @@ private Q_SLOTS:
         QFETCH(QString, script);
         Merged m;
         m.announced("append 1 1 4 / append 1 1 4");
-        connect(&m.two, &QAbstractItemModel::rowsAboutToBeInserted, this, [&] {
-            m.one.act(script);
-        });
+        connect(&m.two, &QAbstractItemModel::rowsAboutToBeInserted, this,
+                [&] { m.one.act(script); });
         QTEST(m.announced("/ append 5 5"), "announced");
     }
 
@@ -492,9 +484,8 @@ private Q_SLOTS:
         one.act("append 1 10 4");
         two.act("append 1 50");
         RVXMultichannelProxyModel merged;
-        connect(&one, &QAbstractItemModel::rowsRemoved, this, [&] {
-            merged.addSourceModel(&two, 1);
-        });
+        connect(&one, &QAbstractItemModel::rowsRemoved, this,
+                [&] { merged.addSourceModel(&two, 1); });
         merged.addSourceModel(&one, 1);
         RVXAveragingProxyModel averaging;
         averaging.setSourceModel(&merged);

@@ -62,8 +62,8 @@ struct Expected
     QVector<Channel> channels;
 };
 
-QString
-difference(const BufferModel &source, const RVXZeroingProxyModel &top, const Expected &expected)
+QString difference(const BufferModel &source, const RVXZeroingProxyModel &top,
+                   const Expected &expected)
 {
     if (top.rowCount() != source.rowCount() || top.columnCount() != source.columnCount())
         return QStringLiteral("another shape");

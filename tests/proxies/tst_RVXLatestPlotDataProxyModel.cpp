@@ -301,9 +301,7 @@ private Q_SLOTS:
         QCOMPARE(proxy.mapSelectionFromSource(proxy.mapSelectionToSource(all)), all);
         QVERIFY(!proxy.index(3, 0).isValid() && !proxy.index(0, 2).isValid());
         QVERIFY(isFatal("Invalid model index passed to RVXLatestPlotDataProxyModel::mapToSource",
-                        [&proxy] {
-                            proxy.mapToSource(proxy.createIndex(0, 2));
-                        }));
+                        [&proxy] { proxy.mapToSource(proxy.createIndex(0, 2)); }));
     }
 
     void draggedNames()
@@ -378,9 +376,7 @@ private Q_SLOTS:
         Latest proxy(&former);
         int heard = 0;
         // The table is the receiver, as in the library's connections.
-        connect(&former, &QAbstractItemModel::rowsInserted, &proxy, [&heard] {
-            ++heard;
-        });
+        connect(&former, &QAbstractItemModel::rowsInserted, &proxy, [&heard] { ++heard; });
         proxy.setSourceModel(&another);
         ModelLog log(&proxy);
         former.append(1, 1);

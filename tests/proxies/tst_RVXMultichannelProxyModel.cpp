@@ -200,9 +200,8 @@ private Q_SLOTS:
         const Units::nA nA;
         Merged m;
         int heard = 0;
-        connect(&m.proxy, &RVXMultichannelProxyModel::unitsChanged, this, [&](const auto *unit) {
-            heard += unit == &nA ? 1 : 100;
-        });
+        connect(&m.proxy, &RVXMultichannelProxyModel::unitsChanged, this,
+                [&](const auto *unit) { heard += unit == &nA ? 1 : 100; });
         // A model is passed on once, a removed one twice, however often it is inserted and removed.
         for (int i = 0; i < 100; ++i) {
             if (i > 0)
@@ -256,9 +255,9 @@ private Q_SLOTS:
             }
             return names.join(' ');
         };
-        for (const QAbstractItemModel *const model : {static_cast<QAbstractItemModel *>(&merged),
-                                                      static_cast<QAbstractItemModel *>(&zero),
-                                                      static_cast<QAbstractItemModel *>(&top)}) {
+        for (const QAbstractItemModel *const model :
+             {static_cast<QAbstractItemModel *>(&merged), static_cast<QAbstractItemModel *>(&zero),
+              static_cast<QAbstractItemModel *>(&top)}) {
             QCOMPARE(shown(*model, 0), "- nA V " + celsius.name());
             QCOMPARE(shown(*model, 1), QString("- - - -"));
         }
@@ -330,9 +329,7 @@ private Q_SLOTS:
 
         // The cells of all channels that show the model follow it, and no others.
         proxy.addSourceModel(&m.two, 1);
-        const Indexes twice{proxy.index(2, 2),
-                            proxy.index(1, 3),
-                            proxy.index(1, 0),
+        const Indexes twice{proxy.index(2, 2), proxy.index(1, 3), proxy.index(1, 0),
                             proxy.index(1, 1)};
         QCOMPARE(proxy.match(proxy.index(1, 3), Qt::DisplayRole, 1.0, 1, Qt::MatchExactly),
                  QModelIndexList{proxy.index(3, 3)});
@@ -373,9 +370,8 @@ private Q_SLOTS:
     void aSourceTakenOutByAListener()
     {
         Merged m;
-        const auto takeOut = connect(&m.proxy, &QAbstractItemModel::rowsInserted, this, [&] {
-            m.proxy.removeSourceModel(&m.two);
-        });
+        const auto takeOut = connect(&m.proxy, &QAbstractItemModel::rowsInserted, this,
+                                     [&] { m.proxy.removeSourceModel(&m.two); });
         m.two.append(1, 1);
         QCOMPARE(m.proxy.columnCount(), 2);
         disconnect(takeOut);
@@ -384,9 +380,8 @@ private Q_SLOTS:
 
         // Removed while its change is open: the proxy does not wait for the end of the change.
         m.proxy.addSourceModel(&m.two, 1);
-        const auto early = connect(&m.proxy, &QAbstractItemModel::rowsAboutToBeInserted, this, [&] {
-            m.proxy.removeSourceModel(&m.two);
-        });
+        const auto early = connect(&m.proxy, &QAbstractItemModel::rowsAboutToBeInserted, this,
+                                   [&] { m.proxy.removeSourceModel(&m.two); });
         m.two.append(2, 2);
         disconnect(early);
         m.one.append(2, 2);
@@ -407,9 +402,8 @@ private Q_SLOTS:
         device->append(1, 5);
         other.append(1, 7);
         QStringList shown;
-        connect(&proxy, &QAbstractItemModel::modelAboutToBeReset, this, [&] {
-            shown << QString::number(proxy.doubleData(1, 1));
-        });
+        connect(&proxy, &QAbstractItemModel::modelAboutToBeReset, this,
+                [&] { shown << QString::number(proxy.doubleData(1, 1)); });
         device.reset();
         QCOMPARE(shown.value(0), QString("nan"));
         QCOMPARE(rowsText(proxy), QString("1: nan 7"));
@@ -421,9 +415,7 @@ private Q_SLOTS:
         RVXMultichannelProxyModel proxy;
         BufferModel other(1);
         auto *dying = new BufferModel(1);
-        connect(dying, &QObject::destroyed, &proxy, [&proxy] {
-            proxy.removeSourceModel(nullptr);
-        });
+        connect(dying, &QObject::destroyed, &proxy, [&proxy] { proxy.removeSourceModel(nullptr); });
         proxy.addSourceModel(dying, 1);
         proxy.addSourceModel(&other, 1);
         delete dying;

@@ -196,9 +196,7 @@ private Q_SLOTS:
         BufferModel source(1, 3);
         PlainProxy proxy;
         proxy.setSourceModel(&source);
-        const auto note = [&proxy] {
-            proxy.lines << "told";
-        };
+        const auto note = [&proxy] { proxy.lines << "told"; };
         connect(&proxy, &QAbstractItemModel::rowsInserted, this, note);
         connect(&proxy, &QAbstractItemModel::rowsRemoved, this, note);
         connect(&proxy, &QAbstractItemModel::modelReset, this, note);
@@ -304,8 +302,8 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, signal);
         signal.prepend(QByteArray::number(QSIGNAL_CODE));
-        const char *const scripts[] =
-            {"append 5 50 2", "drop 1", "prepend-channel 3", "move 1", "reverse", "clear"};
+        const char *const scripts[] = {"append 5 50 2", "drop 1",  "prepend-channel 3",
+                                       "move 1",        "reverse", "clear"};
         for (int run = 0; run < 9 * int(std::size(scripts)); ++run) {
             BufferModel source(2, 4);
             source.rollOver = BufferModel::RollOver(run % 3);
@@ -361,13 +359,9 @@ private Q_SLOTS:
             proxy.setSourceModel(&source);
             onTop.setSourceModel(&proxy);
             Once once;
-            once.act = [&] {
-                proxy.setSourceModel(&two);
-            };
+            once.act = [&] { proxy.setSourceModel(&two); };
             connect(whileBeginning ? static_cast<QAbstractItemModel *>(&proxy) : &source,
-                    SIGNAL(rowsAboutToBeInserted(QModelIndex, int, int)),
-                    &once,
-                    SLOT(fire()));
+                    SIGNAL(rowsAboutToBeInserted(QModelIndex, int, int)), &once, SLOT(fire()));
             ModelLog log(&onTop);
             source.append(1, 1);
             source.append(2, 2);

@@ -305,9 +305,8 @@ private Q_SLOTS:
         QStringList pressed;
         for (auto *button : form->findChildren<QAbstractButton *>()) {
             button->show(); // including the factory reset
-            connect(button, &QAbstractButton::clicked, this, [&pressed, button] {
-                pressed << button->objectName();
-            });
+            connect(button, &QAbstractButton::clicked, this,
+                    [&pressed, button] { pressed << button->objectName(); });
         }
         dialog.show();
         for (QWidget *control : controlsOf(*form))
@@ -415,9 +414,8 @@ private:
         QTest::addColumn<MakeWidget>("makeForm");
         QTest::newRow("scope") << MakeWidget(make<RVXScope>);
         QTest::newRow("statistics page") << MakeWidget(make<RVXStatisticsSetupPage>);
-        QTest::newRow("log browser") << MakeWidget([]() -> QWidget * {
-            return new RVXLogBrowser(nullptr, {});
-        });
+        QTest::newRow("log browser")
+            << MakeWidget([]() -> QWidget * { return new RVXLogBrowser(nullptr, {}); });
         QTest::newRow("beam profile") << MakeWidget(make<RVXSpectrogram>);
         QTest::newRow("position errors") << MakeWidget(make<RVXPositionErrorPlot>);
         QTest::newRow("spot map") << MakeWidget(make<SpotMapWidget>);

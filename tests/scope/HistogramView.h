@@ -48,9 +48,8 @@ public:
             if (widget->isVisible())
                 shown << widget;
         }
-        std::sort(shown.begin(), shown.end(), [](const QWidget *a, const QWidget *b) {
-            return a->y() < b->y();
-        });
+        std::sort(shown.begin(), shown.end(),
+                  [](const QWidget *a, const QWidget *b) { return a->y() < b->y(); });
         return shown;
     }
     //! Returns the middle of columns first to last of a widget's picture, in pixels of the viewport.

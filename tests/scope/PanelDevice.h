@@ -26,9 +26,7 @@ public:
     bool SaveDataToFile(const QString &fileName) const override { return onSave(fileName); }
 
     //! Called when the samples are saved; returns whether that succeeds.
-    std::function<bool(const QString &)> onSave = [](const QString &) {
-        return true;
-    };
+    std::function<bool(const QString &)> onSave = [](const QString &) { return true; };
 };
 
 //! A visible panel that shows a device.

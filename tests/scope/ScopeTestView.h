@@ -152,8 +152,7 @@ public:
     }
     void check(int channel, bool on)
     {
-        model.setData(model.index(0, channel),
-                      on ? Qt::Checked : Qt::Unchecked,
+        model.setData(model.index(0, channel), on ? Qt::Checked : Qt::Unchecked,
                       Qt::CheckStateRole);
     }
     void showMode(int mode)

@@ -70,17 +70,13 @@ inline QString stateOf(QWidget &page)
     const auto on = [&](const char *name, const char *word) {
         return child<QGroupBox>(page, name)->isChecked() ? QString(word) : QString("-");
     };
-    QStringList words{on("fullStatsCBox", "stats"),
-                      on("CoGCBox", "cog"),
+    QStringList words{on("fullStatsCBox", "stats"), on("CoGCBox", "cog"),
                       on("regressionCBox", "fit")};
     words << (child<QAbstractButton>(page, "CoGThresholdRadio")->isChecked() ? "threshold"
                                                                              : "window");
     words << child<QComboBox>(page, "peaksEdit")->currentText();
-    for (const char *name : {"CoGThresholdEdit",
-                             "CoGWindowEdit",
-                             "RegressionThresholdEdit",
-                             "RegressionWindowEdit",
-                             "Chi2WindowEdit"})
+    for (const char *name : {"CoGThresholdEdit", "CoGWindowEdit", "RegressionThresholdEdit",
+                             "RegressionWindowEdit", "Chi2WindowEdit"})
         words << QString::number(child<QSpinBox>(page, name)->value());
     return words.join(' ');
 }

@@ -128,9 +128,7 @@ private Q_SLOTS:
     void signsStandInFront()
     {
         ModelView view(1);
-        view.model.appendRows(300, 1.0, [](int, double) {
-            return -5.0;
-        });
+        view.model.appendRows(300, 1.0, [](int, double) { return -5.0; });
         view.useMarkers();
         view.click(Qt::LeftButton, 149.6, -5.0);
         const QwtText label = view.plotMarker(0)->label();

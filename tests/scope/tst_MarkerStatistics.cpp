@@ -34,9 +34,7 @@ QVector<double> steps(double last, int count, double interval)
 QString gapsIn(const TimeGaps &gaps, RowRange rows)
 {
     QStringList found;
-    gaps.forEach(rows, [&](int row) {
-        found.append(QString::number(row));
-    });
+    gaps.forEach(rows, [&](int row) { found.append(QString::number(row)); });
     return found.join(' ');
 }
 
@@ -115,15 +113,10 @@ private Q_SLOTS:
                 sum += term(static_cast<long double>(model.doubleData(row, 2)));
             return sum / rows.size();
         };
-        const long double mean = meanOf([](long double value) {
-            return value;
-        });
-        const long double square = meanOf([](long double value) {
-            return value * value;
-        });
-        const long double variance = meanOf([mean](long double value) {
-            return (value - mean) * (value - mean);
-        });
+        const long double mean = meanOf([](long double value) { return value; });
+        const long double square = meanOf([](long double value) { return value * value; });
+        const long double variance =
+            meanOf([mean](long double value) { return (value - mean) * (value - mean); });
         QCOMPARE(statistics.count(), 3500);
         QCOMPARE(statistics.sum(), double(mean * 3500));
         QCOMPARE(statistics.mean(), double(mean));
@@ -158,8 +151,7 @@ private Q_SLOTS:
         row("an outage at once", QVector<double>{0.0} + steps(500.0, 30, 1.0), "2");
         row("an outage at the end", second + QVector<double>{280.0}, "101");
         row("a reading alone between outages",
-            second + steps(200.0, 30, 1.0).mid(0, 1) + steps(400.0, 30, 1.0),
-            "101 102");
+            second + steps(200.0, 30, 1.0).mid(0, 1) + steps(400.0, 30, 1.0), "101 102");
         row("too few to say", QVector<double>{0.0, 1.0, 2.0, 50.0}, "");
         row("a slower instrument takes over", second + steps(100.0, 100, 60.0), "");
         row(
@@ -172,8 +164,7 @@ private Q_SLOTS:
             }(),
             "");
         row("time steps back far", second + steps(10.0, 50, 1.0), "101");
-        row("a time that is no number",
-            second + QVector<double>{qQNaN()} + steps(101.0, 9, 1.0),
+        row("a time that is no number", second + QVector<double>{qQNaN()} + steps(101.0, 9, 1.0),
             "");
     }
     void gapsAreLongerThanUsualIntervals()
@@ -188,16 +179,10 @@ private Q_SLOTS:
         ScopeTestModel rolling(1, 300);
         TimeGaps gaps;
         gaps.setIntervals(3.0);
-        QObject::connect(&rolling,
-                         &QAbstractItemModel::rowsInserted,
-                         [&](QModelIndex, int first, int) {
-                             gaps.rowsInserted(first);
-                         });
-        QObject::connect(&rolling,
-                         &QAbstractItemModel::rowsRemoved,
-                         [&](QModelIndex, int first, int last) {
-                             gaps.rowsRemoved(first, last);
-                         });
+        QObject::connect(&rolling, &QAbstractItemModel::rowsInserted,
+                         [&](QModelIndex, int first, int) { gaps.rowsInserted(first); });
+        QObject::connect(&rolling, &QAbstractItemModel::rowsRemoved,
+                         [&](QModelIndex, int first, int last) { gaps.rowsRemoved(first, last); });
         QVector<double> all;
         double time = 0.0;
         for (int turn = 0; turn < 200; ++turn) {
@@ -228,9 +213,7 @@ private Q_SLOTS:
     void integralLeavesGapsOut()
     {
         // The reading is 2 t + 1, whose integral from a to b is b^2 + b - a^2 - a.
-        const auto exact = [](double a, double b) {
-            return b * b + b - a * a - a;
-        };
+        const auto exact = [](double a, double b) { return b * b + b - a * a - a; };
         ScopeTestModel model(1);
         appendTimes(model, steps(0.0, 2000, 0.5) + steps(1600.0, 3000, 0.5));
         model.append({{3101.0, qQNaN()}, {3102.0, 2.0}, {3103.0, 4.0}});
@@ -409,9 +392,8 @@ private Q_SLOTS:
         HistoryView history(100);
         ScopeMarkerStatistics asked;
         history.view.setModel(nullptr);
-        connect(history.model.get(), &QObject::destroyed, this, [&] {
-            asked = history.view.markerStatistics();
-        });
+        connect(history.model.get(), &QObject::destroyed, this,
+                [&] { asked = history.view.markerStatistics(); });
         history.append(1000);
         history.view.setModel(history.model.get());
         history.mark(200.0, 500.0);

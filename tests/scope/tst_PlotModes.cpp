@@ -29,8 +29,7 @@ public:
         context.model.set(&model);
         context.createCurves();
         context.restart();
-        QObject::connect(&model,
-                         &QAbstractItemModel::rowsInserted,
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted,
                          [this](const QModelIndex &, int first, int last) {
                              context.rowsInserted(first, last);
                          });
@@ -211,9 +210,7 @@ private Q_SLOTS:
         QFETCH(int, scrollValue);
         QFETCH(double, width);
         ScopeTestModel model(1);
-        model.appendRows(samples, 0.5, [](int, double) {
-            return 0.0;
-        });
+        model.appendRows(samples, 0.5, [](int, double) { return 0.0; });
         StripRequest request;
         request.samples = samples;
         request.sweepLength = 20;
@@ -245,9 +242,7 @@ private Q_SLOTS:
         QFETCH(double, end);
         QFETCH(bool, following);
         ScopeTestModel model(1);
-        model.appendRows(100, 0.5, [](int, double) {
-            return 0.0;
-        });
+        model.appendRows(100, 0.5, [](int, double) { return 0.0; });
         StripRequest request;
         request.samples = 100;
         request.sweepLength = 20;
@@ -274,9 +269,7 @@ private Q_SLOTS:
         QFETCH(int, samples);
         QFETCH(QString, stamps);
         std::mt19937 random(5);
-        const auto number = [&random](int below) {
-            return int(random() % unsigned(below));
-        };
+        const auto number = [&random](int below) { return int(random() % unsigned(below)); };
         // The library's model is read in bulk, the host's cell by cell.
         RVXSingleChannelDataModel bulk;
         bulk.setAutoUpdate(false);
@@ -332,9 +325,7 @@ private Q_SLOTS:
             mutable int reads = 0;
         };
         CountingModel model(1);
-        model.appendRows(100000, 1.0, [](int, double) {
-            return 0.0;
-        });
+        model.appendRows(100000, 1.0, [](int, double) { return 0.0; });
 
         StripRequest request;
         request.samples = 100000;
@@ -366,9 +357,7 @@ private Q_SLOTS:
     void daysOfSamplesKeepTheWindow()
     {
         ScopeTestModel model(1);
-        model.appendRows(100000, 1.0, [](int, double) {
-            return 0.0;
-        });
+        model.appendRows(100000, 1.0, [](int, double) { return 0.0; });
         const PlotDataReader reader(&model);
 
         StripRequest request;

@@ -30,9 +30,7 @@ public:
             auto *action = new QAction(keys, this);
             action->setShortcut(QKeySequence(keys));
             addAction(action);
-            connect(action, &QAction::triggered, this, [this, keys] {
-                hosts << keys;
-            });
+            connect(action, &QAction::triggered, this, [this, keys] { hosts << keys; });
         }
         show();
     }
@@ -224,9 +222,7 @@ private Q_SLOTS:
         const auto *title = panel.plotView()->spectrogram()->findChild<QLabel *>("label_title");
         QVERIFY(title->text() != "DW7/DW9 Plot");
         panel.setSplitEnabled(false); // there is no such tab
-        const auto state = [&] {
-            return panel.tabs() + ": " + panel.shown();
-        };
+        const auto state = [&] { return panel.tabs() + ": " + panel.shown(); };
         for (int round = 0; round < 2; ++round) {
             QTest::ignoreMessage(QtDebugMsg, "setPositionEnabled");
             QTest::ignoreMessage(QtDebugMsg, "setSplitEnabled");
@@ -317,9 +313,7 @@ private Q_SLOTS:
         panel.device.append({{4, {5}}});
         shortLived->setModel(&panel.device);
         shortLived->setConfirmClear(true);
-        QTimer::singleShot(0, shortLived, [shortLived] {
-            delete shortLived;
-        });
+        QTimer::singleShot(0, shortLived, [shortLived] { delete shortLived; });
         shortLived->findChild<QAbstractButton *>("clearButton")->click();
         QCOMPARE(panel.device.rowCount(), 2);
     }
@@ -473,9 +467,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(&window));
         DevicePanel &panel = *window.first;
         int saves = 0;
-        panel.device.onSave = [&](const QString &) {
-            return ++saves > 0;
-        };
+        panel.device.onSave = [&](const QString &) { return ++saves > 0; };
         panel.setFocus();
         QTemporaryDir folder;
         answerFileDialog(folder.filePath("data.csv"));

@@ -44,15 +44,8 @@ QString clippedControls(const Panel &panel)
 QPalette darkPalette()
 {
     const QColor dark(45, 45, 48);
-    return QPalette(Qt::white,
-                    dark,
-                    Qt::lightGray,
-                    Qt::black,
-                    Qt::gray,
-                    Qt::white,
-                    Qt::white,
-                    Qt::black,
-                    dark);
+    return QPalette(Qt::white, dark, Qt::lightGray, Qt::black, Qt::gray, Qt::white, Qt::white,
+                    Qt::black, dark);
 }
 
 //! Makes the application use an icon theme that has only a red edit-clear icon, until it is destroyed.
@@ -99,15 +92,10 @@ private Q_SLOTS:
             const Panel panel;
             const auto pixelsOfIcon = [&panel](const char *button, const auto &matches) {
                 return countPixels(
-                    panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage(),
-                    matches);
+                    panel.control<QAbstractButton>(button)->icon().pixmap(16).toImage(), matches);
             };
-            const auto isDrawn = [](const QColor &c) {
-                return c.alpha() > 0;
-            };
-            const auto isRed = [](const QColor &c) {
-                return c == QColor(Qt::red);
-            };
+            const auto isDrawn = [](const QColor &c) { return c.alpha() > 0; };
+            const auto isRed = [](const QColor &c) { return c == QColor(Qt::red); };
             for (const char *name :
                  {"saveButton", "clearButton", "confButton", "zeroButton", "clearZeroButton"})
                 QVERIFY2(pixelsOfIcon(name, isDrawn) > 20, name);
@@ -255,9 +243,7 @@ private Q_SLOTS:
         const auto isGreen = [](const QColor &c) {
             return c.green() > 220 && c.red() < 200 && c.blue() < 200;
         };
-        const auto isBlack = [](const QColor &c) {
-            return c.lightness() < 40;
-        };
+        const auto isBlack = [](const QColor &c) { return c.lightness() < 40; };
         for (const bool dark : {false, true}) {
             DevicePanel panel(1, {{1, {5}}, {2, {6}}});
             if (dark)
@@ -382,8 +368,7 @@ private Q_SLOTS:
         QVERIFY(withLegend > plain.height());
         panel.topLevelModel()->setData(panel.topLevelModel()->index(0, 1), 0, Qt::CheckStateRole);
         for (int channel = 2; channel <= 19; ++channel)
-            panel.topLevelModel()->setData(panel.topLevelModel()->index(0, channel),
-                                           0,
+            panel.topLevelModel()->setData(panel.topLevelModel()->index(0, channel), 0,
                                            Qt::CheckStateRole);
         QVERIFY(picture.size().height() < withLegend); // only one channel is shown
         picture.setLegendVisible(false);
@@ -404,11 +389,7 @@ private Q_SLOTS:
         const QPoint corner = legend->mapTo(panel.plotView(), QPoint());
         const QImage drawn = painted().copy(QRect(corner, legend->size()));
         const QColor ground = drawn.pixelColor(0, 0);
-        QVERIFY(countPixels(drawn,
-                            [ground](const QColor &color) {
-                                return color != ground;
-                            })
-                > 0);
+        QVERIFY(countPixels(drawn, [ground](const QColor &color) { return color != ground; }) > 0);
         QVERIFY(!panel.plotView()->testAttribute(Qt::WA_SetPalette));
         auto display = std::make_unique<QWidget>();
         const DisplayPicture gone(display.get());
@@ -497,15 +478,11 @@ private Q_SLOTS:
         QTRY_COMPARE(runningTimers(*legend), 0);
         view.settle(); // the values that it paints now are no picture
         QCOMPARE(runningTimers(*legend), 0);
-        const auto row = [legend](int i) {
-            return legend->model()->index(i, 0);
-        };
+        const auto row = [legend](int i) { return legend->model()->index(i, 0); };
         QCOMPARE(row(1).data().toString(), QString("right"));
         QCOMPARE(row(1).data(Qt::AccessibleTextRole).toString(), QString("right, 2.000 A"));
 
-        const auto place = [&](int i) {
-            return legend->visualRect(row(i)).center();
-        };
+        const auto place = [&](int i) { return legend->visualRect(row(i)).center(); };
         for (int i : {0, 1})
             moveMouse(legend->viewport(), place(i));
         QCOMPARE(view.raisedChannel(), 2);

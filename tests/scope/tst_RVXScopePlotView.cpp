@@ -57,9 +57,7 @@ private Q_SLOTS:
         QCOMPARE(view.channelLimits(2).highAlarm, 6.5);
         QCOMPARE(view.channelLimits(1), ChannelLimits());
         const QColor black(Qt::black);
-        const auto line = [&](double x) {
-            return view.colourIn(view.canvas(), x, 6.5);
-        };
+        const auto line = [&](double x) { return view.colourIn(view.canvas(), x, 6.5); };
         QVERIFY(line(-50.3).red() > 200 && line(48.3).red() > 200);
         view.check(2, false);
         QCOMPARE(line(48.3), black);
@@ -226,9 +224,7 @@ private Q_SLOTS:
     {
         QFETCH(int, mode);
         ModelView view(1);
-        view.model.appendRows(10, 1.0, [](int, double time) {
-            return time > 4 ? 4.0 : 0.0;
-        });
+        view.model.appendRows(10, 1.0, [](int, double time) { return time > 4 ? 4.0 : 0.0; });
         view.SetRange(-20.0, 50.0);
         view.SetPositiveOnly(cell<bool>("positiveOnly"));
         view.SetYScaleMode(mode);
@@ -295,9 +291,8 @@ private Q_SLOTS:
         ModelView view(2);
         view.useMarkers();
         view.model.pointsHint = 100;
-        view.model.appendRows(200, 1.0, [](int channel, double) {
-            return channel == 1 ? 5.0 : -7.0;
-        });
+        view.model.appendRows(200, 1.0,
+                              [](int channel, double) { return channel == 1 ? 5.0 : -7.0; });
         const QImage picture = view.canvas();
         QCOMPARE(view.colourIn(picture, 150.5, 5.0), QColor(Qt::cyan));
         QCOMPARE(view.colourIn(picture, 150.5, -7.0), QColor(Qt::green));
@@ -553,9 +548,7 @@ private Q_SLOTS:
             view.SetPlotMode(mode);
             const QString empty = mode == 2 ? "0.5..2.5Channel -1..1nA" : "0..60s -1..1nA";
             QCOMPARE(axes(), empty);
-            model.appendRows(300, 1.0, [](int, double time) {
-                return 2e6 + time;
-            });
+            model.appendRows(300, 1.0, [](int, double time) { return 2e6 + time; });
             QVERIFY2(view.y().maxValue() > 1e6, qPrintable(axes()));
             model.Clear();
             if (mode != 2) // the first reading of the next run, which draws no curve yet

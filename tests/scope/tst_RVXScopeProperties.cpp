@@ -164,36 +164,27 @@ private Q_SLOTS:
     void controlsAndProperties_data()
     {
         columns<Action, QString, QVariant, QString>("operate", "property", "value", "heard");
-        const auto row = [](const char *name,
-                            const char *property,
-                            const QVariant &value,
-                            const char *heard,
-                            const Action &operate) {
+        const auto row = [](const char *name, const char *property, const QVariant &value,
+                            const char *heard, const Action &operate) {
             QTest::newRow(name) << operate << QString(property) << value << QString(heard);
         };
-        row("tab by mouse", "plotMode", 2, "plotMode=2", [](DevicePanel &p) {
-            p.chooseTab("Histogram");
-        });
-        row("tab by key", "plotMode", 1, "plotMode=1", [](DevicePanel &p) {
-            QTest::keyClick(p.control("modeSelect"), Qt::Key_Right);
-        });
-        row("y range", "yScaleIndex", 2, "yScaleIndex=1 yScaleIndex=2", [](DevicePanel &p) {
-            p.choose("scaleYCombo", "100%");
-        });
+        row("tab by mouse", "plotMode", 2, "plotMode=2",
+            [](DevicePanel &p) { p.chooseTab("Histogram"); });
+        row("tab by key", "plotMode", 1, "plotMode=1",
+            [](DevicePanel &p) { QTest::keyClick(p.control("modeSelect"), Qt::Key_Right); });
+        row("y range", "yScaleIndex", 2, "yScaleIndex=1 yScaleIndex=2",
+            [](DevicePanel &p) { p.choose("scaleYCombo", "100%"); });
         row("positive", "positiveOnly", true, "positiveOnly=true", [](DevicePanel &p) {
             p.setYScaleIndex(2); // the button is disabled while the scale is automatic
             p.click("positiveOnlyButton");
             p.setYScaleIndex(0);
         });
-        row("average", "averaging", 100, "averaging=10 averaging=100", [](DevicePanel &p) {
-            p.choose("averagingCombo", "100x Avg");
-        });
-        row("period", "period", 100, "period=100", [](DevicePanel &p) {
-            p.choose("comboBox_period", "100 ms");
-        });
-        row("controls", "controlsVisible", false, "controlsVisible=false", [](DevicePanel &p) {
-            p.click("confButton");
-        });
+        row("average", "averaging", 100, "averaging=10 averaging=100",
+            [](DevicePanel &p) { p.choose("averagingCombo", "100x Avg"); });
+        row("period", "period", 100, "period=100",
+            [](DevicePanel &p) { p.choose("comboBox_period", "100 ms"); });
+        row("controls", "controlsVisible", false, "controlsVisible=false",
+            [](DevicePanel &p) { p.click("confButton"); });
     }
     //! A click moves the property and says so once; the property moves the control in the same way.
     void controlsAndProperties()
@@ -324,9 +315,8 @@ private Q_SLOTS:
             heard << QString::number(mode);
             panel.setPlotMode(RVXScope::StripMode);
         });
-        connect(&panel, &RVXScope::averagingChanged, this, [&](int length) {
-            heard << QString::number(length);
-        });
+        connect(&panel, &RVXScope::averagingChanged, this,
+                [&](int length) { heard << QString::number(length); });
         panel.chooseTab("Histogram");
         QCOMPARE(panel.tabs(), QString("[Strip] Scope Histogram"));
         QCOMPARE(heard.join(' '), QString("2 0"));
@@ -337,19 +327,14 @@ private Q_SLOTS:
     {
         RVXScope other;
         disarrange(other);
-        const std::pair<const char *, QVariant> settings[] = {{"plotMode", 2},
-                                                              {"yScaleMode", 2},
-                                                              {"yMinimum", -3.0},
-                                                              {"averaging", 10},
-                                                              {"period", 100},
-                                                              {"timeSpan", 1.0},
-                                                              {"markersEnabled", true},
-                                                              {"state", other.saveState()}};
+        const std::pair<const char *, QVariant> settings[] = {
+            {"plotMode", 2},          {"yScaleMode", 2},
+            {"yMinimum", -3.0},       {"averaging", 10},
+            {"period", 100},          {"timeSpan", 1.0},
+            {"markersEnabled", true}, {"state", other.saveState()}};
         for (const auto &[name, value] : settings) {
             QPointer<RVXScope> panel = new RVXScope;
-            const auto deleted = [&] {
-                delete panel;
-            };
+            const auto deleted = [&] { delete panel; };
             connect(panel, &RVXScope::plotModeChanged, deleted);
             connect(panel, &RVXScope::yScaleModeChanged, deleted);
             connect(panel, &RVXScope::rangeChanged, deleted);
@@ -497,8 +482,7 @@ private Q_SLOTS:
         QCOMPARE(viewChoices(other), before);
         const QByteArray off(1, '\0');
         QVERIFY(
-            other.restoreState(stateOf(saved,
-                                       2,
+            other.restoreState(stateOf(saved, 2,
                                        choicesAsBytes({{"barNames", off},
                                                        {"legendVisible", "another size"},
                                                        {"gapIntervals", QByteArray(8, '\xff')},

@@ -133,9 +133,7 @@ private Q_SLOTS:
         QTimer::singleShot(0, this, [&] {
             device.reset();
             answerFileDialog(m_folder.filePath("data.csv"));
-            QTimer::singleShot(0, this, [&] {
-                acknowledgeMessage(&message);
-            });
+            QTimer::singleShot(0, this, [&] { acknowledgeMessage(&message); });
         });
         panel.click("saveButton");
         QCOMPARE(message, QString("Save Data: Error saving data file."));
@@ -172,10 +170,7 @@ private Q_SLOTS:
     void yRanges_data()
     {
         columns<int, QString, QString, QString>("list", "choice", "scale", "positiveScale");
-        const auto row = [](const char *name,
-                            int list,
-                            const char *choice,
-                            const char *scale,
+        const auto row = [](const char *name, int list, const char *choice, const char *scale,
                             const char *positiveScale = nullptr) {
             QTest::newRow(name) << list << choice << scale
                                 << (positiveScale ? positiveScale : scale);
@@ -303,9 +298,7 @@ private Q_SLOTS:
         panel.SetPlotMode(Corvale_Qt::RVXScope::PlotMode(cell<int>("mode")));
         for (int i = 1; i <= samples; ++i)
             panel.device.append(i, 1e-9 * i);
-        const auto title = [&panel] {
-            return panel.plot()->axisTitle(QwtPlot::yLeft).text();
-        };
+        const auto title = [&panel] { return panel.plot()->axisTitle(QwtPlot::yLeft).text(); };
         QTRY_COMPARE(title(), QString("nA"));
         panel.device.SetUnits(&volt);
         QTRY_COMPARE(title(), QString("V"));

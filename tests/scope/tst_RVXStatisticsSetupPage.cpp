@@ -294,8 +294,7 @@ private Q_SLOTS:
         row("a full file", fullFile, "stats cog fit threshold 4 25 12 30 14 9");
         row("no file", QByteArray(), defaultState);
         row("a file with other settings", xml("Window; x 1"), defaultState);
-        row("what is missing reads as false or 0",
-            xml(page + "center-of-gravity true"),
+        row("what is missing reads as false or 0", xml(page + "center-of-gravity true"),
             "- cog - threshold 1 0 1 0 1 1");
         row("out of range",
             xml(page + "peaks 99; center-of-threshold -5; center-of-window 1e9; chi2-window 4096"),
@@ -377,10 +376,8 @@ private Q_SLOTS:
     {
         columns<QByteArray, QString, bool>("file", "keptState", "damaged");
         const QString kept = "stats cog fit threshold 4 25 12 30 14 10";
-        row("another value",
-            QByteArray(fullFile).replace(">14<", ">140<"),
-            QString(kept).replace("14", "140"),
-            false);
+        row("another value", QByteArray(fullFile).replace(">14<", ">140<"),
+            QString(kept).replace("14", "140"), false);
         row("the group is gone", xml("Window; x 1"), kept, false);
         row("the file is gone", QByteArray(), kept, false);
         row("it is damaged", fullFile.left(700), kept, true);

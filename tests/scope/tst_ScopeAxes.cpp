@@ -27,9 +27,8 @@ public:
     explicit SineView(double offset = 0.0, double amplitude = 1.0)
         : ModelView(1)
     {
-        model.appendRows(64, 1.0, [&](int, double time) {
-            return offset + amplitude * std::sin(time);
-        });
+        model.appendRows(64, 1.0,
+                         [&](int, double time) { return offset + amplitude * std::sin(time); });
         settle();
     }
 };
@@ -226,9 +225,7 @@ private Q_SLOTS:
         RVXLatestPlotDataProxyModel table;
         table.setSiPrefix(true);
         table.setSourceModel(&ofTable);
-        const auto inTable = [&table] {
-            return table.index(0, 1).data().toString();
-        };
+        const auto inTable = [&table] { return table.index(0, 1).data().toString(); };
         QCOMPARE(inTable(), QString("500.1 pA"));
         // Five times the noise keeps the digit that the table has, and would not have begun with it.
         noise = 0.5;
@@ -395,9 +392,7 @@ private Q_SLOTS:
         view.setMarkerDetails(true);
         const double top = 1500.0 * (1.0 + 0.1 * std::sin(33.0));
         const QRect around(view.atRight(33.0, top) - QPoint(2, 2), QSize(5, 5));
-        const auto isGreen = [](const QColor &color) {
-            return color == Qt::green;
-        };
+        const auto isGreen = [](const QColor &color) { return color == Qt::green; };
         QVERIFY(countPixels(view.canvas().copy(around), isGreen) > 0);
 
         ChannelLimits limits;

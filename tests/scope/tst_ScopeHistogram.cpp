@@ -68,9 +68,7 @@ private Q_SLOTS:
             view.enableHistogramItem(type, 2, {0.1, 10, 0, 0, 2, 5}, true);
         view.settle();
         QCOMPARE(view.title(QwtPlot::xBottom), QString("X (mm), Y (mm)"));
-        const auto bar = [&](int i) {
-            return view.histogram()->sample(i);
-        };
+        const auto bar = [&](int i) { return view.histogram()->sample(i); };
         QVERIFY(bar(16).interval.maxValue() > bar(31).interval.maxValue()); // from right to left
         QCOMPARE(bar(20).value, readings[20] / 2);
         const struct
@@ -135,9 +133,7 @@ private Q_SLOTS:
             const QImage picture = view.canvas();
             const int y = int(view.at(0, 0.5e-9).y() * picture.devicePixelRatio());
             QVector<double> edges; // in pixels, where yellow begins or ends
-            const auto isBar = [&](int x) {
-                return picture.pixelColor(x, y).red() > 150;
-            };
+            const auto isBar = [&](int x) { return picture.pixelColor(x, y).red() > 150; };
             for (int x = 1; x < picture.width(); ++x)
                 if (isBar(x) != isBar(x - 1))
                     edges << x / picture.devicePixelRatio();
@@ -234,8 +230,7 @@ private Q_SLOTS:
         row("one", 1, "A");
         row("eight have letters", 8, "A B C D E F G H");
         row("nine have numbers", 9, "1 2 3 4 5 6 7 8 9");
-        row("every fourth of 128",
-            128,
+        row("every fourth of 128", 128,
             "4 8 12 16 20 24 28 32 36 40 44 48 52 56 60 64 68 72 76 80 84 88 92 96 100 104 108 "
             "112 116 120 124 128");
     }
@@ -400,12 +395,10 @@ private Q_SLOTS:
         QCOMPARE(labels.size(), 2);
         for (QLabel *label : labels) {
             const QImage picture = label->grab().toImage();
-            const int dark = countPixels(picture, [](const QColor &color) {
-                return color.lightness() < 40;
-            });
-            const int background = countPixels(picture, [](const QColor &color) {
-                return color == QColor(255, 171, 251);
-            });
+            const int dark =
+                countPixels(picture, [](const QColor &color) { return color.lightness() < 40; });
+            const int background = countPixels(
+                picture, [](const QColor &color) { return color == QColor(255, 171, 251); });
             QVERIFY(dark > (label == labels[0] ? 50 : 300));
             QVERIFY(background > picture.width() * picture.height() / 2);
         }

@@ -40,8 +40,7 @@ public:
 private:
     const RVXPlotHistory *inner() const
     {
-        return interfaceByProperty<RVXPlotHistory>(*this,
-                                                   "plotHistory",
+        return interfaceByProperty<RVXPlotHistory>(*this, "plotHistory",
                                                    "const Corvale_Qt::RVXPlotHistory*");
     }
 };

@@ -93,9 +93,8 @@ private Q_SLOTS:
     void keepToTheirChannel()
     {
         MarkedView view(2);
-        view.model.appendRows(300, 1.0, [](int channel, double) {
-            return channel == 1 ? 0.1 : 1000.0;
-        });
+        view.model.appendRows(300, 1.0,
+                              [](int channel, double) { return channel == 1 ? 0.1 : 1000.0; });
         view.SetRange(-2000.0, 2000.0);
         view.SetYScaleMode(View::FullRange);
         view.click(Qt::RightButton, 200.0, 900.0);
@@ -248,9 +247,7 @@ private Q_SLOTS:
         MarkedView view(1);
         view.model.pointsHint = 100;
         view.SetPlotMode(View::ScopeMode);
-        const auto ramp = [](int, double time) {
-            return time * 0.01;
-        };
+        const auto ramp = [](int, double time) { return time * 0.01; };
         view.model.appendRows(250, 0.1, ramp);
         QCOMPARE(view.xText(), QString("10..19.9"));
         view.click(Qt::LeftButton, 14.98, 0.0);
@@ -268,9 +265,8 @@ private Q_SLOTS:
     {
         MarkedView view(2);
         view.model.pointsHint = 100;
-        view.model.appendRows(300, 1.0, [](int channel, double time) {
-            return channel + time * 0.01;
-        });
+        view.model.appendRows(300, 1.0,
+                              [](int channel, double time) { return channel + time * 0.01; });
         view.click(Qt::LeftButton, 249.6, 1.0);
         QTest::keyClick(&view, Qt::Key_Left);
         view.press(Qt::Key_Left, Qt::ShiftModifier);
@@ -386,9 +382,7 @@ private Q_SLOTS:
         MarkedView view(1, 0, 1000);
         view.setInteractive(true);
         view.setMarkerDetails(true);
-        const auto wave = [](int, double time) {
-            return 2.0 + std::sin(time / 7.0) + 0.01 * time;
-        };
+        const auto wave = [](int, double time) { return 2.0 + std::sin(time / 7.0) + 0.01 * time; };
         view.model.appendRows(1000, 0.5, wave);
         view.zoomToX(400, 500);
         view.click(Qt::LeftButton, 420, 6);

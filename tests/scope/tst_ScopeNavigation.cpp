@@ -96,15 +96,11 @@ private Q_SLOTS:
         WalkedView view;
         const QwtInterval before = view.x();
         view.wheel(900, 1, 120);
-        QVERIFY(isNear(view.x(),
-                       900 - 0.8 * (900 - before.minValue()),
-                       900 + 0.8 * (before.maxValue() - 900),
-                       0.4));
+        QVERIFY(isNear(view.x(), 900 - 0.8 * (900 - before.minValue()),
+                       900 + 0.8 * (before.maxValue() - 900), 0.4));
         const QwtInterval y = view.y();
         view.wheel(900, 1, 240, Qt::ControlModifier);
-        QVERIFY(isNear(view.y(),
-                       1 - 0.64 * (1 - y.minValue()),
-                       1 + 0.64 * (y.maxValue() - 1),
+        QVERIFY(isNear(view.y(), 1 - 0.64 * (1 - y.minValue()), 1 + 0.64 * (y.maxValue() - 1),
                        0.01 * y.width()));
         QVERIFY(view.isHeld());
         view.press(Qt::Key_Backspace); // turns of the wheel in one direction are one step
@@ -168,10 +164,8 @@ private Q_SLOTS:
         const double seconds = before.width() / view.canvas()->width();
         view.drag(middle, middle + QPoint(100, 0));
         QVERIFY(view.isHeld());
-        QVERIFY(isNear(view.x(),
-                       before.minValue() - 100 * seconds,
-                       before.maxValue() - 100 * seconds,
-                       2 * seconds));
+        QVERIFY(isNear(view.x(), before.minValue() - 100 * seconds,
+                       before.maxValue() - 100 * seconds, 2 * seconds));
         QCOMPARE(view.markerX(0), marked);
         view.click(Qt::RightButton, 800, 1);
         QCOMPARE(view.markerX(1), 800.0);
@@ -486,9 +480,7 @@ private Q_SLOTS:
     {
         auto *view = new WalkedView;
         QPointer<WalkedView> alive(view);
-        connect(view, &View::heldChanged, [view] {
-            delete view;
-        });
+        connect(view, &View::heldChanged, [view] { delete view; });
         QTest::keyClick(view, Qt::Key_Home);
         QTRY_VERIFY(alive.isNull());
     }

@@ -470,19 +470,15 @@ private Q_SLOTS:
         ScopeTestView view(&model);
         view.enablePlotMarker(true);
         QStringList heard;
-        connect(&view, &View::markerStatisticsChanged, this, [&] {
-            heard << markerText(view.markerStatistics()).section(' ', 0, 3);
-        });
+        connect(&view, &View::markerStatisticsChanged, this,
+                [&] { heard << markerText(view.markerStatistics()).section(' ', 0, 3); });
         const auto after = [&](auto action) {
             action();
             for (int i = 0; i < 6; ++i)
                 QCoreApplication::processEvents();
             return std::exchange(heard, {}).join(", ");
         };
-        QCOMPARE(after([&] {
-                     view.click(Qt::LeftButton, 1.9, 2);
-                 }),
-                 QString("2/1 2=2 | -"));
+        QCOMPARE(after([&] { view.click(Qt::LeftButton, 1.9, 2); }), QString("2/1 2=2 | -"));
         QCOMPARE(after([&] {
                      view.setFocus();
                      QTest::keyClick(&view, Qt::Key_Right);
@@ -493,18 +489,9 @@ private Q_SLOTS:
                      model.append({{5, 5}});
                  }),
                  QString()); // nothing that the marker reads
-        QCOMPARE(after([&] {
-                     model.append({{6, 6}, {7, 7}});
-                 }),
-                 QString("2/1 3=3 | -"));
-        QCOMPARE(after([&] {
-                     view.enablePlotMarker(false);
-                 }),
-                 QString("- | -"));
-        QCOMPARE(after([&] {
-                     model.append({{8, 8}});
-                 }),
-                 QString());
+        QCOMPARE(after([&] { model.append({{6, 6}, {7, 7}}); }), QString("2/1 3=3 | -"));
+        QCOMPARE(after([&] { view.enablePlotMarker(false); }), QString("- | -"));
+        QCOMPARE(after([&] { model.append({{8, 8}}); }), QString());
     }
 };
 

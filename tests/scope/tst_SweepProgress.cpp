@@ -200,8 +200,7 @@ private Q_SLOTS:
         cut.set(trigger);
         QCOMPARE(cut.state(), TriggerState::Armed);
         int dropped = 0;
-        QObject::connect(&model,
-                         &QAbstractItemModel::rowsRemoved,
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved,
                          [&](QModelIndex, int first, int last) {
                              cut.rowsRemoved(first, last);
                              dropped += last - first + 1;
@@ -227,13 +226,10 @@ private Q_SLOTS:
             TriggeredSweeps sweeps;
             sweeps.set(pulseTrigger(SweepTrigger::Mode::Normal, 0.0));
             ScopeTestModel inOneUnit(2), inAnother(2);
-            inOneUnit.appendRows(12, 1.0, [](int, double) {
-                return 0.25;
-            });
+            inOneUnit.appendRows(12, 1.0, [](int, double) { return 0.25; });
             sweeps.update(PlotDataReader(&inOneUnit), 12, 4);
-            inAnother.appendRows(20, 1.0, [=](int, double time) {
-                return time < 15.0 ? before : after;
-            });
+            inAnother.appendRows(20, 1.0,
+                                 [=](int, double time) { return time < 15.0 ? before : after; });
             if (isToldOf)
                 sweeps.valuesChanged();
             const auto sweep = sweeps.update(PlotDataReader(&inAnother), 20, 4);

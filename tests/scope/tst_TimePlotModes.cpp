@@ -16,8 +16,7 @@ namespace {
 class HundredPoints : public ModelView
 {
 public:
-    explicit HundredPoints(int mode,
-                           int channels = 1,
+    explicit HundredPoints(int mode, int channels = 1,
                            int capacity = std::numeric_limits<int>::max())
         : ModelView(channels, 0, capacity)
     {
@@ -159,9 +158,7 @@ private Q_SLOTS:
         row("only one sample since", 0.0, QVector<double>{5}, "1 from 5 to 5");
         row("a single stamp far ahead", 0.0, outlier, "2 from 1000 to 1001");
         row("far ahead, width given", 100.0, outlier, "2 from 1000 to 1001");
-        row("far ahead beside missing ones",
-            0.0,
-            QVector<double>{1e12, qQNaN(), 1000, 1001},
+        row("far ahead beside missing ones", 0.0, QVector<double>{1e12, qQNaN(), 1000, 1001},
             "2 from 1000 to 1001");
         // What follows the first sample beyond the right border is not drawn.
         row("small disorder", 0.0, jitter, "255 from 746 to 1002");
@@ -213,10 +210,8 @@ private Q_SLOTS:
         QScrollBar *bar = view.horizontalScrollBar();
         view.scrollTo(view.model.index(320, 1), View::EnsureVisible); // it is visible
         QCOMPARE(bar->value(), bar->maximum());
-        for (View::ScrollHint hint : {View::EnsureVisible,
-                                      View::PositionAtTop,
-                                      View::PositionAtBottom,
-                                      View::PositionAtCenter}) {
+        for (View::ScrollHint hint : {View::EnsureVisible, View::PositionAtTop,
+                                      View::PositionAtBottom, View::PositionAtCenter}) {
             bar->setValue(bar->maximum());
             const double half = view.x().width() / 2;
             view.scrollTo(view.model.index(21, 1), hint);
@@ -275,9 +270,7 @@ private Q_SLOTS:
         QFETCH(int, added);
         QFETCH(int, atOnce);
         HundredPoints view(View::ScopeMode, 2, 150);
-        const auto wave = [](int channel, double time) {
-            return std::sin(time / 7.0) * channel;
-        };
+        const auto wave = [](int channel, double time) { return std::sin(time / 7.0) * channel; };
         view.model.appendRows(100, 1.0, wave);
         const QImage before = view.canvas();
         if (removed == 100)
@@ -319,9 +312,7 @@ private Q_SLOTS:
         HundredPoints view(View::ScopeMode, 2, 150);
         view.model.isInBaseUnit = true;
         view.model.SetUnits(&nA);
-        view.model.appendRows(100, 1.0, [](int, double) {
-            return 5e-6;
-        });
+        view.model.appendRows(100, 1.0, [](int, double) { return 5e-6; });
         QCOMPARE(view.curves().value(0)->sample(99).y(), 5000.0);
         view.enablePlotMarker(true);
         view.click(Qt::LeftButton, 49.6, 5000.0);

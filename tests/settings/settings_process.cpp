@@ -18,9 +18,7 @@ int main(int argc, char **argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 4)
         return 2;
-    Corvale_Qt::RVXApplicationSettings owner(nullptr,
-                                             arguments.at(2),
-                                             true,
+    Corvale_Qt::RVXApplicationSettings owner(nullptr, arguments.at(2), true,
                                              arguments.at(3) == "xml");
     const QSharedPointer<QSettings> settings = owner.getSettings();
     QTextStream out(stdout);

@@ -220,9 +220,7 @@ private Q_SLOTS:
             QVERIFY(process.waitForFinished());
             QCOMPARE(process.exitStatus(), QProcess::CrashExit);
 
-            RVXApplicationSettings owner(nullptr,
-                                         path("Beam Group/panel." + suffix),
-                                         false,
+            RVXApplicationSettings owner(nullptr, path("Beam Group/panel." + suffix), false,
                                          format == "xml");
             owner.getSettings()->beginGroup("StatisticsSetupPage");
             QCOMPARE(owner.getSettings()->childKeys().size(), 60);
@@ -296,8 +294,7 @@ private Q_SLOTS:
         same("beyond the basic plane", QString::fromUtf8("\xce\xa7\xc2\xb2 \xf0\x9f\x92\xa5"));
         same("long", QString(300000, 'x').replace(150000, 1, '&'));
         const QString unknown = QChar(QChar::ReplacementCharacter);
-        row("control characters",
-            QString("\x01-\x0b-") + QChar(0),
+        row("control characters", QString("\x01-\x0b-") + QChar(0),
             "key=" + unknown + "-" + unknown + "-" + unknown);
         row("half a character", QString("a") + QChar(0xd800) + "b", "key=a" + unknown + "b");
         row("empty comes back as missing", "", "");
@@ -369,8 +366,7 @@ private Q_SLOTS:
         const QByteArray micro = "<Settings><a>\xb5</a></Settings>";
         row("bytes that are not UTF-8", micro, "refused");
         row("another encoding, declared",
-            QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + micro),
-            "a=µ");
+            QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + micro), "a=µ");
         row("another encoding, marked",
             QTextCodec::codecForName("UTF-16")->fromUnicode("<Settings><a>1</a></Settings>"),
             "a=1");

@@ -37,8 +37,7 @@ inline QString cutAxisTexts(const QwtPlot &plot)
         const QwtScaleDraw *const draw = widget->scaleDraw();
         for (const double tick : draw->scaleDiv().ticks(QwtScaleDiv::MajorTick)) {
             if (!draw->label(tick).isEmpty())
-                check(draw->label(tick).text(),
-                      draw->boundingLabelRect(widget->font(), tick),
+                check(draw->label(tick).text(), draw->boundingLabelRect(widget->font(), tick),
                       widget->rect());
         }
     }

@@ -146,9 +146,7 @@ public:
         for (const QString &step : script.split("; ")) {
             const QStringList words = step.split(' ');
             const QString what = words.first();
-            const auto number = [&words](int i) {
-                return words.value(i).toDouble();
-            };
+            const auto number = [&words](int i) { return words.value(i).toDouble(); };
             const int one = int(number(1));
             const int two = int(number(2));
             if (what == "append")

@@ -14,9 +14,7 @@ using Density = std::function<double(double)>;
 
 inline Density gaussian(double mean, double sigma, double height = 1.0)
 {
-    return [=](double x) {
-        return height * std::exp(-0.5 * std::pow((x - mean) / sigma, 2));
-    };
+    return [=](double x) { return height * std::exp(-0.5 * std::pow((x - mean) / sigma, 2)); };
 }
 
 inline double integral(const Density &density, double from, double to)

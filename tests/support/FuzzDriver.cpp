@@ -105,12 +105,8 @@ int tryFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QFile::ReadOnly)) {
-        std::fprintf(stderr,
-                     "%s: %s\nUsage: %s [rounds] [-v] [FOLDER], or %s FILE for one input\n",
-                     qPrintable(path),
-                     qPrintable(file.errorString()),
-                     program,
-                     program);
+        std::fprintf(stderr, "%s: %s\nUsage: %s [rounds] [-v] [FOLDER], or %s FILE for one input\n",
+                     qPrintable(path), qPrintable(file.errorString()), program, program);
         return 2;
     }
     const std::string input = file.readAll().toStdString();

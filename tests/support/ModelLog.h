@@ -30,24 +30,14 @@ public:
         connect(model, &M::columnsRemoved, this, rows("remove column", "!"));
         connect(model, &M::columnsAboutToBeMoved, this, rows("move column", "?"));
         connect(model, &M::columnsMoved, this, rows("move column", "!"));
-        connect(model, &M::modelAboutToBeReset, this, [this] {
-            add("reset?");
-        });
-        connect(model, &M::modelReset, this, [this] {
-            add("reset!");
-        });
-        connect(model, &M::layoutAboutToBeChanged, this, [this] {
-            add("layout?");
-        });
-        connect(model, &M::layoutChanged, this, [this] {
-            add("layout!");
-        });
+        connect(model, &M::modelAboutToBeReset, this, [this] { add("reset?"); });
+        connect(model, &M::modelReset, this, [this] { add("reset!"); });
+        connect(model, &M::layoutAboutToBeChanged, this, [this] { add("layout?"); });
+        connect(model, &M::layoutChanged, this, [this] { add("layout!"); });
         connect(model, &M::headerDataChanged, this, [this](Qt::Orientation, int first, int last) {
             add(QStringLiteral("header %1-%2").arg(first).arg(last));
         });
-        connect(model,
-                &M::dataChanged,
-                this,
+        connect(model, &M::dataChanged, this,
                 [this](const QModelIndex &from, const QModelIndex &to, const QVector<int> &roles) {
                     add(QStringLiteral("changed (%1,%2)-(%3,%4)%5")
                             .arg(from.row())

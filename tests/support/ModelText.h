@@ -26,9 +26,7 @@ QString rowsText(const Model &model)
 inline QString readingText(const QModelIndex &cell)
 {
     QStringList texts;
-    for (const int role : {int(Qt::DisplayRole),
-                           int(Qt::EditRole),
-                           int(Qt::ToolTipRole),
+    for (const int role : {int(Qt::DisplayRole), int(Qt::EditRole), int(Qt::ToolTipRole),
                            int(Corvale_Qt::RVXAbstractPlotDataModel::NumericValueRole)})
         texts << cell.data(role).toString();
     return texts.join(" / ").trimmed();

@@ -19,9 +19,8 @@ template<typename Matches>
 int countPixels(const QImage &picture, const Matches &matches)
 {
     int count = 0;
-    forEachPixel(picture, [&](int x, int y) {
-        count += matches(picture.pixelColor(x, y)) ? 1 : 0;
-    });
+    forEachPixel(picture,
+                 [&](int x, int y) { count += matches(picture.pixelColor(x, y)) ? 1 : 0; });
     return count;
 }
 

@@ -13,9 +13,7 @@ public:
         , m_rows(model->rowCount())
     {
         using M = QAbstractItemModel;
-        connect(model, &M::rowsAboutToBeInserted, this, [this] {
-            ++m_open;
-        });
+        connect(model, &M::rowsAboutToBeInserted, this, [this] { ++m_open; });
         connect(model, &M::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
             --m_open;
             m_rows += last - first + 1;
@@ -25,9 +23,7 @@ public:
             m_rows -= last - first + 1;
             compare("removal");
         });
-        connect(model, &M::modelReset, this, [this] {
-            m_rows = m_model->rowCount();
-        });
+        connect(model, &M::modelReset, this, [this] { m_rows = m_model->rowCount(); });
     }
 
     //! Returns the first difference, or an empty text.

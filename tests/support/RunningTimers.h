@@ -9,7 +9,6 @@
 inline int runningTimers(const QObject &object)
 {
     const QList<QTimer *> timers = object.findChildren<QTimer *>();
-    return int(std::count_if(timers.begin(), timers.end(), [](const QTimer *timer) {
-        return timer->isActive();
-    }));
+    return int(std::count_if(timers.begin(), timers.end(),
+                             [](const QTimer *timer) { return timer->isActive(); }));
 }

@@ -10,9 +10,7 @@
     coordinate of the first that is not finite counts as 0. */
 inline QRectF boundsByHand(const Corvale_Qt::RVXSeriesData &series)
 {
-    const auto orZero = [](double number) {
-        return std::isfinite(number) ? number : 0.0;
-    };
+    const auto orZero = [](double number) { return std::isfinite(number) ? number : 0.0; };
     QPointF low(orZero(series.sample(0).x()), orZero(series.sample(0).y()));
     QPointF high = low;
     for (size_t i = 0; i < series.size(); ++i) {

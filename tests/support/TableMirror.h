@@ -21,21 +21,16 @@ public:
             m_rows.clear();
             insert(1, m_model->rowCount() - 1);
         };
-        connect(model, &M::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
-            insert(first, last);
-        });
+        connect(model, &M::rowsInserted, this,
+                [this](const QModelIndex &, int first, int last) { insert(first, last); });
         connect(model, &M::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
             m_rows.remove(first - 1, last - first + 1);
         });
-        connect(model,
-                &M::rowsMoved,
-                this,
+        connect(model, &M::rowsMoved, this,
                 [this](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
                     move(m_rows.begin() - 1, first, last, before);
                 });
-        connect(model,
-                &M::dataChanged,
-                this,
+        connect(model, &M::dataChanged, this,
                 [this](const QModelIndex &from, const QModelIndex &to) {
                     for (int row = qMax(from.row(), 1); row <= to.row(); ++row) {
                         for (int column = from.column(); column <= to.column(); ++column)
@@ -52,9 +47,7 @@ public:
             for (QVector<double> &row : m_rows)
                 row.remove(first, last - first + 1);
         });
-        connect(model,
-                &M::columnsMoved,
-                this,
+        connect(model, &M::columnsMoved, this,
                 [this](const QModelIndex &, int first, int last, const QModelIndex &, int before) {
                     for (QVector<double> &row : m_rows)
                         move(row.begin(), first, last, before);

@@ -72,9 +72,7 @@ void fillAndEmptyAQueue()
 {
     constexpr int threads = 4, rounds = 500;
     std::atomic<int> wakes{0};
-    PluginQueue queue([&wakes] {
-        ++wakes;
-    });
+    PluginQueue queue([&wakes] { ++wakes; });
     std::vector<std::thread> fillers;
     fillers.reserve(threads);
     for (int thread = 0; thread < threads; ++thread)
@@ -106,9 +104,8 @@ void beginAndEndReaders()
     constexpr int readers = 100;
     std::atomic<int> ended{0};
     for (int reader = 0; reader < readers; ++reader)
-        ReaderThreads::run([&ended, text = QString::number(reader)] {
-            ended += text.isEmpty() ? 0 : 1;
-        });
+        ReaderThreads::run(
+            [&ended, text = QString::number(reader)] { ended += text.isEmpty() ? 0 : 1; });
     ReaderThreads::waitForAll();
     require(ended == readers, "a reader did not end");
 }
@@ -142,15 +139,13 @@ void convertFiles()
     const QTemporaryDir folder;
     SegmentConversion conversion;
     conversion.form = SegmentForm::Zstd;
-    conversion.write =
-        [](const QString &text, const QString &draft, const auto &goesOn, QString *) {
-            return goesOn(0.5) && copyFile(text, draft);
-        };
-    conversion.compare =
-        [](const QString &, const QString &draft, const auto &goesOn, QString *why) {
-            *why = QStringLiteral("the draft is missing");
-            return goesOn(1.0) && QFile::exists(draft);
-        };
+    conversion.write = [](const QString &text, const QString &draft, const auto &goesOn,
+                          QString *) { return goesOn(0.5) && copyFile(text, draft); };
+    conversion.compare = [](const QString &, const QString &draft, const auto &goesOn,
+                            QString *why) {
+        *why = QStringLiteral("the draft is missing");
+        return goesOn(1.0) && QFile::exists(draft);
+    };
     constexpr int files = 60;
     SegmentCompressor compressor;
     int seen = 0;
@@ -179,8 +174,7 @@ void recordReadings()
 {
     const QTemporaryDir folder;
     RecordingFile file;
-    require(file.open(folder.filePath(QStringLiteral("a.csv")),
-                      RecordingFile::Existing::Refuse,
+    require(file.open(folder.filePath(QStringLiteral("a.csv")), RecordingFile::Existing::Refuse,
                       RecordingFile::usualMode),
             "no file can be opened");
     constexpr int rows = 1000, blocks = 1000, blocksOfTurn = 300;
@@ -217,9 +211,8 @@ void workInOrder()
 {
     constexpr int items = 5000;
     int worked = 0;
-    OrderedWorker<QByteArray> worker([&worked](QByteArray &item) {
-        item += QByteArray::number(++worked);
-    });
+    OrderedWorker<QByteArray> worker(
+        [&worked](QByteArray &item) { item += QByteArray::number(++worked); });
     int taken = 0;
     for (int added = 0; added < items; ++added) {
         worker.add("item ");

@@ -92,15 +92,9 @@ private Q_SLOTS:
         is: 1 A is 1e9 nA. */
     void factorsAreThoseOfThePrefixes()
     {
-        const QHash<QString, int> powers = {{"f", -15},
-                                            {"p", -12},
-                                            {"n", -9},
-                                            {QString::fromUtf8("µ"), -6},
-                                            {"m", -3},
-                                            {"c", -2},
-                                            {"k", 3},
-                                            {"K", 3},
-                                            {"M", 6}};
+        const QHash<QString, int> powers = {
+            {"f", -15}, {"p", -12}, {"n", -9}, {QString::fromUtf8("µ"), -6}, {"m", -3}, {"c", -2},
+            {"k", 3},   {"K", 3},   {"M", 6}};
         int prefixed = 0;
         QString base;
         for (int type = Type_A; type < Type_Strips; ++type) {

@@ -25,10 +25,6 @@ inline QString coloured(const QTextBlock &block)
 template<typename Source>
 void listen(const Source &source, QString &announced)
 {
-    QObject::connect(&source, &Source::syntaxError, &source, [&announced] {
-        announced += 'E';
-    });
-    QObject::connect(&source, &Source::syntaxWarning, &source, [&announced] {
-        announced += 'W';
-    });
+    QObject::connect(&source, &Source::syntaxError, &source, [&announced] { announced += 'E'; });
+    QObject::connect(&source, &Source::syntaxWarning, &source, [&announced] { announced += 'W'; });
 }

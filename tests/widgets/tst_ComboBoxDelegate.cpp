@@ -58,9 +58,8 @@ private Q_SLOTS:
     {
         QWidget parent;
         auto *combo = qobject_cast<QComboBox *>(m_delegate->createEditor(&parent, {}, value()));
-        connect(m_delegate.get(), &QAbstractItemDelegate::commitData, this, [this] {
-            m_delegate.reset();
-        });
+        connect(m_delegate.get(), &QAbstractItemDelegate::commitData, this,
+                [this] { m_delegate.reset(); });
         Q_EMIT combo->activated(1);
         QVERIFY(!m_delegate);
     }

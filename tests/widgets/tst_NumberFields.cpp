@@ -222,10 +222,7 @@ private Q_SLOTS:
 
     void stepsOfWholeNumbers_data()
     {
-        columns<Range, int, bool, QString, QString>("rangeAndStep",
-                                                    "from",
-                                                    "wraps",
-                                                    "keys",
+        columns<Range, int, bool, QString, QString>("rangeAndStep", "from", "wraps", "keys",
                                                     "values");
         row("up to the highest multiple", Range{0, 98, 5}, 85, false, "uuu", "90 95 95");
         row("down to the lowest multiple", Range{3, 50, 5}, 15, false, "ddd", "10 5 5");
@@ -380,8 +377,7 @@ private Q_SLOTS:
                                          {'U', Qt::Key_PageUp},
                                          {'D', Qt::Key_PageDown}};
         for (const QChar key : keys)
-            QTest::keyClick(&box,
-                            names.value(key, Qt::Key_Down),
+            QTest::keyClick(&box, names.value(key, Qt::Key_Down),
                             key == 'C' ? Qt::ControlModifier : Qt::NoModifier);
         QVERIFY2(std::abs(box.value() / reached - 1) < 1e-12, qPrintable(box.text()));
     }
@@ -409,16 +405,13 @@ private Q_SLOTS:
     void mayBeDeletedInAnswer()
     {
         auto box = std::make_unique<ScienceBox>();
-        connect(box.get(), &QScienceSpinBox::returnKeyPressed, this, [&box] {
-            box.reset();
-        });
+        connect(box.get(), &QScienceSpinBox::returnKeyPressed, this, [&box] { box.reset(); });
         QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, {});
         QCoreApplication::sendEvent(box.get(), &press);
         QVERIFY(!box);
         box = std::make_unique<ScienceBox>();
-        connect(box.get(), QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [&box] {
-            box.reset();
-        });
+        connect(box.get(), QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+                [&box] { box.reset(); });
         box->stepBy(1);
         QVERIFY(!box);
     }
@@ -441,9 +434,7 @@ private Q_SLOTS:
         ScienceBox box;
         QSignalSpy finished(&box, SIGNAL(editingFinished()));
         QVector<double> values;
-        connect(&box, &QScienceSpinBox::returnKeyPressed, &box, [&] {
-            values << box.value();
-        });
+        connect(&box, &QScienceSpinBox::returnKeyPressed, &box, [&] { values << box.value(); });
         box.type("4e-3");
         QTest::keyClick(&box, Qt::Key_Enter);
         QCOMPARE(values, QVector<double>{4e-3});

@@ -59,9 +59,8 @@ struct First : SingleInstance
     {
         if (!takeFirstPlace())
             qFatal("another instance is the first");
-        connect(this, &SingleInstance::messageReceived, this, [this](const QString &message) {
-            received << message;
-        });
+        connect(this, &SingleInstance::messageReceived, this,
+                [this](const QString &message) { received << message; });
     }
     std::unique_ptr<QLocalSocket> connection() const
     {

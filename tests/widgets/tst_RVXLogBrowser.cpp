@@ -110,15 +110,12 @@ private Q_SLOTS:
     void hostMayAnswerAnAnnouncement()
     {
         auto log = std::make_unique<Log>(QStringList{"ERROR"}, QStringList{"ERROR"});
-        const auto answer = connect(log.get(), &RVXLogBrowser::syntaxError, this, [&] {
-            log->appendLine("the alarm was raised");
-        });
+        const auto answer = connect(log.get(), &RVXLogBrowser::syntaxError, this,
+                                    [&] { log->appendLine("the alarm was raised"); });
         log->appendLine("ERROR");
         QCOMPARE(log->text(), QString("ERROR\nthe alarm was raised"));
         disconnect(answer);
-        connect(log.get(), &RVXLogBrowser::syntaxError, this, [&] {
-            log.reset();
-        });
+        connect(log.get(), &RVXLogBrowser::syntaxError, this, [&] { log.reset(); });
         log->appendLine("ERROR");
         QVERIFY(!log);
     }
@@ -131,11 +128,9 @@ private Q_SLOTS:
         row("ends of lines", "a\r\nb\n\nc\n", "a\nb\n\nc");
         row("carriage return alone", "a\rZ", "a\xe2\x90\x8dZ");
         row("tab", "a\tb", "a\tb");
-        row("separators",
-            QString(QChar(0x2028)) + QChar(0x2029) + QChar(0x85),
+        row("separators", QString(QChar(0x2028)) + QChar(0x2029) + QChar(0x85),
             "\xe2\x90\xa4\xe2\x90\xa4\xe2\x90\xa4");
-        row("control characters",
-            QString("\x1b[0m") + QChar(0) + QChar(0x7f),
+        row("control characters", QString("\x1b[0m") + QChar(0) + QChar(0x7f),
             "\xe2\x90\x9b[0m\xe2\x90\x80\xe2\x90\xa1");
         row("change of direction", "a" + QString(QChar(0x202e)) + "Z", "a\xef\xbf\xbdZ");
         row("characters that a document uses itself",
@@ -229,10 +224,8 @@ private Q_SLOTS:
         log.setTitle("Events");
         QCOMPARE(heard(), QString("Events"));
         QStringList names;
-        for (const QObject *part : std::initializer_list<const QObject *>{log.titleLabel(),
-                                                                          log.textBrowser(),
-                                                                          log.clearTextButton(),
-                                                                          log.auxFrame()})
+        for (const QObject *part : std::initializer_list<const QObject *>{
+                 log.titleLabel(), log.textBrowser(), log.clearTextButton(), log.auxFrame()})
             names << part->objectName();
         QCOMPARE(names.join(' '), QString("titleLabel textBrowser clearPushButton auxFrame"));
         for (const char *name : {"horizontalLayout", "verticalLayout", "buttonsVerticalLayout"})
@@ -322,19 +315,11 @@ private Q_SLOTS:
 
     void keywords_data()
     {
-        columns<QStringList, QStringList, bool, QString, QString, QString>("errors",
-                                                                           "warnings",
-                                                                           "wholeBlock",
-                                                                           "line",
-                                                                           "colours",
-                                                                           "announced");
-        const auto add = [](const char *name,
-                            const QStringList &errors,
-                            const QString &line,
-                            const QString &colours,
-                            const QString &announced,
-                            const QStringList &warnings = {},
-                            bool wholeBlock = false) {
+        columns<QStringList, QStringList, bool, QString, QString, QString>(
+            "errors", "warnings", "wholeBlock", "line", "colours", "announced");
+        const auto add = [](const char *name, const QStringList &errors, const QString &line,
+                            const QString &colours, const QString &announced,
+                            const QStringList &warnings = {}, bool wholeBlock = false) {
             QTest::newRow(name) << errors << warnings << wholeBlock << line << colours << announced;
         };
         const QStringList error{"ERROR"};
@@ -361,11 +346,9 @@ private Q_SLOTS:
         add("pattern of too many steps", {slow, "ERROR"}, QString(25, 'a') + " ERROR", word, "E");
         // A line of more than 1000 characters is searched in stretches.
         const QString digits = "E" + QString(40, '1');
-        add("pattern across stretches",
-            {"E\\d+"},
+        add("pattern across stretches", {"E\\d+"},
             QString(980, '.') + digits + kWide.repeated(1001) + "E2",
-            digits + kError + " | E2" + kError,
-            "E");
+            digits + kError + " | E2" + kError, "E");
         add("lone surrogate in the line", error, QString(QChar(0xd800)) + " ERROR", word, "E");
     }
     void keywords()

@@ -51,16 +51,12 @@ QString look(const QTabWidget &tabs, int index)
             ? QString(widget->metaObject()->className()) + (widget->isVisible() ? "+" : "-")
             : QString("none");
     };
-    return QStringList{tabs.tabText(index),
-                       tabs.tabIcon(index).isNull() ? "" : "icon",
-                       tabs.tabToolTip(index),
-                       tabs.tabWhatsThis(index),
-                       bar.accessibleTabName(index),
-                       bar.tabTextColor(index).name(),
-                       bar.tabData(index).toString(),
-                       button(QTabBar::LeftSide),
-                       button(QTabBar::RightSide),
-                       tabs.isTabEnabled(index) ? "enabled" : "disabled"}
+    return QStringList{
+        tabs.tabText(index),           tabs.tabIcon(index).isNull() ? "" : "icon",
+        tabs.tabToolTip(index),        tabs.tabWhatsThis(index),
+        bar.accessibleTabName(index),  bar.tabTextColor(index).name(),
+        bar.tabData(index).toString(), button(QTabBar::LeftSide),
+        button(QTabBar::RightSide),    tabs.isTabEnabled(index) ? "enabled" : "disabled"}
         .join(' ');
 }
 
@@ -88,9 +84,8 @@ void triggerContextMenu(QWidget *widget, const QPoint &at, const QString &text)
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY2(menu, qPrintable(text));
     const QList<QAction *> actions = menu->actions();
-    const auto found = std::find_if(actions.begin(), actions.end(), [&](const QAction *action) {
-        return action->text() == text;
-    });
+    const auto found = std::find_if(actions.begin(), actions.end(),
+                                    [&](const QAction *action) { return action->text() == text; });
     menu->close();
     QVERIFY2(found != actions.end(), qPrintable(text));
     (*found)->trigger();
@@ -311,9 +306,7 @@ private Q_SLOTS:
         const bool isBack = way == "closed window" || way == "all back";
         for (int i = 0; i < 2 && isBack; ++i)
             tabs->popOut(1);
-        const auto kill = [&] {
-            tabs.reset();
-        };
+        const auto kill = [&] { tabs.reset(); };
         connect(tabs.get(), &RVXPopOutTabWidget::tabPoppedOut, this, kill);
         connect(tabs.get(), &RVXPopOutTabWidget::tabPoppedIn, this, kill);
         QKeyEvent key(QEvent::KeyPress, Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);

@@ -14,8 +14,7 @@ private Q_SLOTS:
         m_model.clear();
         for (int row = 0; row < 3; ++row)
             for (int column = 0; column < 3; ++column)
-                m_model.setItem(row,
-                                column,
+                m_model.setItem(row, column,
                                 new QStandardItem(QString("%1%2").arg(row).arg(column)));
         m_view = std::make_unique<RVXTableView>();
         m_view->setModel(&m_model);

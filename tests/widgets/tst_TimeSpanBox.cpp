@@ -104,9 +104,7 @@ private Q_SLOTS:
         for (const bool inTheEdit : {false, true}) {
             QPointer<TimeSpanBox> box = new TimeSpanBox;
             box->show();
-            connect(box, &TimeSpanBox::spanChanged, this, [&box] {
-                delete box;
-            });
+            connect(box, &TimeSpanBox::spanChanged, this, [&box] { delete box; });
             box->lineEdit()->setText("90 s");
             QTest::keyClick(inTheEdit ? static_cast<QWidget *>(box->lineEdit()) : box.data(),
                             Qt::Key_Return);

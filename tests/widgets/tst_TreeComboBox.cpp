@@ -58,12 +58,8 @@ private Q_SLOTS:
         m_combo->setModel(m_model.get());
         m_combo->show();
         m_announced.clear();
-        connect(m_combo.get(),
-                &TreeComboBox::currentModelIndexChanged,
-                this,
-                [this](const QModelIndex &index) {
-                    m_announced << path(index);
-                });
+        connect(m_combo.get(), &TreeComboBox::currentModelIndexChanged, this,
+                [this](const QModelIndex &index) { m_announced << path(index); });
     }
     void cleanup()
     {
@@ -119,8 +115,7 @@ private Q_SLOTS:
     {
         columns<QString, QString>("signal", "choice");
         for (const char *signal : {SIGNAL(currentModelIndexChanged(QModelIndex)),
-                                   SIGNAL(activated(int)),
-                                   SIGNAL(textActivated(QString))})
+                                   SIGNAL(activated(int)), SIGNAL(textActivated(QString))})
             for (const char *choice : {"key", "letter", "wheel", "Return", "click"})
                 QTest::addRow("%s in %s", choice, signal) << QString(signal) << QString(choice);
         for (const char *choice : {"set", "row set", "model", "removal", "reset"})

@@ -11,8 +11,8 @@
 namespace Frames {
 
 //! Two Gaussian profiles. Positions and widths are in strips; the centre of the first strip is at 0.
-inline QVector<double>
-strips(double x, double sigmaX, double y, double sigmaY, double height = 1e-9, double offset = 0)
+inline QVector<double> strips(double x, double sigmaX, double y, double sigmaY,
+                              double height = 1e-9, double offset = 0)
 {
     QVector<double> frame(128, 0.0);
     for (int i = 0; i < 32; ++i) {
@@ -24,8 +24,8 @@ strips(double x, double sigmaX, double y, double sigmaY, double height = 1e-9, d
 
 //! A beam on the pixel matrix. Its position, in mm from the centre, has X to the right and Y upwards; its widths are in
 //! mm; its major axis is turned by \a degrees from X towards Y.
-inline QVector<double>
-pixels(double x, double y, double major, double minor, double degrees, double height = 1e-9)
+inline QVector<double> pixels(double x, double y, double major, double minor, double degrees,
+                              double height = 1e-9)
 {
     QVector<double> frame(128, 0.0);
     const double turn = degrees * M_PI / 180;

@@ -11,14 +11,8 @@ namespace {
 QString numbers(const SpectrogramCalc &calc)
 {
     QStringList texts{calc.valid ? "valid:" : "not valid:"};
-    for (double number : {calc.meanX,
-                          calc.meanY,
-                          calc.sigmaX,
-                          calc.sigmaY,
-                          calc.sigmaMajor,
-                          calc.sigmaMinor,
-                          calc.elongation,
-                          calc.rotation})
+    for (double number : {calc.meanX, calc.meanY, calc.sigmaX, calc.sigmaY, calc.sigmaMajor,
+                          calc.sigmaMinor, calc.elongation, calc.rotation})
         texts << QString::number(std::round(1000 * number) / 1000 + 0.0);
     return texts.join(' ');
 }

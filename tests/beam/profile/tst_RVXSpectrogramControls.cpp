@@ -92,14 +92,11 @@ private Q_SLOTS:
         for (Detector detector : {Detector::None, Detector::Strips, Detector::Pixels}) {
             Display display(detector);
             display.widget.resize(700, 500);
-            for (const QVector<double> &frame : {QVector<double>{},
-                                                 QVector<double>(128, inf),
-                                                 QVector<double>(128, std::nan("")),
-                                                 QVector<double>(5000, 1e308),
-                                                 QVector<double>(40, 1e-320),
-                                                 Frames::strips(15, 2, 15, 2, 1e307),
-                                                 Frames::pixels(0, 0, 4, 4, 0, 1e300),
-                                                 Frames::strips(15, 2, 15, 2, 1e-310)}) {
+            for (const QVector<double> &frame :
+                 {QVector<double>{}, QVector<double>(128, inf), QVector<double>(128, std::nan("")),
+                  QVector<double>(5000, 1e308), QVector<double>(40, 1e-320),
+                  Frames::strips(15, 2, 15, 2, 1e307), Frames::pixels(0, 0, 4, 4, 0, 1e300),
+                  Frames::strips(15, 2, 15, 2, 1e-310)}) {
                 for (int scale : {0, 1, 14}) {
                     display.widget.setScale(scale);
                     const SpectrogramCalc calc = display.feed(frame);
@@ -209,8 +206,7 @@ private Q_SLOTS:
         row("also without a side bar", "sidebar 0; frame -1; tick; again 9", "-1");
         row("without a side bar", "sidebar 0; frame -1; tick; between 9", "9");
         row("a disabled display keeps its frame", "frame -1; enabled 0; frame 9", "-1");
-        row("enabled, it shows the next",
-            "frame -1; enabled 0; frame 9; enabled 1; between 5",
+        row("enabled, it shows the next", "frame -1; enabled 0; frame 9; enabled 1; between 5",
             "5");
         const QString weak = "frame -1; threshold 1e-10; frame 9 1e-10";
         row("one below the threshold is hidden", weak, "-1");
@@ -253,13 +249,11 @@ private Q_SLOTS:
         row("keeps what it had", ranges + "frame 0; scale 1; frame 0 2e-9", "7.98e-10");
         row("follows again", ranges + "frame 0; scale 1; frame 0 2e-9; scale 0", "1.6e-09");
         row("keeps its share", ranges + "frame 0 2e-9; rate 20; current 1; scale 1", "3.19e-08");
-        row("without a full scale",
-            "range 0 4e-9; frame 0; scale 3; rate 50; current 1",
+        row("without a full scale", "range 0 4e-9; frame 0; scale 3; rate 50; current 1",
             "3.99e-08");
         row("with one", "range 0 4e-9; frame 0; scale 3; rate 50", "2e-09");
         row("without one, the next frame",
-            "range 0 4e-9; scale 3; rate 50; current 1; frame 0 3e-9",
-            "1.2e-07");
+            "range 0 4e-9; scale 3; rate 50; current 1; frame 0 3e-9", "1.2e-07");
         row("after a frame of another layout", ranges + "frame 0; strips; current 1", "1e-06");
         row("after a dark one", ranges + "rate 50; frame 0; dark; current 1", "3.99e-08");
     }
@@ -289,16 +283,11 @@ private Q_SLOTS:
             return updates.size();
         };
         auto *invert = display.control<QCheckBox>("checkBox_invertX");
-        QCOMPARE(updatesOf([&] {
-                     invert->setChecked(true);
-                 }),
-                 1);
+        QCOMPARE(updatesOf([&] { invert->setChecked(true); }), 1);
         QCOMPARE(display.mean(), QString("-9"));
         for (const auto &[current, told] :
              {std::pair(true, 1), std::pair(true, 0), std::pair(false, 1)})
-            QCOMPARE(updatesOf([&, current = current] {
-                         display.widget.currentEnabled(current);
-                     }),
+            QCOMPARE(updatesOf([&, current = current] { display.widget.currentEnabled(current); }),
                      told);
         QCOMPARE(updatesOf([&] {
                      display.widget.setVerdictEnabled(true);
@@ -386,9 +375,8 @@ private Q_SLOTS:
             for (const auto &[name, pattern] : groups) {
                 const auto found =
                     display.widget.findChildren<QWidget *>(QRegularExpression(pattern));
-                const auto hidden = std::count_if(found.begin(), found.end(), [](QWidget *one) {
-                    return one->isHidden();
-                });
+                const auto hidden = std::count_if(found.begin(), found.end(),
+                                                  [](QWidget *one) { return one->isHidden(); });
                 if (found.size() < 2 || hidden < found.size())
                     names << name + QString(hidden > 0 ? "?" : "");
             }

@@ -43,11 +43,8 @@ DetectorDescription matrix(int rows, int columns, double pitch)
 }
 
 //! Returns the readings of a Gaussian beam, taken from the stated positions alone.
-QVector<double> beam(const DetectorLayout &layout,
-                     QPointF mean,
-                     QPointF sigma,
-                     double height = 1e-9,
-                     double pedestal = 0)
+QVector<double> beam(const DetectorLayout &layout, QPointF mean, QPointF sigma,
+                     double height = 1e-9, double pedestal = 0)
 {
     const QVector<double> x = layout.positions(Axis::X), y = layout.positions(Axis::Y);
     QVector<double> readings;
@@ -230,10 +227,8 @@ private Q_SLOTS:
         hot[4] = hot[20] = 1e-9;
         columns<QVector<double>, QString, QString>("frame", "verdict", "reason");
         row("a beam", beam(layout, {3, 2}, {5, 5}), "DATA VALID", "");
-        row("pedestal of 20 %, regression",
-            beam(layout, {3, 2}, {5, 5}, 1e-9, 2e-10),
-            "DATA VALID, FIT POOR",
-            "residuals");
+        row("pedestal of 20 %, regression", beam(layout, {3, 2}, {5, 5}, 1e-9, 2e-10),
+            "DATA VALID, FIT POOR", "residuals");
         row("flat field", QVector<double>(32, 1e-9), "DATA NOT VALID", "");
         row("dark", QVector<double>(32, 0.0), "DATA NOT VALID", "");
         row("one hot wire alone", hot, "DATA NOT VALID", "");
@@ -292,9 +287,7 @@ private Q_SLOTS:
         QVERIFY2(plain.endsWith("e-10 C"), qPrintable(plain));
         display.widget.setSiPrefix(true);
         auto *plot = display.widget.findChild<QwtPlot *>();
-        const auto title = [plot] {
-            return plot->axisTitle(QwtPlot::yRight).text();
-        };
+        const auto title = [plot] { return plot->axisTitle(QwtPlot::yRight).text(); };
         for (const auto &[peak, text, bar] :
              {std::tuple(2e-10, " pC", "pC"), {3e-6, " \u00b5C", "\u00b5C"}, {7.0, " C", "C"}}) {
             display.feed(Frames::pixels(peak));
@@ -468,9 +461,7 @@ private Q_SLOTS:
         QCOMPARE(display.control<QLabel>("label_processing")->text(),
                  QString("background of 2 frames subtracted"));
         // The frame on the screen follows, since the next one may never come.
-        const auto x = [&] {
-            return display.widget.estimate(Axis::X).position.value;
-        };
+        const auto x = [&] { return display.widget.estimate(Axis::X).position.value; };
         for (const bool subtracted : {false, true}) {
             display.widget.setBackgroundSubtracted(subtracted);
             QCOMPARE(std::abs(x() - 1) < 0.1, subtracted);

@@ -50,16 +50,12 @@ Blob measure(const QImage &image, const std::function<double(int, int)> &weightA
 
 Blob brightness(const QImage &image)
 {
-    return measure(image, [&image](int x, int y) {
-        return qGray(image.pixel(x, y));
-    });
+    return measure(image, [&image](int x, int y) { return qGray(image.pixel(x, y)); });
 }
 
 Blob difference(const QImage &one, const QImage &other)
 {
-    return measure(one, [&](int x, int y) {
-        return one.pixel(x, y) != other.pixel(x, y);
-    });
+    return measure(one, [&](int x, int y) { return one.pixel(x, y) != other.pixel(x, y); });
 }
 
 /*! A grey display of the raster alone. Items that a test switches on show as a difference between two pictures. */
@@ -140,10 +136,8 @@ private Q_SLOTS:
         for (int inversion = 0; inversion < 4; ++inversion) {
             for (double degrees : {0, 30, 45, 90, 135}) {
                 for (bool strips : {false, true}) {
-                    QTest::addRow("%s, %g degrees, inverted %d",
-                                  strips ? "strips" : "pixels",
-                                  degrees,
-                                  inversion)
+                    QTest::addRow("%s, %g degrees, inverted %d", strips ? "strips" : "pixels",
+                                  degrees, inversion)
                         << strips << degrees << bool(inversion & 1) << bool(inversion & 2);
                 }
             }
@@ -239,12 +233,10 @@ private Q_SLOTS:
     {
         columns<int>("mode");
         QTest::addColumn<QString>("colours"); // at 0, 0.05, 0.1, 0.2, 0.3 ... 1 of full scale
-        row("colour",
-            1,
+        row("colour", 1,
             "000000 000080 0000ff 0080ff 00ffff 00ff80 00ff00 80ff00 ffff00 "
             "ff8000 ff0000 ff0000");
-        row("grey",
-            0,
+        row("grey", 0,
             "000000 0d0d0d 1a1a1a 333333 4d4d4d 666666 808080 999999 b3b3b3 "
             "cccccc e6e6e6 ffffff");
     }
@@ -333,9 +325,8 @@ private Q_SLOTS:
         const QImage image = display.canvas();
         const QPoint spot = display.pixelOf(8.5, 4.5).toPoint();
         QCOMPARE(qGray(image.pixel(spot)), 255);
-        const int white = countPixels(image, [](const QColor &color) {
-            return color == QColor(Qt::white);
-        });
+        const int white =
+            countPixels(image, [](const QColor &color) { return color == QColor(Qt::white); });
         const double cell = image.width() / 12.0;
         QVERIFY(std::abs(white - cell * cell) < 0.2 * cell * cell); // that cell and no other
     }

@@ -440,9 +440,7 @@ private Q_SLOTS:
             display->setPixelated(true);
             display->sidebarEnabled(false);
             QMetaObject::invokeMethod(display, "update");
-            const auto remove = [&display] {
-                delete display;
-            };
+            const auto remove = [&display] { delete display; };
             int announced = 0;
             if (deletedByShown)
                 connect(display, &RVXSpectrogram::calcUpdate, this, remove);

@@ -77,10 +77,8 @@ inline void addRandomSpots(SpotTable &table, int count)
 {
     QRandomGenerator random(7);
     for (int i = 0; i < count; ++i)
-        table.appendRow(SpotTable::row(random.bounded(40.0) - 20,
-                                       random.bounded(40.0) - 20,
-                                       random.bounded(9.0),
-                                       2.0));
+        table.appendRow(SpotTable::row(random.bounded(40.0) - 20, random.bounded(40.0) - 20,
+                                       random.bounded(9.0), 2.0));
 }
 
 //! Two tables of spots, and a map that shows the difference of the first from the second.

@@ -8,9 +8,7 @@
 /*! Inserts, removes or changes a row at random. \a newRow returns the items of a new row; a change writes a number
     between -20 and 20 into \a column. */
 template<typename NewRow>
-void editAtRandom(QStandardItemModel &table,
-                  QRandomGenerator &random,
-                  int column,
+void editAtRandom(QStandardItemModel &table, QRandomGenerator &random, int column,
                   const NewRow &newRow)
 {
     const int rows = table.rowCount();
@@ -45,9 +43,7 @@ public:
     {
         for (const QString &spot : spots.split(';', Qt::SkipEmptyParts)) {
             const QStringList fields = spot.simplified().split(' ');
-            appendRow(row(fields.at(0).toDouble(),
-                          fields.at(1).toDouble(),
-                          fields.at(2).toDouble(),
+            appendRow(row(fields.at(0).toDouble(), fields.at(1).toDouble(), fields.at(2).toDouble(),
                           fields.at(3).toDouble()));
         }
     }

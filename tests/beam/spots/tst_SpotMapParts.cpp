@@ -49,8 +49,7 @@ struct Watched
     explicit Watched(QAbstractItemModel *model)
         : selection(model)
     {
-        QObject::connect(&selection,
-                         &Selection::selectionChanged,
+        QObject::connect(&selection, &Selection::selectionChanged,
                          [this](const QItemSelection &selected, const QItemSelection &deselected) {
                              changes << "+" + cellsOf(selected).join(' ') + " -"
                                      + cellsOf(deselected).join(' ');
@@ -118,9 +117,7 @@ Spot randomSpot(QRandomGenerator &random)
         return random.bounded(40) == 0 ? 3e38F : float(random.bounded(100.0) - 20);
     };
     const float x = place(), y = place(), dose = doses[random.bounded(9)];
-    return {x,
-            y,
-            dose,
+    return {x, y, dose,
             sigmas[random.bounded(20) == 0 ? 5 + random.bounded(3) : random.bounded(5)]};
 }
 
@@ -143,10 +140,8 @@ private Q_SLOTS:
         QRandomGenerator random(3);
         const auto newSpot = [&random]() -> Spot {
             const float broken[] = {float(qQNaN()), float(qInf())};
-            Spot spot{float(random.bounded(20)),
-                      float(random.bounded(20)),
-                      float(random.bounded(9)),
-                      1};
+            Spot spot{float(random.bounded(20)), float(random.bounded(20)),
+                      float(random.bounded(9)), 1};
             if (random.bounded(6) == 0)
                 spot.x = broken[random.bounded(2)];
             if (random.bounded(6) == 0)
@@ -216,9 +211,7 @@ private Q_SLOTS:
         QRandomGenerator random(5);
         QVector<Spot> spots;
         for (int i = 0; i < 2000; ++i)
-            spots << Spot{float(random.bounded(100.0)),
-                          float(random.bounded(100.0)),
-                          1,
+            spots << Spot{float(random.bounded(100.0)), float(random.bounded(100.0)), 1,
                           float(random.bounded(3))};
         SpotList list;
         list.assign(spots);

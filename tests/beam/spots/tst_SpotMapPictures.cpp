@@ -218,9 +218,8 @@ private Q_SLOTS:
         const QImage image = pair.map.picture();
         // Between the upper spots and the edge.
         const QImage edge = image.copy(0, 0, image.width(), image.height() / 8);
-        const int white = countPixels(edge, [](const QColor &color) {
-            return qGray(color.rgb()) > 250;
-        });
+        const int white =
+            countPixels(edge, [](const QColor &color) { return qGray(color.rgb()) > 250; });
         QTEST(white > 5, "told");
     }
 

@@ -176,8 +176,7 @@ private Q_SLOTS:
         QSignalSpy layers(&widget, &SpotMapWidget::layerChange);
         // The keys also work in child widgets, which have the focus.
         for (QWidget *receiver :
-             {static_cast<QWidget *>(&widget),
-              static_cast<QWidget *>(widget.spotMapView()),
+             {static_cast<QWidget *>(&widget), static_cast<QWidget *>(widget.spotMapView()),
               static_cast<QWidget *>(widget.findChild<QPushButton *>("DataButton"))}) {
             layers.clear();
             QTest::keyClick(receiver, Qt::Key_PageUp);

@@ -59,10 +59,8 @@ QVector<ComparedSpot> randomSpots(QRandomGenerator &random, int count, double si
 }
 
 //! Returns the nearest free spot by asking every spot.
-int nearestOf(const QVector<ComparedSpot> &spots,
-              const QVector<bool> &taken,
-              const ComparedSpot &place,
-              double reach)
+int nearestOf(const QVector<ComparedSpot> &spots, const QVector<bool> &taken,
+              const ComparedSpot &place, double reach)
 {
     int found = -1;
     double smallest = reach;
@@ -167,11 +165,9 @@ private Q_SLOTS:
     void matchesEqualThoseByBruteForce()
     {
         QRandomGenerator random(11);
-        for (const auto &[count, side, sigma] : {std::tuple(60, 40.0, 3.0),
-                                                 std::tuple(200, 20.0, 2.0),
-                                                 std::tuple(40, 4.0, 50.0),
-                                                 std::tuple(30, 1000.0, 400.0),
-                                                 std::tuple(90, 6.0, 1.5)}) {
+        for (const auto &[count, side, sigma] :
+             {std::tuple(60, 40.0, 3.0), std::tuple(200, 20.0, 2.0), std::tuple(40, 4.0, 50.0),
+              std::tuple(30, 1000.0, 400.0), std::tuple(90, 6.0, 1.5)}) {
             QVector<ComparedSpot> map = randomSpots(random, count, side, sigma);
             QVector<ComparedSpot> target = randomSpots(random, count + 9, side, sigma);
             if (count == 90) { // many at the same places, and one far away
@@ -229,9 +225,7 @@ private Q_SLOTS:
         QPointer<SpotMapView> map = new SpotMapView;
         map->setModel(&actual);
         map->setDiffTarget(&target);
-        connect(map, &SpotMapView::differencesChanged, this, [&map] {
-            delete map;
-        });
+        connect(map, &SpotMapView::differencesChanged, this, [&map] { delete map; });
         actual.append("0 0 1 1");
         QTRY_VERIFY(!map);
     }

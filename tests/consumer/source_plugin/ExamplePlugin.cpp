@@ -26,9 +26,7 @@ public:
     ExampleConnection(int channels, std::shared_ptr<SourceReceiver> receiver)
         : m_channels(channels)
         , m_receiver(std::move(receiver))
-        , m_thread([this] {
-            run();
-        })
+        , m_thread([this] { run(); })
     {
     }
     ~ExampleConnection() override

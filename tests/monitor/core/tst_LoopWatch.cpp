@@ -35,17 +35,14 @@ private Q_SLOTS:
         m_clock = std::make_unique<ManualClock>();
         m_watch = std::make_unique<LoopWatch>(*m_clock);
         m_said.clear();
-        connect(m_watch.get(), &LoopWatch::stalled, this, [this](const QString &text) {
-            m_said.append(text);
-        });
+        connect(m_watch.get(), &LoopWatch::stalled, this,
+                [this](const QString &text) { m_said.append(text); });
     }
     void cleanup() { m_watch.reset(); }
 
     void theBeginningIsNotCounted()
     {
-        turn([this] {
-            m_clock->advanceSilently(LoopWatch::usualBeginning + 2.0);
-        });
+        turn([this] { m_clock->advanceSilently(LoopWatch::usualBeginning + 2.0); });
         QCOMPARE(m_watch->turns(), qint64(0));
         QCOMPARE(m_said, QStringList());
         turn([] {});
@@ -56,9 +53,7 @@ private Q_SLOTS:
     {
         m_clock->advanceSilently(LoopWatch::usualBeginning);
         const auto last = [this](double seconds) {
-            turn([this, seconds] {
-                m_clock->advanceSilently(seconds);
-            });
+            turn([this, seconds] { m_clock->advanceSilently(seconds); });
         };
         last(0.75);
         QCOMPARE(m_watch->longestTime(), 0.75);
@@ -104,13 +99,9 @@ private Q_SLOTS:
         m_clock->advanceSilently(LoopWatch::usualBeginning);
         turn([] {});
         for (int i = 0; i < 10; ++i)
-            turn([] {
-                compute(0.005);
-            });
+            turn([] { compute(0.005); });
         QVERIFY2(m_watch->mostProcessorTime() >= 0.005, qPrintable(m_watch->summary()));
-        turn([] {
-            compute(0.1);
-        });
+        turn([] { compute(0.1); });
         QVERIFY2(m_watch->mostProcessorTime() >= 0.1, qPrintable(m_watch->summary()));
     }
 

@@ -72,22 +72,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<std::function<void()>>("crash");
         QTest::addColumn<QString>("said");
-        const auto row =
-            [](const char *name, const QString &said, const std::function<void()> &crash) {
-                QTest::newRow(name) << crash << said;
-            };
-        row("a signal from outside", "signal 7 (SIGBUS), 0 s", [] {
-            ::raise(SIGBUS);
-        });
-        row("an abort", "signal 6 (SIGABRT), 0 s", [] {
-            std::abort();
-        });
-        row("an exception that nobody catches", "exception: no such beam", [] {
-            throwUncaught(std::runtime_error("no such beam"));
-        });
-        row("memory that is not there", "(SIGSEGV) at address 0x40,", [] {
-            *reinterpret_cast<volatile int *>(0x40) = 1;
-        });
+        const auto row = [](const char *name, const QString &said,
+                            const std::function<void()> &crash) {
+            QTest::newRow(name) << crash << said;
+        };
+        row("a signal from outside", "signal 7 (SIGBUS), 0 s", [] { ::raise(SIGBUS); });
+        row("an abort", "signal 6 (SIGABRT), 0 s", [] { std::abort(); });
+        row("an exception that nobody catches", "exception: no such beam",
+            [] { throwUncaught(std::runtime_error("no such beam")); });
+        row("memory that is not there", "(SIGSEGV) at address 0x40,",
+            [] { *reinterpret_cast<volatile int *>(0x40) = 1; });
         row("a stack that is used up", "(SIGSEGV) at address 0x", [] {
             volatile int begin = 0;
             descend(&begin);
@@ -129,10 +123,7 @@ private Q_SLOTS:
 
     void otherEnds()
     {
-        QCOMPARE(run([] {
-                     RunReport report(window);
-                 }),
-                 0);
+        QCOMPARE(run([] { RunReport report(window); }), 0);
         QCOMPARE(FormerRun::take(window).size(), 0);
         run([] {
             RunReport report(window);

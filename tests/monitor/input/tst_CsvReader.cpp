@@ -67,15 +67,12 @@ private Q_SLOTS:
             empty                              ||  ||
             a header alone                     || time_s,a\n ||
         )");
-        row("returns and a byte order mark",
-            "\xef\xbb\xbftime_s,a\r\n0,1\r\n1,2\r\n",
+        row("returns and a byte order mark", "\xef\xbb\xbftime_s,a\r\n0,1\r\n1,2\r\n",
             "> a | 0: 1 | 1: 2");
-        row("columns without a name",
-            "time_s,, \x01,b\n0,1,2,3\n1,4,5,6\n",
+        row("columns without a name", "time_s,, \x01,b\n0,1,2,3\n1,4,5,6\n",
             "> column2 column3 b | 0: 1 2 3 | 1: 4 5 6");
         row("names with blanks and what cannot be seen at their ends",
-            "time_s,a \x01,\xc2\xa0 b\x02 \x03 c\t\n0,1,2\n1,3,4\n",
-            "> a b c | 0: 1 2 | 1: 3 4");
+            "time_s,a \x01,\xc2\xa0 b\x02 \x03 c\t\n0,1,2\n1,3,4\n", "> a b c | 0: 1 2 | 1: 3 4");
         row("zeros and a picture", "\x01\x02\n\x89PNG\n", "");
     }
 
@@ -133,10 +130,8 @@ private Q_SLOTS:
                 || > left:nA right:uA n (of) | 0: 1 2 3 | 1: 1 2 3
         )");
         row("values in quotes",
-            "\"time\",\"a, the \"\"first\"\" (pC)\"\n\"0\",\"1\"\n\"1\",\"2\"\n",
-            "in quotes",
-            "delimiter=comma",
-            "> a; the \"first\":pC | 0: 1 | 1: 2");
+            "\"time\",\"a, the \"\"first\"\" (pC)\"\n\"0\",\"1\"\n\"1\",\"2\"\n", "in quotes",
+            "delimiter=comma", "> a; the \"first\":pC | 0: 1 | 1: 2");
     }
     void tablesOfOtherPrograms()
     {
@@ -192,8 +187,7 @@ private Q_SLOTS:
                        "#frame 2 1\n7\n#frame 2 1\n8\n9\n#frame 2 1\n1\n2\n"),
             "");
         row("spots", QByteArray("x_mm,y_mm,mu\n1,2,3\n2,3,4\n3,4,5\n4,5,6\n"), "");
-        row("another program's",
-            QByteArray("t;a\r\n0;1,5\r\n1;2,5\r\n2;3,5\r\n3;4,5\r\n"),
+        row("another program's", QByteArray("t;a\r\n0;1,5\r\n1;2,5\r\n2;3,5\r\n3;4,5\r\n"),
             "delimiter=semicolon,decimal=comma");
     }
     void goesOnFromAnyPlace()

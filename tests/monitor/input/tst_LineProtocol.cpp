@@ -108,8 +108,7 @@ private Q_SLOTS:
                 || > ch1 | 0: 1 | 1: 1 | refused 3-11 count | > ch1 ch2 | 11: 1 1 | 12: 1 1
         )");
         row("white space", "0 1\t2/1  3 4 ", "> ch1 ch2 | 0: 1 2 | 1: 3 4");
-        row("names of no table",
-            QString("a,").repeated(70000) + "/0,1",
+        row("names of no table", QString("a,").repeated(70000) + "/0,1",
             "refused 1 many | > ch1 | 0: 1");
         row("garbage between", "0,1/\x01\xff\x02,x/1,2", "refused 2 ? | > ch1 | 0: 1 | 1: 2");
         const QString zeros(400, '0'), ones(400, '1');
@@ -229,8 +228,7 @@ private Q_SLOTS:
         columns<QByteArray, QString>("after", "expected");
         row("time goes on", QByteArray("11,3/12,4"), "11: 3 | 12: 4");
         row("time starts over", QByteArray("0,3/1,4"), "start channels a | 0: 3 | 1: 4");
-        row("the end of a line, then time goes on",
-            QByteArray("1,3/12,4/13,5"),
+        row("the end of a line, then time goes on", QByteArray("1,3/12,4/13,5"),
             "refused 4 back | 12: 4 | 13: 5");
         row("the header again", QByteArray("time_s,a/11,3/12,4"), "11: 3 | 12: 4");
     }
@@ -375,9 +373,7 @@ private Q_SLOTS:
         } sink;
         LineProtocol protocol(sink);
         for (const char *line : {"hannel__timestamp(s),hannel_,annel__timestamp(s),annel_,",
-                                 "5,1,5,1",
-                                 "6,2,7,1",
-                                 "6.5,3,4,1"})
+                                 "5,1,5,1", "6,2,7,1", "6.5,3,4,1"})
             protocol.takeLine(std::string(line), false);
         protocol.takeLine("#unit nA", false);
         QCOMPARE(sink.text, QString("line 5 dropped, its time goes backwards: \"4\""));
@@ -417,9 +413,7 @@ private Q_SLOTS:
         row("by name and unit", QByteArray("#limits a_nA 1,,,9"), "1,,,9 ,,,", "");
         row("blanks after the commas", QByteArray("#limits a 1, 2, 3, 4"), "1,2,3,4 ,,,", "");
         row("none again", QByteArray("#limits a ,,,9/#limits a ,,,"), ",,, ,,,", "");
-        row("no such channel",
-            QByteArray("#limits d ,,,9"),
-            ",,, ,,,",
+        row("no such channel", QByteArray("#limits d ,,,9"), ",,, ,,,",
             "event limits are not used: the stream has no channel \"d\" | ");
         row("they fall", QByteArray("#limits a 4,3,2,1"), ",,, ,,,", "refused 1 unreadable | ");
         row("three numbers", QByteArray("#limits a 1,2,3"), ",,, ,,,", "refused 1 unreadable | ");

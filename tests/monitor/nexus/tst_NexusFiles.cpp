@@ -235,8 +235,7 @@ assert t['gain'].shape == (3, 4) and t['gain'][0, 0] == 1.02 and t['gain'][2, 3]
 assert (t['pedestal'][:] == 0.4).all() and (t['saturation_value'][:] == 500).all()
 assert t['pixel_mask'][1, 0] == 2 and t['pixel_mask'][:].sum() == 2
 )"));
-        row("strips",
-            "#corvale 1\n#layout strips 2 1\n#pitch 2 mm\n#unit nC\n" + rowsOf(3, 3),
+        row("strips", "#corvale 1\n#layout strips 2 1\n#pitch 2 mm\n#unit nC\n" + rowsOf(3, 3),
             QByteArray(R"(
 e = f['entry']
 assert e.attrs['default'] == 'data_x' and e['data_x/profile_x'].shape == (3, 2)
@@ -268,8 +267,7 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
             QTest::newRow(name) << script << read;
         };
         const QByteArray signal = "d.create_dataset('i', data=[1, 2, 4]).attrs['units'] = 'nA'\n";
-        row("one channel, whole numbers, milliseconds",
-            data(signal),
+        row("one channel, whole numbers, milliseconds", data(signal),
             "start channels i:nA | 0: 1 | 0.5: 2 | 1.5: 4");
         row("more signals and a missing value",
             data(signal
@@ -291,18 +289,15 @@ assert abs(e['data_x/time'][1] - 1 / 7) < 1e-15
             data(signal + "del d.attrs['axes'], t.attrs['units']\nd['i'].attrs['axes'] = 't'\n"),
             "event the axis t states no unit and is taken as seconds | start channels i:nA | 0: 1 "
             "| 500: 2 | 1500: 4");
-        row("an axis that is no time",
-            data(signal + "t.attrs['units'] = 'mm'\n"),
+        row("an axis that is no time", data(signal + "t.attrs['units'] = 'mm'\n"),
             "scan: the axis t of its signal i is in mm, which is not a unit of time");
-        row("an axis of another length",
-            data("d['i'] = [1, 2]\n"),
+        row("an axis of another length", data("d['i'] = [1, 2]\n"),
             "is not as long as its signal i");
         row("no axes at all", data(signal + "del d.attrs['axes']\n"), "has no time axis");
         row("no signal", data({}), "its signal i is missing");
         row("texts", data("d['i'] = [b'a', b'b', b'c']\n"), "they are not numbers");
         row("four dimensions", data("d['i'] = np.zeros((3, 1, 1, 1))\n"), "4 dimensions");
-        row("too many values for each time",
-            data("d['i'] = np.zeros((3, 5000))\n"),
+        row("too many values for each time", data("d['i'] = np.zeros((3, 5000))\n"),
             "5000 values for each time");
         row("more readings than a disk holds",
             data("del d['t']\nfor n in 't', 'i':\n d.create_dataset(n, (1 << 60,), chunks=(1 << "

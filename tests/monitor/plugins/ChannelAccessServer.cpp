@@ -99,8 +99,7 @@ void ChannelAccessServer::answerSearches()
         }
         if (!answers.isEmpty())
             m_udp.writeDatagram(message({version, 0, 0, minorVersion, 0, 0}) + answers,
-                                datagram.senderAddress(),
-                                quint16(datagram.senderPort()));
+                                datagram.senderAddress(), quint16(datagram.senderPort()));
     }
 }
 
@@ -109,9 +108,7 @@ void ChannelAccessServer::accept()
     while (QTcpSocket *socket = m_isStopped ? nullptr : m_tcp.nextPendingConnection()) {
         m_clients.insert(socket, {});
         socket->write(message({version, 0, 0, minorVersion, 0, 0}));
-        connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
-            read(socket);
-        });
+        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
         connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
             m_clients.remove(socket);
             socket->deleteLater();
@@ -135,9 +132,7 @@ void ChannelAccessServer::read(QTcpSocket *socket)
     }
 }
 
-void ChannelAccessServer::answer(QTcpSocket *socket,
-                                 Client &client,
-                                 const Header &header,
+void ChannelAccessServer::answer(QTcpSocket *socket, Client &client, const Header &header,
                                  const QByteArray &payload)
 {
     const QByteArray name = client.channels.value(header.first);
@@ -150,12 +145,10 @@ void ChannelAccessServer::answer(QTcpSocket *socket,
         send(socket, client, client.subscriptions.last());
         break;
     case eventCancel:
-        client.subscriptions.erase(std::remove_if(client.subscriptions.begin(),
-                                                  client.subscriptions.end(),
-                                                  [&](const Subscription &one) {
-                                                      return one.id == header.second;
-                                                  }),
-                                   client.subscriptions.end());
+        client.subscriptions.erase(
+            std::remove_if(client.subscriptions.begin(), client.subscriptions.end(),
+                           [&](const Subscription &one) { return one.id == header.second; }),
+            client.subscriptions.end());
         socket->write(message({eventAdd, 0, header.type, 0, header.first, header.second}));
         break;
     case readNotify: {
@@ -177,9 +170,7 @@ void ChannelAccessServer::answer(QTcpSocket *socket,
     }
 }
 
-void ChannelAccessServer::createChannel(QTcpSocket *socket,
-                                        Client &client,
-                                        const Header &header,
+void ChannelAccessServer::createChannel(QTcpSocket *socket, Client &client, const Header &header,
                                         const QByteArray &name)
 {
     if (!m_variables.contains(name)) {
@@ -216,8 +207,7 @@ QByteArray ChannelAccessServer::valuesOf(const QByteArray &name, quint16 type, q
     return bytes;
 }
 
-void ChannelAccessServer::send(QTcpSocket *socket,
-                               const Client &client,
+void ChannelAccessServer::send(QTcpSocket *socket, const Client &client,
                                const Subscription &subscription) const
 {
     const QByteArray name = client.channels.value(subscription.channel);

@@ -77,10 +77,10 @@ private:
     void answerSearches();
     void accept();
     void read(QTcpSocket *socket);
-    void
-    answer(QTcpSocket *socket, Client &client, const Header &header, const QByteArray &payload);
-    void
-    createChannel(QTcpSocket *socket, Client &client, const Header &header, const QByteArray &name);
+    void answer(QTcpSocket *socket, Client &client, const Header &header,
+                const QByteArray &payload);
+    void createChannel(QTcpSocket *socket, Client &client, const Header &header,
+                       const QByteArray &name);
     void send(QTcpSocket *socket, const Client &client, const Subscription &subscription) const;
 
     QHash<QByteArray, Variable> m_variables;

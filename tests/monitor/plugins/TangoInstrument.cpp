@@ -42,21 +42,15 @@ void give(Tango::Attribute &attribute, const Reading &reading)
     auto *const values = isScalar ? new Type{} : new Type[count]{};
     std::transform(reading.values.begin(),
                    reading.values.begin() + std::ptrdiff_t(std::min(count, reading.values.size())),
-                   values,
-                   [](double value) {
-                       return static_cast<Type>(value);
-                   });
+                   values, [](double value) { return static_cast<Type>(value); });
     timeval time = {};
     time.tv_sec = 1000000000 + reading.milliseconds / 1000;
     time.tv_usec = reading.milliseconds % 1000 * 1000;
     const bool isImage = attribute.get_data_format() == Tango::IMAGE;
     attribute.set_value_date_quality(
-        values,
-        time,
+        values, time,
         reading.quality == silence ? Tango::ATTR_VALID : Tango::AttrQuality(reading.quality),
-        reading.columns,
-        isImage ? reading.rows : 0,
-        true);
+        reading.columns, isImage ? reading.rows : 0, true);
 }
 
 template<typename Type>

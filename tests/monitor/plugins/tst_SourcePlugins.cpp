@@ -46,9 +46,7 @@ struct Scripted
     //! Delivers from another thread, as plugins do, and lets the source take it.
     void deliver(const Script &script)
     {
-        std::thread([&] {
-            script(*plugin.receiver);
-        }).join();
+        std::thread([&] { script(*plugin.receiver); }).join();
         QCoreApplication::sendPostedEvents(source.get());
     }
 
@@ -177,8 +175,7 @@ private Q_SLOTS:
         const auto one = [](SourceReceiver &to, double time, const std::vector<double> &values) {
             to.add(1, &time, values.data());
         };
-        row("channels",
-            Script([=](SourceReceiver &to) {
+        row("channels", Script([=](SourceReceiver &to) {
                 to.begin(channels(2));
                 const double times[] = {0, 0.5};
                 const double values[] = {1, 2, 3, std::nan("")};
@@ -187,51 +184,41 @@ private Q_SLOTS:
                 one(to, 1, {4, 5});
             }),
             "start channels c1:nA c2:nA | 0: 1 2 | 0.5: 3 - | event WARNING a note | 1: 4 5");
-        row("a plane of strips",
-            Script([=](SourceReceiver &to) {
+        row("a plane of strips", Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Strips, 3, 0));
                 one(to, 0, {1, 2, 3});
             }),
             "start strips frames, strips 3 + 0, positions in cells, sum:pC max:pC x:cells "
             "sigma_x:cells | 0: 1 2 3");
-        row("a matrix",
-            Script([=](SourceReceiver &to) {
+        row("a matrix", Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Matrix, 3, 1));
                 one(to, 0, {1, 2, 3});
             }),
             "start pixels frames, matrix 1 x 3, positions in cells, sum:pC max:pC x:cells "
             "sigma_x:cells y:cells sigma_y:cells | 0: 1 2 3");
-        row("times that go back, and one that is none",
-            Script([=](SourceReceiver &to) {
+        row("times that go back, and one that is none", Script([=](SourceReceiver &to) {
                 to.begin(channels(1));
                 for (const double time : {1.0, 2.0, 1.5, std::nan(""), 3.0})
                     one(to, time, {time});
             }),
             "start channels c1:nA | refused 3 back | refused 4 unreadable | 1: 1 | 2: 2 | 3: 3");
-        row("readings before their stream",
-            Script([=](SourceReceiver &to) {
+        row("readings before their stream", Script([=](SourceReceiver &to) {
                 one(to, 0, {1});
                 to.begin(channels(1));
                 one(to, 1, {2});
             }),
             "start channels c1:nA | 1: 2");
-        row("a matrix that is too large, and what follows it",
-            Script([=](SourceReceiver &to) {
+        row("a matrix that is too large, and what follows it", Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Matrix, 257, 2));
                 one(to, 0, std::vector<double>(514));
             }),
             "");
-        row("a matrix whose number of values no machine can count",
-            Script([=](SourceReceiver &to) {
+        row("a matrix whose number of values no machine can count", Script([=](SourceReceiver &to) {
                 to.begin(frames(SourceStream::Layout::Matrix, 1 << 30, 1 << 30));
                 one(to, 0, {1});
             }),
             "");
-        row("no channels",
-            Script([](SourceReceiver &to) {
-                to.begin(channels(0));
-            }),
-            "");
+        row("no channels", Script([](SourceReceiver &to) { to.begin(channels(0)); }), "");
     }
 
     void deliveries()
@@ -289,9 +276,8 @@ private Q_SLOTS:
                 to.setState(SourceState::Live, "live");
             });
             QVERIFY(scripted.source->isHolding()); // silence means nothing
-            scripted.deliver([](SourceReceiver &to) {
-                to.setState(SourceState::Lost, "the server is gone");
-            });
+            scripted.deliver(
+                [](SourceReceiver &to) { to.setState(SourceState::Lost, "the server is gone"); });
             QCOMPARE(scripted.source->state(), isReconnecting ? State::Retrying : State::Failed);
             QCOMPARE(scripted.log.lastText, QString("the server is gone"));
             QVERIFY(!scripted.source->isHolding());
@@ -428,8 +414,7 @@ private Q_SLOTS:
     {
         columns<QString, QString>("address", "why");
         row("a waveform beside a value", "ca:PROFILE,POS", "cannot be read together");
-        row("more values than memory holds",
-            "ca:ENDLESS",
+        row("more values than memory holds", "ca:ENDLESS",
             "ENDLESS has 2147483647 values; a window shows at most 65536");
     }
 
@@ -452,9 +437,8 @@ private Q_SLOTS:
         }
         lab.open("ca:<b>%3</b>");
         QByteArray told;
-        connect(lab.source.get(), &Source::bytesArrived, this, [&told](const QByteArray &bytes) {
-            told += bytes;
-        });
+        connect(lab.source.get(), &Source::bytesArrived, this,
+                [&told](const QByteArray &bytes) { told += bytes; });
         QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 20"), 15000);
         QCOMPARE(lab.log->sink.header().channels.first().name, QString("<b>%3</b>"));
         QVERIFY2(told.startsWith("<b>%3</b>: "), told);
@@ -508,9 +492,7 @@ private Q_SLOTS:
         QVERIFY(gateway.isListening());
         const QByteArray list = "127.0.0.1:" + QByteArray::number(gateway.port());
         qputenv("EPICS_CA_ADDR_LIST", "127.0.0.1 " + list);
-        const auto restore = qScopeGuard([] {
-            qputenv("EPICS_CA_ADDR_LIST", "127.0.0.1");
-        });
+        const auto restore = qScopeGuard([] { qputenv("EPICS_CA_ADDR_LIST", "127.0.0.1"); });
         lab.open("ca:POS,DISTANT");
         QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 1.5 7"), 15000);
         QCOMPARE(gateway.subscriptions(), 1);
@@ -521,9 +503,7 @@ private Q_SLOTS:
     {
         Laboratory lab;
         qputenv("EPICS_CA_CONN_TMO", "1"); // seconds without a sign of life
-        const auto restore = qScopeGuard([] {
-            qunsetenv("EPICS_CA_CONN_TMO");
-        });
+        const auto restore = qScopeGuard([] { qunsetenv("EPICS_CA_CONN_TMO"); });
         lab.open("ca:POS,CUR");
         QTRY_COMPARE_WITH_TIMEOUT(lab.rows(), QStringList("0: 1.5 20"), 15000);
         lab.server->setStopped(true);
@@ -541,12 +521,10 @@ private Q_SLOTS:
     void libraryThatIsMissing_data()
     {
         columns<QString, QString>("files", "why");
-        row("none",
-            "libca libca.so libca.so.4.14.4 libca.so.4.14.2 libca.so.4.13.5",
+        row("none", "libca libca.so libca.so.4.14.4 libca.so.4.14.2 libca.so.4.13.5",
             "the Channel Access client library (libca) was not found; install the package "
             "libca4.13.5, or set EPICS_BASE to the folder of an installation");
-        row("another library",
-            "",
+        row("another library", "",
             "base/lib/linux/libca.so is no Channel Access client library that can be used");
     }
 

@@ -55,8 +55,7 @@ public:
                 return false; // it cannot be reached yet
             }
         };
-        QTRY_VERIFY2_WITH_TIMEOUT(answers(),
-                                  m_process.readAllStandardError().constData(),
+        QTRY_VERIFY2_WITH_TIMEOUT(answers(), m_process.readAllStandardError().constData(),
                                   patience);
     }
     //! Ends the program as the system does, and returns its exit code.
@@ -148,18 +147,10 @@ private Q_SLOTS:
     void qualitiesAndTimes()
     {
         Monitor monitor;
-        monitor.start({"--headless",
-                       "--speed",
-                       "0",
-                       "--publish",
-                       monitor.address("beam/corvale/1"),
-                       "--publish",
-                       "dark=" + monitor.address("beam/corvale/2"),
-                       "--publish",
-                       "far=" + monitor.address("beam/corvale/3"),
-                       path("currents.csv"),
-                       path("dark.csv"),
-                       path("far.csv")});
+        monitor.start({"--headless", "--speed", "0", "--publish", monitor.address("beam/corvale/1"),
+                       "--publish", "dark=" + monitor.address("beam/corvale/2"), "--publish",
+                       "far=" + monitor.address("beam/corvale/3"), path("currents.csv"),
+                       path("dark.csv"), path("far.csv")});
         monitor.waitForDevice("beam/corvale/2");
         TangoClient currents(monitor.address("beam/corvale/1"));
         TangoClient dark(monitor.address("beam/corvale/2"));
@@ -193,9 +184,7 @@ private Q_SLOTS:
         QTcpServer instrument;
         QVERIFY(instrument.listen(QHostAddress::LocalHost));
         Monitor monitor;
-        monitor.start({"--headless",
-                       "--publish",
-                       monitor.address("beam/corvale/1"),
+        monitor.start({"--headless", "--publish", monitor.address("beam/corvale/1"),
                        QString("tcp://127.0.0.1:%1").arg(instrument.serverPort())});
         QTRY_VERIFY_WITH_TIMEOUT(instrument.hasPendingConnections(), patience);
         QTcpSocket *socket = instrument.nextPendingConnection();
@@ -220,11 +209,8 @@ private Q_SLOTS:
     void windowWithEvents()
     {
         Monitor monitor;
-        monitor.start({"--publish",
-                       monitor.address("beam/corvale/1"),
-                       "--settings",
-                       path("window.xui"),
-                       "sim:strips"});
+        monitor.start({"--publish", monitor.address("beam/corvale/1"), "--settings",
+                       path("window.xui"), "sim:strips"});
         monitor.waitForDevice("beam/corvale/1");
         TangoClient client(monitor.address("beam/corvale/1"));
         QTRY_COMPARE_WITH_TIMEOUT(client.state(), QString("ON"), patience);
@@ -238,13 +224,8 @@ private Q_SLOTS:
     void busyClient()
     {
         Monitor monitor;
-        monitor.start({"--stats",
-                       "--json",
-                       "--publish",
-                       monitor.address("beam/corvale/1"),
-                       "sim:ic4",
-                       "--after",
-                       "3s"});
+        monitor.start({"--stats", "--json", "--publish", monitor.address("beam/corvale/1"),
+                       "sim:ic4", "--after", "3s"});
         monitor.waitForDevice("beam/corvale/1");
         TangoClient client(monitor.address("beam/corvale/1"));
         while (client.read("values").fault.isEmpty())

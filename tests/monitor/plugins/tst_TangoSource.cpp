@@ -37,12 +37,8 @@ public:
     {
         m_heard.clear();
         m_process.start(m_program,
-                        {"test",
-                         "-nodb",
-                         "-ORBendPoint",
-                         QString("giop:tcp:127.0.0.1:%1").arg(m_port),
-                         "-dlist",
-                         "beam/test/1"});
+                        {"test", "-nodb", "-ORBendPoint",
+                         QString("giop:tcp:127.0.0.1:%1").arg(m_port), "-dlist", "beam/test/1"});
         waitFor("Ready to accept request");
     }
     void stop()
@@ -290,16 +286,10 @@ private Q_SLOTS:
         numbers("long64", "-9.00001e+15 0 65536");
         numbers("ulong64", "0 65536 1.80001e+19");
         numbers("float", "-1.5 0 1e+30");
-        row("two planes",
-            "x,y",
-            QStringList{"x 0 0 3 1 1 2 3", "y 0 0 2 1 4 5"},
-            "strips 3 + 2,",
+        row("two planes", "x,y", QStringList{"x 0 0 3 1 1 2 3", "y 0 0 2 1 4 5"}, "strips 3 + 2,",
             "0: 1 2 3 4 5");
-        row("an image, whose first row is the top of the picture",
-            "image",
-            QStringList{"image 0 0 3 2 1 2 3 4 5 6"},
-            "matrix 2 x 3,",
-            "0: 4 5 6 1 2 3");
+        row("an image, whose first row is the top of the picture", "image",
+            QStringList{"image 0 0 3 2 1 2 3 4 5 6"}, "matrix 2 x 3,", "0: 4 5 6 1 2 3");
     }
 
     void frames()
@@ -359,8 +349,7 @@ private Q_SLOTS:
         columns<QString, QString>("attributes", "why");
         const char *const mixture = "a window shows scalars, or one spectrum or two, or one image";
         row("no such attribute", "ampli,nobody", "nobody attribute not found");
-        row("a text",
-            "ampli,string_scalar",
+        row("a text", "ampli,string_scalar",
             "string_scalar is of the type DevString, not a number");
         row("a state", "State", "State is of the type DevState, not a number");
         row("a spectrum beside a scalar", "ampli,wave", mixture);

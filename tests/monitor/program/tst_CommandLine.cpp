@@ -83,8 +83,7 @@ private Q_SLOTS:
             "ca:B:X,B:Y",
             "ic4 stdin a 10.0.0.7-5000 dev-ttyS0 B-X");
         row("the same", "a/x.csv b/X.csv c/x.csv", "x X-2 x-3");
-        row("given ones go before",
-            "ic4 --source ic4=sim:ic4 --source ic4-2=x.csv",
+        row("given ones go before", "ic4 --source ic4=sim:ic4 --source ic4-2=x.csv",
             "ic4-3 ic4 ic4-2");
         row("an address with a sign", "--source halo=tcp://h:1?ask=A=B", "halo");
     }
@@ -181,9 +180,8 @@ private:
     static QString parsed(const QString &arguments, CommandLine *line)
     {
         QString error;
-        const bool ok =
-            line->parse(QStringList{"corvale-monitor"} + arguments.split(' ', Qt::SkipEmptyParts),
-                        &error);
+        const bool ok = line->parse(
+            QStringList{"corvale-monitor"} + arguments.split(' ', Qt::SkipEmptyParts), &error);
         return ok ? QString() : error;
     }
 };

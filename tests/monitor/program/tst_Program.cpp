@@ -114,9 +114,7 @@ private Q_SLOTS:
         QCOMPARE(image.size(), QSize(1300, 850));
         const QImage middle = image.copy(400, 100, 515, 430);
         std::set<QRgb> colours;
-        forEachPixel(middle, [&](int x, int y) {
-            colours.insert(middle.pixel(x, y));
-        });
+        forEachPixel(middle, [&](int x, int y) { colours.insert(middle.pixel(x, y)); });
         const int bright = countPixels(middle, [](const QColor &color) {
             return color.value() > 150 && color.saturation() > 150;
         });
@@ -190,9 +188,9 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("run.csv")));
         const Outcome check = run({"run-west.csv", "run-halo.csv", "bad.csv", "--check"});
         QCOMPARE(check.code, 2);
-        for (const char *line : {"run-west: 2 readings, 0 lines dropped",
-                                 "run-halo: 3 readings, 0 lines dropped",
-                                 "bad: 3 readings, 1 line dropped"})
+        for (const char *line :
+             {"run-west: 2 readings, 0 lines dropped", "run-halo: 3 readings, 0 lines dropped",
+              "bad: 3 readings, 1 line dropped"})
             QVERIFY2(check.out.contains(line), check.out);
         QCOMPARE(check.out.count("what is this"), 1);
 
@@ -206,13 +204,8 @@ private Q_SLOTS:
         QCOMPARE(itself.code, 0); // the files have other names
         putFile(path("x.csv"), "0,1\n");
         putFile(path("x-west.csv"), "0,1\n1,2\n");
-        const Outcome replaced = run({"--source",
-                                      "west=x.csv",
-                                      "x-west.csv",
-                                      "--stats",
-                                      "--record",
-                                      "x.csv",
-                                      "--overwrite"});
+        const Outcome replaced = run({"--source", "west=x.csv", "x-west.csv", "--stats", "--record",
+                                      "x.csv", "--overwrite"});
         QCOMPARE(replaced.code, 4);
         QVERIFY2(replaced.err.contains("x-west.csv exists already and is the source"),
                  replaced.err);
@@ -220,15 +213,9 @@ private Q_SLOTS:
 
     void severalSourcesInAWindow()
     {
-        const Outcome window = run({"sim:ic4",
-                                    "--source",
-                                    "halo=sim:strips",
-                                    "--settings",
-                                    "beside.xui",
-                                    "--record",
-                                    "beside.csv",
-                                    "--after",
-                                    "50readings"});
+        const Outcome window =
+            run({"sim:ic4", "--source", "halo=sim:strips", "--settings", "beside.xui", "--record",
+                 "beside.csv", "--after", "50readings"});
         QVERIFY2(window.code == 0, window.err);
         QCOMPARE(run({"beside-ic4.csv", "beside-halo.csv", "--check"}).code, 0);
         const Outcome tape = run({"sim:ic4", "good.csv", "--settings", "beside.xui"});
@@ -351,15 +338,15 @@ private Q_SLOTS:
     //! A beam on 24 strips of 2 mm, from the side that counts the other way, with a pedestal and two dead strips.
     void estimatesOnADetector()
     {
-        const auto estimate =
-            [this](const QStringList &arguments, const QByteArray &lines, const QString &name) {
-                const Outcome outcome = run(arguments, lines);
-                const QJsonObject report = QJsonDocument::fromJson(outcome.out).object();
-                for (const auto &value : report["estimates"].toArray())
-                    if (value.toObject()["estimator"].toString() == name)
-                        return value.toObject();
-                return QJsonObject();
-            };
+        const auto estimate = [this](const QStringList &arguments, const QByteArray &lines,
+                                     const QString &name) {
+            const Outcome outcome = run(arguments, lines);
+            const QJsonObject report = QJsonDocument::fromJson(outcome.out).object();
+            for (const auto &value : report["estimates"].toArray())
+                if (value.toObject()["estimator"].toString() == name)
+                    return value.toObject();
+            return QJsonObject();
+        };
         QByteArray line = "0";
         for (int i = 0; i < 24; ++i) {
             const double place = -2 * (i - 11.5);

@@ -28,18 +28,9 @@ struct KeepingPublication : CorvaleMonitor::Publication
 
 ResultInput resultsOf(Session &session)
 {
-    return {[&session]() -> const Source & {
-                return session.source();
-            },
-            [&session]() -> const StreamStatistics & {
-                return session.statistics();
-            },
-            [&session] {
-                return session.rate();
-            },
-            [&session] {
-                return session.isStale();
-            }};
+    return {[&session]() -> const Source & { return session.source(); },
+            [&session]() -> const StreamStatistics & { return session.statistics(); },
+            [&session] { return session.rate(); }, [&session] { return session.isStale(); }};
 }
 
 } // namespace
@@ -82,11 +73,9 @@ private Q_SLOTS:
         columns<double, int>("value", "state");
         row("normal", 3.0, int(CorvaleMonitor::ChannelState::Normal));
         row("beyond a limit", 5.0, int(CorvaleMonitor::ChannelState::Alarm));
-        row("above what the instrument can read",
-            11.0,
+        row("above what the instrument can read", 11.0,
             int(CorvaleMonitor::ChannelState::OverRange));
-        row("below what the instrument can read",
-            -11.0,
+        row("below what the instrument can read", -11.0,
             int(CorvaleMonitor::ChannelState::OverRange));
     }
     void statesOfValues()

@@ -38,8 +38,8 @@ public:
 };
 
 //! Records readings of any numbers and reads them back into \a read. Returns what went wrong; empty if nothing did.
-static QString
-whatDiffersReadBack(const QString &path, const StreamHeader &header, int readings, NumberSink &read)
+static QString whatDiffersReadBack(const QString &path, const StreamHeader &header, int readings,
+                                   NumberSink &read)
 {
     NumberSink written;
     written.streamStarted(header);
@@ -195,9 +195,8 @@ private Q_SLOTS:
         Recording r(path("a.csv"));
         QVERIFY(r.recorder().start());
         QStringList notes;
-        QObject::connect(&r.recorder(), &Recorder::noted, &r.clock, [&](const QString &text) {
-            notes += text;
-        });
+        QObject::connect(&r.recorder(), &Recorder::noted, &r.clock,
+                         [&](const QString &text) { notes += text; });
         r.recorder().startStream(header);
         QVERIFY(r.recorder().finish());
         QCOMPARE(notes.size(), 1);
@@ -462,9 +461,7 @@ private Q_SLOTS:
             const double read = text.toDouble();
             QVERIFY2(std::memcmp(&read, &value, sizeof read) == 0, sent);
             char scientific[longestNumber];
-            const char *const end = std::to_chars(scientific,
-                                                  scientific + sizeof scientific,
-                                                  value,
+            const char *const end = std::to_chars(scientific, scientific + sizeof scientific, value,
                                                   std::chars_format::scientific)
                                         .ptr;
             const QByteArray expected = digitsOf({scientific, int(end - scientific)});

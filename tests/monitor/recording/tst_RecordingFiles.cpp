@@ -226,15 +226,11 @@ private Q_SLOTS:
         row("the file is renamed", false, "mv run/a.csv kept.csv", gone, one);
         row("the folder is removed", false, "rm -r run", gone, QString());
         row("the folder is renamed", false, "mv run old; cp old/a.csv kept.csv", gone, one);
-        row("a file takes its place",
-            false,
+        row("a file takes its place", false,
             "echo 7,8,9 > other; mv other run/a.csv; cp run/a.csv kept.csv",
-            "was replaced by another file",
-            other);
-        row("another program writes into it",
-            false,
-            "echo 7,8,9 > run/a.csv; cp run/a.csv kept.csv",
-            "was changed by another program",
+            "was replaced by another file", other);
+        row("another program writes into it", false,
+            "echo 7,8,9 > run/a.csv; cp run/a.csv kept.csv", "was changed by another program",
             other);
         row("the folder of many is renamed", true, "mv run old; cp old/*.csv kept.csv", gone, one);
     }
@@ -288,9 +284,7 @@ private Q_SLOTS:
         Recording r(path("a.csv"));
         Recorder &recorder = r.recorder();
         QVERIFY(recorder.start());
-        const auto files = [this] {
-            return QDir(m_dir->path()).entryList(QDir::Files).size();
-        };
+        const auto files = [this] { return QDir(m_dir->path()).entryList(QDir::Files).size(); };
         const auto startOver = [&] {
             recorder.startStream(twoChannels());
             recorder.addReadings(block(0, 2));
@@ -342,9 +336,8 @@ private Q_SLOTS:
         r.clock.setWallTime(begin);
         QVERIFY(r.begin());
         QStringList files{r.recorder().fileName()};
-        connect(&r.recorder(), &Recorder::fileStarted, this, [&files](const QString &file) {
-            files.append(file);
-        });
+        connect(&r.recorder(), &Recorder::fileStarted, this,
+                [&files](const QString &file) { files.append(file); });
         constexpr int seconds = 300;
         for (int i = 0; i < seconds; ++i) {
             if (i == 120 && then.isValid())

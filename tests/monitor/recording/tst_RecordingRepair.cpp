@@ -67,14 +67,10 @@ private Q_SLOTS:
                 | 2: 3
             cut off                                        | 3,4 | lost: the recording's last line is incomplete* | 2: 3
         )");
-        row("zeros after a power cut",
-            QByteArray(100, '\0'),
-            "lost: the recording's last line is incomplete*",
-            "2: 3");
-        row("zeros in the middle",
-            QByteArray(100, '\0') + "\n3,4\n4,5\n",
-            "lost: 1 line (8), after 2 s, before 3 s: *",
-            "4: 5");
+        row("zeros after a power cut", QByteArray(100, '\0'),
+            "lost: the recording's last line is incomplete*", "2: 3");
+        row("zeros in the middle", QByteArray(100, '\0') + "\n3,4\n4,5\n",
+            "lost: 1 line (8), after 2 s, before 3 s: *", "4: 5");
     }
     //! The copy has everything that is left and says what is not; the recording stays as it was.
     void whatIsLostIsSaid()

@@ -36,9 +36,8 @@ private Q_SLOTS:
         ScriptedSession script;
         script.source->live = live;
         QStringList notes;
-        connect(&script.session, &Session::noted, this, [&](const QString &text) {
-            notes.append(text);
-        });
+        connect(&script.session, &Session::noted, this,
+                [&](const QString &text) { notes.append(text); });
         script.session.start();
         const auto begin = [&](int count, int date, double time) {
             StreamHeader header;
@@ -87,9 +86,7 @@ private Q_SLOTS:
         ScriptedSession script;
         script.begin(1);
         int starts = 0;
-        connect(&script.session, &Session::streamStarted, this, [&] {
-            ++starts;
-        });
+        connect(&script.session, &Session::streamStarted, this, [&] { ++starts; });
         script.source->give(100);
         script.settle();
         QCOMPARE(script.session.model().rowCount(), 101);
@@ -191,9 +188,8 @@ private Q_SLOTS:
     {
         ScriptedSession s;
         QStringList log;
-        QObject::connect(&s.session, &Session::noted, [&](const QString &text) {
-            log.append(text);
-        });
+        QObject::connect(&s.session, &Session::noted,
+                         [&](const QString &text) { log.append(text); });
         const auto entries = [&] {
             QStringList texts;
             for (const Alarms::Entry &entry : s.session.alarms().entries())
@@ -371,9 +367,8 @@ private Q_SLOTS:
             QSKIP("there is no full device here");
         ScriptedSession s;
         QStringList log;
-        connect(&s.session, &Session::noted, this, [&log](const QString &text) {
-            log.append(text);
-        });
+        connect(&s.session, &Session::noted, this,
+                [&log](const QString &text) { log.append(text); });
         s.begin(2);
         QCOMPARE(s.record(QString("/dev/full"), true), QString());
         s.run(20);
@@ -402,9 +397,8 @@ private Q_SLOTS:
         QTemporaryDir folder;
         ScriptedSession s;
         QStringList log;
-        connect(&s.session, &Session::noted, this, [&log](const QString &text) {
-            log.append(text);
-        });
+        connect(&s.session, &Session::noted, this,
+                [&log](const QString &text) { log.append(text); });
         s.begin(1);
         const QString path = folder.filePath("r.csv");
         QCOMPARE(s.record(path), QString());
@@ -458,9 +452,8 @@ private Q_SLOTS:
         QTemporaryDir dir;
         ScriptedSession s;
         QStringList notes;
-        connect(&s.session, &Session::noted, this, [&](const QString &text) {
-            notes.append(text);
-        });
+        connect(&s.session, &Session::noted, this,
+                [&](const QString &text) { notes.append(text); });
         s.begin(1);
         Recorder::Options options;
         options.path = dir.filePath("packed.csv");

@@ -40,9 +40,7 @@ private Q_SLOTS:
         row("to its end", tenfold, 0.5, "100: 1 | 100.5: 2 | 101: 3 | 104: 4, the end");
         row("a part of the file begins at once", part, 0.1, "100.5: 2");
         row("a part of the file", part, 1.1, "100.5: 2 | 101: 3, the end");
-        row("in a loop, with times that go on",
-            loop,
-            3.1,
+        row("in a loop, with times that go on", loop, 3.1,
             "100: 1 | 100.5: 2 | 101: 3 | 101.5: 1 | 102: 2 | 102.5: 3 | 103: 1");
     }
     void playsByTheClock()
@@ -95,12 +93,9 @@ private Q_SLOTS:
             time goes back                       || P2\n# t 5\n1 1 9 1 P2\n# t 4\n1 1 9 2 P2\n# t 6\n1 1 9 3
                 || refused 2 back | > 1 x 1 | 5: 1 | 6: 3
         )");
-        const auto bytes = [](const char *text, int size) {
-            return QByteArray(text, size);
-        };
+        const auto bytes = [](const char *text, int size) { return QByteArray(text, size); };
         row("a byte each", bytes("P5 2 1 255\n\x01\xff", 13), "> 1 x 2 counted | 1: 1 255");
-        row("two bytes each, the high one first",
-            bytes("P5 2 1 65535\n\x01\x02\xff\xff", 17),
+        row("two bytes each, the high one first", bytes("P5 2 1 65535\n\x01\x02\xff\xff", 17),
             "> 1 x 2 counted | 1: 258 65535");
         row("one after the other, with white space between or none",
             QByteArray("P5 1 1 255\nAP5 1 1 255\nB\n\nP2 1 1 9 7 "),
@@ -115,8 +110,7 @@ private Q_SLOTS:
             "P5 1 1 255#\nA|P3 1 1 9 1 1 1|P6 1 1 9\nAAA|P52 2 9\n|"
             "\x89PNG\r\n|hello, world";
         for (const QByteArray &rest : broken.split('|'))
-            row(("then " + rest.simplified()).constData(),
-                "P2 1 1 9 5 " + rest,
+            row(("then " + rest.simplified()).constData(), "P2 1 1 9 5 " + rest,
                 rest.isEmpty() ? "> 1 x 1 counted | 1: 5"
                                : "refused 2 unreadable | > 1 x 1 counted | 1: 5");
     }
@@ -167,8 +161,7 @@ private Q_SLOTS:
     void imagesInALoop_data()
     {
         columns<QString, QString>("images", "readings");
-        row("times far from 0",
-            "P2 #t 100\n1 1 9 1 P2 #t 101\n1 1 9 2 ",
+        row("times far from 0", "P2 #t 100\n1 1 9 1 P2 #t 101\n1 1 9 2 ",
             "100: 1 | 101: 2 | 102: 1");
         row("numbers, and a time", "P2 1 1 9 1 P2 #t -5\n1 1 9 2 ", "1: 1 | -5: 2 | 1: 1");
         row("times below 0", "P2 #t -5\n1 1 9 1 P2 #t -4\n1 1 9 2 ", "-5: 1 | -4: 2 | -3: 1");

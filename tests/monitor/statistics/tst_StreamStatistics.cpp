@@ -348,22 +348,18 @@ private Q_SLOTS:
         )");
         const QByteArray names = "spot,x_mm,y_mm,mu\n";
         row("by their numbers, however far they are off",
-            names + "1,0,0,10\n2,50,0,10\n3,90,0,10\n",
-            names + "1,1,0,10\n2,50,2,9\n7,90,0,5\n",
+            names + "1,0,0,10\n2,50,0,10\n3,90,0,10\n", names + "1,1,0,10\n2,50,2,9\n7,90,0,5\n",
             "2 spots: mean X 0.500, Y 1.000 mm; sigma X 0.707, Y 1.414 mm; worst 2.000 mm (row 2, "
             "spot 2); 1 outside 1 x 1 mm",
             "1 missing (10 MU), 1 extra (5 MU); total dose 24 MU of 30 MU; largest difference of a "
             "spot -1 MU");
-        row("the same number again, in the order of the rows",
-            names + "1,0,0,10\n1,50,0,20\n",
+        row("the same number again, in the order of the rows", names + "1,0,0,10\n1,50,0,20\n",
             names + "1,1,0,10\n1,51,0,20\n",
             "2 spots: mean X 1.000, Y 0.000 mm; sigma X 0.000, Y 0.000 mm; worst 1.000 mm (row 1, "
             "spot 1); 0 outside 1 x 1 mm",
             "0 missing (0 MU), 0 extra (0 MU); total dose 30 MU of 30 MU; largest difference of a "
             "spot 0 MU");
-        row("a spot without a place",
-            names + "1,0,0,10\n",
-            names + "1,nan,0,10\n",
+        row("a spot without a place", names + "1,0,0,10\n", names + "1,nan,0,10\n",
             "no spot lies where one is planned",
             "1 missing (10 MU), 0 extra (0 MU); total dose 0 MU of 10 MU; largest difference of a "
             "spot 0 MU; 1 spot without a place, a dose or a width is not compared");
@@ -497,13 +493,11 @@ private Q_SLOTS:
             const int channel = statistics.header().indexOf(row[1].chopped(2));
             QVERIFY2(channel >= 0, qPrintable(row[1]));
             const RunningStatistics &is = statistics.channel(channel);
-            const QStringList computed = {QString::number(is.count()),
-                                          tenDigits(is.minimum()),
-                                          tenDigits(is.maximum()),
-                                          tenDigits(is.mean()),
-                                          tenDigits(is.sigma()),
-                                          tenDigits(is.populationSigma()),
-                                          tenDigits(is.integral())};
+            const QStringList computed = {
+                QString::number(is.count()), tenDigits(is.minimum()),
+                tenDigits(is.maximum()),     tenDigits(is.mean()),
+                tenDigits(is.sigma()),       tenDigits(is.populationSigma()),
+                tenDigits(is.integral())};
             QCOMPARE(computed.join(' '), row.mid(4).join(' '));
         }
     }
@@ -519,9 +513,7 @@ private Q_SLOTS:
         QCOMPARE(int(statistics.frames().size()), table.size());
         for (int i = 0; i < table.size(); ++i) {
             const FrameMoments &is = statistics.frames()[std::size_t(i)].moments;
-            const auto six = [](double value) {
-                return QString::number(value, 'f', 6);
-            };
+            const auto six = [](double value) { return QString::number(value, 'f', 6); };
             const QStringList computed = {QString::number(is.total, 'f', 0),
                                           QString::number(is.maximum, 'f', 0),
                                           QString::number(is.maximumRow),

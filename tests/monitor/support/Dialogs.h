@@ -111,9 +111,7 @@ private:
     void add(const QString &place, const QWidget *part, const QSize &need, const QSize &has)
     {
         m_lines.append(QStringLiteral("%1: %2 %3 \"%4\", %5 x %6 of %7 x %8")
-                           .arg(place,
-                                part->metaObject()->className(),
-                                part->objectName(),
+                           .arg(place, part->metaObject()->className(), part->objectName(),
                                 part->property("text").toString().left(30))
                            .arg(has.width())
                            .arg(has.height())
@@ -132,19 +130,13 @@ private:
         else if (const auto *menus = qobject_cast<const QMenuBar *>(part))
             lookAtWidth(place, menus, menus->sizeHint().width(), menus->width());
         else if (const auto *dock = qobject_cast<const QDockWidget *>(part))
-            lookAtWidth(place,
-                        dock,
-                        dock->fontMetrics().horizontalAdvance(dock->windowTitle()),
+            lookAtWidth(place, dock, dock->fontMetrics().horizontalAdvance(dock->windowTitle()),
                         dock->width());
         else if (const auto *box = qobject_cast<const QGroupBox *>(part))
-            lookAtWidth(place,
-                        box,
-                        box->fontMetrics().horizontalAdvance(box->title()),
+            lookAtWidth(place, box, box->fontMetrics().horizontalAdvance(box->title()),
                         box->width());
         else if (const auto *line = qobject_cast<const QLineEdit *>(part))
-            lookAtWidth(place,
-                        line,
-                        line->fontMetrics().horizontalAdvance(line->placeholderText()),
+            lookAtWidth(place, line, line->fontMetrics().horizontalAdvance(line->placeholderText()),
                         line->width());
         else if (hasText(part))
             lookAtText(place, part);

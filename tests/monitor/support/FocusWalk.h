@@ -50,8 +50,7 @@ private:
                 ++m_reached;
             else
                 m_missed.append(QStringLiteral("%1 %2 \"%3\"")
-                                    .arg(control->metaObject()->className(),
-                                         control->objectName(),
+                                    .arg(control->metaObject()->className(), control->objectName(),
                                          control->property("text").toString()));
         }
     }

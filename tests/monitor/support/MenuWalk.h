@@ -73,9 +73,7 @@ inline int walk(QMenu *menu, ClippedTexts &clipped)
                 ++dialogs;
                 lookAtDialog(name, dialog, clipped);
             },
-            [entry] {
-                entry->trigger();
-            });
+            [entry] { entry->trigger(); });
         QCoreApplication::processEvents();
         lookAtWindows(name, clipped);
         if (entry && entry->isCheckable() && !entry->actionGroup())

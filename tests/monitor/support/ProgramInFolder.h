@@ -29,8 +29,7 @@ protected:
         process.closeWriteChannel();
         if (!process.waitForFinished(longest) || process.exitStatus() != QProcess::NormalExit)
             return {};
-        return {process.exitCode(),
-                process.readAllStandardOutput(),
+        return {process.exitCode(), process.readAllStandardOutput(),
                 process.readAllStandardError()};
     }
 

@@ -48,16 +48,10 @@ struct Recording
     {
         if (!m_recorder) {
             m_recorder = std::make_unique<Monitor::Recorder>(clock, options);
-            QObject::connect(m_recorder.get(),
-                             &Monitor::Recorder::noted,
-                             &clock,
-                             [this](const QString &text) {
-                                 notes.append(text);
-                             });
+            QObject::connect(m_recorder.get(), &Monitor::Recorder::noted, &clock,
+                             [this](const QString &text) { notes.append(text); });
             if (options.segments != Monitor::SegmentForm::Text)
-                QObject::connect(m_recorder.get(),
-                                 &Monitor::Recorder::fileCompleted,
-                                 &clock,
+                QObject::connect(m_recorder.get(), &Monitor::Recorder::fileCompleted, &clock,
                                  [this](const QString &name) {
                                      compressor.add(name,
                                                     Monitor::segmentConversion(options.segments,

@@ -13,12 +13,9 @@ public:
     explicit SourceLog(Monitor::Source &source)
     {
         using Monitor::Source;
-        connect(&source, &Source::streamStarted, this, [this](const Monitor::StreamHeader &header) {
-            sink.streamStarted(header);
-        });
-        connect(&source,
-                &Source::readingsArrived,
-                this,
+        connect(&source, &Source::streamStarted, this,
+                [this](const Monitor::StreamHeader &header) { sink.streamStarted(header); });
+        connect(&source, &Source::readingsArrived, this,
                 [this](const Monitor::ReadingBlock &block) {
                     blocks += 1;
                     for (int row = 0; row < block.size(); ++row) {
@@ -26,15 +23,11 @@ public:
                         times.append(block.time(row));
                     }
                 });
-        connect(&source, &Source::noted, this, [this](const QString &text) {
-            sink.eventNoted(text);
-        });
-        connect(&source, &Source::lineRefused, this, [this](const Monitor::RefusedLine &line) {
-            sink.lineRefused(line);
-        });
-        connect(&source,
-                &Source::stateChanged,
-                this,
+        connect(&source, &Source::noted, this,
+                [this](const QString &text) { sink.eventNoted(text); });
+        connect(&source, &Source::lineRefused, this,
+                [this](const Monitor::RefusedLine &line) { sink.lineRefused(line); });
+        connect(&source, &Source::stateChanged, this,
                 [this](Source::State state, const QString &text) {
                     states.append(QString::fromLatin1(
                         QMetaEnum::fromType<Source::State>().valueToKey(int(state))));

@@ -47,8 +47,7 @@ QByteArray recording(int origin, const std::vector<int> &times, const QByteArray
 //! Recordings on a tape, and what they told in the order in which they told it.
 struct Played
 {
-    Played(const QTemporaryDir &dir,
-           const std::vector<QByteArray> &texts,
+    Played(const QTemporaryDir &dir, const std::vector<QByteArray> &texts,
            const CommonTape::Options &options)
     {
         std::vector<CommonTape::Recording> recordings;
@@ -75,28 +74,21 @@ struct Played
                 const auto placed = source->placedOrigin().value_or(Source::PlacedOrigin{});
                 const double origin = placed.seconds;
                 const double hour = placed.isDated ? 1795356000.0 : 0.0;
-                told.push_back({track,
-                                qRound64((origin - hour + block.time(row)) * 1000.0),
+                told.push_back({track, qRound64((origin - hour + block.time(row)) * 1000.0),
                                 int(block.values(row)[0])});
             }
         });
-        QObject::connect(source, &Source::jumped, &clock, [=] {
-            forget(track);
-        });
-        QObject::connect(source, &Source::streamStarted, &clock, [=] {
-            headers += QChar('A' + track);
-        });
+        QObject::connect(source, &Source::jumped, &clock, [=] { forget(track); });
+        QObject::connect(source, &Source::streamStarted, &clock,
+                         [=] { headers += QChar('A' + track); });
         QObject::connect(source, &Source::noted, &clock, [=](const QString &text) {
             notes += QString("%1 after %2: %3").arg(QChar('A' + track)).arg(told.size()).arg(text);
         });
     }
     void forget(int track)
     {
-        told.erase(std::remove_if(told.begin(),
-                                  told.end(),
-                                  [=](const Told &reading) {
-                                      return reading.track == track;
-                                  }),
+        told.erase(std::remove_if(told.begin(), told.end(),
+                                  [=](const Told &reading) { return reading.track == track; }),
                    told.end());
     }
     //! Lets the tape play to its end, or for so many seconds at most.
@@ -189,9 +181,8 @@ private Q_SLOTS:
             played.clock.advance(0.02503); // no reading lies on a tick
             const double due = double(first) + tick * 50.06;
             const auto expected =
-                std::count_if(random.all.begin(), random.all.end(), [&](const Told &reading) {
-                    return double(reading.moment) <= due;
-                });
+                std::count_if(random.all.begin(), random.all.end(),
+                              [&](const Told &reading) { return double(reading.moment) <= due; });
             QCOMPARE(qint64(played.told.size()), qint64(expected));
         }
     }
@@ -206,9 +197,7 @@ private Q_SLOTS:
             played.go(position);
             std::vector<Told> expected;
             for (int track = 0; track < 3; ++track) // each is read for itself
-                std::copy_if(random.all.begin(),
-                             random.all.end(),
-                             std::back_inserter(expected),
+                std::copy_if(random.all.begin(), random.all.end(), std::back_inserter(expected),
                              [&](const Told &reading) {
                                  return reading.track == track
                                      && double(reading.moment - first) <= position * 1000.0 + 0.5;
@@ -378,9 +367,7 @@ private Q_SLOTS:
         played.tape = std::make_unique<CommonTape>(
             std::vector<CommonTape::Recording>{{"A", played.sources[0].get()},
                                                {"B", played.sources[1].get()}},
-            at(1.0),
-            played.clock,
-            m_dir.filePath("decks"));
+            at(1.0), played.clock, m_dir.filePath("decks"));
         played.sources[1]->start();
         while (!played.tape->isIndexed())
             played.clock.advance(0.0);

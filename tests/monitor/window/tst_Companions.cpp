@@ -91,21 +91,12 @@ private Q_SLOTS:
         // lead from t = 10 s, the other from t = 2.5 s.
         columns<double, double, QString, QString>("lead", "beside", "ends", "log");
         row("times that began at other moments", -10.0, -2.5, "11.00 3.50", "");
-        row("no time of day",
-            -10.0,
-            notStated,
-            "11.00 3.50",
+        row("no time of day", -10.0, notStated, "11.00 3.50",
             "halo: the source states no time of day");
         row("a clock that is a bit off", -10.0, -1.5, "12.00 3.50", "");
-        row("a clock that is wrong",
-            -10.0,
-            297.5,
-            "11.00 -",
+        row("a clock that is wrong", -10.0, 297.5, "11.00 -",
             "halo: WARNING the clock of the source is 300.0 s ahead");
-        row("a lead without a time of day",
-            notStated,
-            -2.5,
-            "11.00 3.50",
+        row("a lead without a time of day", notStated, -2.5, "11.00 3.50",
             "current: the source states no time of day");
     }
     void chartsEndAtTheSameMoment()

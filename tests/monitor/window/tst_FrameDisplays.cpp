@@ -218,9 +218,7 @@ private Q_SLOTS:
         });
         QTRY_COMPARE(said(QAccessible::Description), QString("position not valid"));
         QVERIFY(!s.position.showsNoBeam());
-        give([](double, double) {
-            return 0.0;
-        });
+        give([](double, double) { return 0.0; });
         QTRY_VERIFY(s.position.showsNoBeam());
         give(beamAt(5, 3));
         QTRY_VERIFY(said(QAccessible::Value).contains("X Position (mm) 5"));

@@ -84,9 +84,7 @@ private Q_SLOTS:
         });
         QVERIFY(!w.window.sources().open(table)); // cancelled: all stays
         QVERIFY(w.session.recorder());
-        onNextDialog([](QDialog *question) {
-            clickButton(question, "End the recording");
-        });
+        onNextDialog([](QDialog *question) { clickButton(question, "End the recording"); });
         QVERIFY(w.window.sources().open(table));
         QVERIFY(!w.session.recorder());
         QVERIFY(w.log().contains("record.csv ended"));
@@ -120,9 +118,7 @@ private Q_SLOTS:
         SmallWindow w(file("tape.xui"));
         const QString table = file("tape.csv");
         putFile(table, "time_s,a_nA\n0,1\n1,2\n2,3\n");
-        const auto tape = [&] {
-            return w.window.findChild<TapePanel *>();
-        };
+        const auto tape = [&] { return w.window.findChild<TapePanel *>(); };
         QVERIFY(!tape() && !w.action("showTape")->isEnabled());
         for (int i = 0; i < 3; ++i) {
             QVERIFY(w.window.sources().open(table));
@@ -256,11 +252,9 @@ private Q_SLOTS:
         putFile(file("good.csv"), "time_s,left_nA,right_nA\n0,1,2\n1,3,\n");
         putFile(file("bad.csv"), "<html>\n<body>\n");
         QTest::newRow("a table") << file("good.csv")
-                                 << QStringList{"The source works",
-                                                "  time_s,left_nA,right_nA",
+                                 << QStringList{"The source works", "  time_s,left_nA,right_nA",
                                                 "Read as 2 channels, layout channels",
-                                                "t 0 s: left 1 nA, right 2 nA",
-                                                "right none nA"};
+                                                "t 0 s: left 1 nA, right 2 nA", "right none nA"};
         QTest::newRow("a file without readings")
             << file("bad.csv") << QStringList{"contains no readings", "  <html>"};
         QTest::newRow("no file") << file("none.csv")
@@ -483,9 +477,7 @@ private Q_SLOTS:
         });
         w.action("clear")->trigger();
         QCOMPARE(w.session.model().rowCount(), 21);
-        onNextDialog([](QDialog *question) {
-            clickButton(question, "Remove the samples");
-        });
+        onNextDialog([](QDialog *question) { clickButton(question, "Remove the samples"); });
         w.action("clear")->trigger();
         QCOMPARE(w.session.model().rowCount(), 1);
         QVERIFY(w.notice("cleared").contains("20 readings"));
@@ -519,9 +511,7 @@ private Q_SLOTS:
 
         // The same for a period, which is set back too.
         auto *period = w.window.displays().scope()->findChild<QComboBox *>("comboBox_period");
-        onNextDialog([](QDialog *question) {
-            clickButton(question, "Remove the samples");
-        });
+        onNextDialog([](QDialog *question) { clickButton(question, "Remove the samples"); });
         period->setCurrentIndex(2);
         QCOMPARE(w.window.displays().scope()->period(), 1000);
         w.action("undoClear")->trigger();
@@ -551,9 +541,7 @@ private Q_SLOTS:
         QVERIFY(position);
         QTRY_VERIFY(w.window.findChild<QLabel *>("valueState")->text() == "ZEROED");
         QCOMPARE(position->findChild<QLabel *>("stateBadge")->text(), QString("ZEROED"));
-        BigNumbers big(w.session,
-                       w.window.displays(),
-                       *w.window.findChild<LatestValuePanel *>(),
+        BigNumbers big(w.session, w.window.displays(), *w.window.findChild<LatestValuePanel *>(),
                        nullptr);
         QCOMPARE(big.lines(), QStringList({"left  ZEROED", w.value(0)}));
         QVERIFY2(w.value(0).startsWith("1") && w.value(0).endsWith("nA"), qPrintable(w.value(0)));

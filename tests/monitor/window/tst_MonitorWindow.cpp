@@ -137,11 +137,7 @@ private Q_SLOTS:
             QTableView *table = w.values();
             const QRect cell = table->visualRect(table->model()->index(1, column));
             const QImage picture = table->viewport()->grab(cell).toImage();
-            return countPixels(picture,
-                               [&](const QColor &pixel) {
-                                   return pixel == colour;
-                               })
-                > 0;
+            return countPixels(picture, [&](const QColor &pixel) { return pixel == colour; }) > 0;
         };
         // The swatch has the colour of the curve, and the value that of all text until it is old.
         const QModelIndex channel = w.session.model().index(0, 2);
@@ -171,9 +167,7 @@ private Q_SLOTS:
             DisplayedWindow w(file);
             auto *actions = w.window.findChild<LimitActions *>();
             int sounds = 0;
-            actions->setSound([&] {
-                ++sounds;
-            });
+            actions->setSound([&] { ++sounds; });
             w.source->begin(StreamKind::Channels, 2, "nA");
             w.run(3);
             // The operator types a limit for the second channel; a wrong one cannot be accepted.
@@ -457,13 +451,10 @@ private Q_SLOTS:
         // The pulse from 45 s to 60 s stands between half and two thirds of the width.
         const QImage picture = w.plot()->canvas()->grab().toImage();
         const auto trace = [&](double from, double to) {
-            const QRect part(int(from * picture.width()),
-                             0,
-                             int((to - from) * picture.width()),
+            const QRect part(int(from * picture.width()), 0, int((to - from) * picture.width()),
                              picture.height() / 2);
-            return countPixels(picture.copy(part), [](const QColor &color) {
-                return color.saturation() > 200;
-            });
+            return countPixels(picture.copy(part),
+                               [](const QColor &color) { return color.saturation() > 200; });
         };
         QCOMPARE(trace(0.0, 0.49), 0);
         QVERIFY(trace(0.51, 0.66) > picture.width() / 10);

@@ -84,11 +84,8 @@ struct BeamInWindow : WindowInTest
             ofProfile << text(profile->estimate(axis));
         for (const auto *item : items)
             ofHistogram << text(item->estimate());
-        const LastEstimates report =
-            estimatesOfLastReading(session.statistics(),
-                                   false,
-                                   {},
-                                   keptFitParameters(WindowSettings(settings)));
+        const LastEstimates report = estimatesOfLastReading(
+            session.statistics(), false, {}, keptFitParameters(WindowSettings(settings)));
         for (const PlaneEstimate &plane : report.planes)
             if (plane.estimator == (fit ? "regression" : "centre_of_gravity"))
                 ofReport << text(plane.estimate);

@@ -103,12 +103,9 @@ private Q_SLOTS:
             draw(painter);
             return 1.0 - lightShare(image.copy(end));
         };
-        const double drawn = darkShare([&](QPainter &painter) {
-            painter.drawPicture(0, 0, strokes);
-        });
-        const double shown = darkShare([&](QPainter &painter) {
-            picture.paint(&painter);
-        });
+        const double drawn =
+            darkShare([&](QPainter &painter) { painter.drawPicture(0, 0, strokes); });
+        const double shown = darkShare([&](QPainter &painter) { picture.paint(&painter); });
         QVERIFY2(shown > 0.0 && std::abs(drawn / shown - 1) < 0.2,
                  qPrintable(QString::number(drawn / shown)));
     }

@@ -147,12 +147,8 @@ private Q_SLOTS:
             double length;
             int most;
             double step;
-        } cases[] = {{0.3, 8, 0.05},
-                     {50.0, 6, 10.0},
-                     {170.0, 6, 30.0},
-                     {1035.0, 6, 300.0},
-                     {5.0 * 3600, 6, 3600.0},
-                     {604800.0, 5, 2.0 * 86400}};
+        } cases[] = {{0.3, 8, 0.05},     {50.0, 6, 10.0},         {170.0, 6, 30.0},
+                     {1035.0, 6, 300.0}, {5.0 * 3600, 6, 3600.0}, {604800.0, 5, 2.0 * 86400}};
         for (const auto &given : cases)
             QCOMPARE(TapeText::timeStep(given.length, given.most), given.step);
     }

@@ -58,8 +58,8 @@ struct AxisDialog
     ValueAxisDialog *dialog = nullptr;
 
 private:
-    QString
-    typeInto(const char *upper, const QString &maximum, const char *lower, const QString &minimum)
+    QString typeInto(const char *upper, const QString &maximum, const char *lower,
+                     const QString &minimum)
     {
         for (const auto &[name, text] : {std::pair(upper, maximum), std::pair(lower, minimum)}) {
             auto *field = dialog->findChild<QLineEdit *>(name);
@@ -229,9 +229,7 @@ private Q_SLOTS:
         QTRY_VERIFY(view->shownUnit().endsWith("V"));
         axis.w.settle();
         const auto *maximum = axis.dialog->findChild<QLineEdit *>("maximum");
-        const auto leftEnd = [&] {
-            return axis.w.plot()->axisInterval(QwtPlot::yLeft).maxValue();
-        };
+        const auto leftEnd = [&] { return axis.w.plot()->axisInterval(QwtPlot::yLeft).maxValue(); };
         QTRY_COMPARE(maximum->text(), view->toShownValue(leftEnd()));
         QVERIFY(leftEnd() < 30.0);
         QCOMPARE(axis.type("40 V", "-5 V"), QString());

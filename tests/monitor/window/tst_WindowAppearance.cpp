@@ -115,9 +115,7 @@ private Q_SLOTS:
     //! A number has its form in each language, however large it is, and an English one in files.
     void numbersHaveTheirForms()
     {
-        const auto gaps = [](qint64 number) {
-            return Text::counted("%n gap(s)", nullptr, number);
-        };
+        const auto gaps = [](qint64 number) { return Text::counted("%n gap(s)", nullptr, number); };
         QCOMPARE(gaps(1), QString("1 gap"));
         QCOMPARE(gaps(5000000001), QString("5000000001 gaps"));
         const InLanguage german("de");

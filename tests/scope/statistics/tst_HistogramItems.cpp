@@ -128,17 +128,13 @@ private Q_SLOTS:
         row("dark", gaussabola, none, dark, "Peak below threshold.");
         row("dark, centre of gravity", cog, none, dark, "Signal below threshold.");
         row("beam beside the detector", regression, none, beside, "Peak on edge.");
-        const auto fit = [](const char *name,
-                            const Parameters &parameters,
-                            const Bars &bars,
+        const auto fit = [](const char *name, const Parameters &parameters, const Bars &bars,
                             const char *message) {
             row(name, int(View::RegressionItem), parameters, bars, message);
         };
         fit("below the smallest peak", {0, 10, 1e-8, 0}, beam(), "Peak below threshold.");
         fit("below the smallest sum", {0, 10, 1e-15, 1e-3}, beam(), "Signal below threshold.");
-        fit("one hot strip",
-            {0.5, 10, 1e-15, 1e-14},
-            withBars(32, {{10, 1e-9F}}),
+        fit("one hot strip", {0.5, 10, 1e-15, 1e-14}, withBars(32, {{10, 1e-9F}}),
             "Not enough peak channels.");
         fit("two beams", {0.9, 2, 1e-15, 1e-14, 2, 12}, twoBeams, "Noise above threshold.");
         fit("a trough for a peak", {0.0, 2, 1e-15, 1e-14, 0}, trough, "Regression failed.");
@@ -197,13 +193,10 @@ private Q_SLOTS:
         const Bars bars = withBars(64, {{9, 1.0F}, {10, 2.0F}, {11, 1.0F}, {50, 0.4F}});
         const double all = 1 + (9 + 20 + 11 + 20) / 4.4;
         const QVector<std::pair<Parameters, double>> cases{
-            {{0.0, 0.0, 10.0}, all},
-            {{0.0, 0.19, 10.0}, all},
+            {{0.0, 0.0, 10.0}, all},  {{0.0, 0.19, 10.0}, all},
             {{0.0, 0.2, 10.0}, 11.0}, // a bar at the threshold does not count
-            {{1.0, 0.0, 10.0}, 11.0},
-            {{0.5, 0.0, 10.0}, 11.0}, // half is rounded up to window mode
-            {{0.4, 0.0, 10.0}, all},
-            {{1.0, 0.0, 60.0}, all},
+            {{1.0, 0.0, 10.0}, 11.0}, {{0.5, 0.0, 10.0}, 11.0}, // half is rounded up to window mode
+            {{0.4, 0.0, 10.0}, all},  {{1.0, 0.0, 60.0}, all},
         };
         for (const auto &[parameters, position] : cases) {
             const Item item = makeItem(View::CenterOfGravityItem, parameters);
@@ -214,13 +207,10 @@ private Q_SLOTS:
 
     void deviceFits()
     {
-        const QVector<std::pair<QVariantList, int>> cases{{{12.3, 2.5, 4e-9}, 0},
-                                                          {{1, 1, 1, 12.3, 2.5, 4e-9}, 1},
-                                                          {{}, 0},
-                                                          {{12.3, 2.5}, 0},
-                                                          {{12.3, 2.5, 4e-9}, 1},
-                                                          {{"no", "fit", "here"}, 0},
-                                                          {{12.3, 1e300, 4e-9}, 0}};
+        const QVector<std::pair<QVariantList, int>> cases{
+            {{12.3, 2.5, 4e-9}, 0},  {{1, 1, 1, 12.3, 2.5, 4e-9}, 1}, {{}, 0},
+            {{12.3, 2.5}, 0},        {{12.3, 2.5, 4e-9}, 1},          {{"no", "fit", "here"}, 0},
+            {{12.3, 1e300, 4e-9}, 0}};
         QStringList results;
         for (const auto &[fits, group] : cases) {
             RVX_PrecalculatedFitHistogramItem item(nullptr, {}, true);

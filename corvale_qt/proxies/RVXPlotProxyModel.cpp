@@ -17,16 +17,6 @@ class RVXPlotProxyModelPrivate : public UpstreamRelay<RVXPlotProxyModel>
 public:
     using UpstreamRelay::UpstreamRelay;
 
-    // These also announce the rows that a hook passes to alsoChanged().
-    void _q_sourceRowsInserted(const QModelIndex &parent, int first, int last);
-    void _q_sourceRowsRemoved(const QModelIndex &parent, int first, int last);
-    void _q_sourceRowsMoved(const QModelIndex &from,
-                            int first,
-                            int last,
-                            const QModelIndex &to,
-                            int row);
-    void _q_sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight);
-
     void setSource(QAbstractItemModel *newItems, RVXAbstractPlotDataModel *newPlot);
     void sourceDestroyed();
     void noticeDeletion();
@@ -40,13 +30,8 @@ public:
     // A host's model may return indexes of cells that it does not have, and a host's proxy may have fewer cells than
     // its source. The library's classes need no check.
     bool checksIndexes = true;
-    // The row that a hook passed to alsoChanged(); 0 for none.
-    int changedFrom = 0;
 
 private:
-    int takeChangedFrom();
-    void announceChanged();
-
     QMetaObject::Connection destroyed;
 };
 
@@ -90,58 +75,6 @@ void RVXPlotProxyModelPrivate::noticeDeletion()
         return;
     QObject::disconnect(destroyed);
     sourceDestroyed();
-}
-
-void RVXPlotProxyModelPrivate::_q_sourceRowsInserted(const QModelIndex &parent, int first, int last)
-{
-    UpstreamRelay::_q_sourceRowsInserted(parent, first, last);
-    announceChanged();
-}
-
-void RVXPlotProxyModelPrivate::_q_sourceRowsRemoved(const QModelIndex &parent, int first, int last)
-{
-    UpstreamRelay::_q_sourceRowsRemoved(parent, first, last);
-    announceChanged();
-}
-
-void RVXPlotProxyModelPrivate::_q_sourceRowsMoved(const QModelIndex &from,
-                                                  int first,
-                                                  int last,
-                                                  const QModelIndex &to,
-                                                  int row)
-{
-    UpstreamRelay::_q_sourceRowsMoved(from, first, last, to, row);
-    announceChanged();
-}
-
-void RVXPlotProxyModelPrivate::_q_sourceDataChanged(const QModelIndex &topLeft,
-                                                    const QModelIndex &bottomRight)
-{
-    noteCellsChanged();
-    const QModelIndex from = q->mapFromSource(topLeft);
-    const QModelIndex to = q->mapFromSource(bottomRight);
-    q->sourceDataChanged(from, to);
-    const bool reachesFurther = takeChangedFrom() > 0 && to.row() < q->rowCount() - 1;
-    Q_EMIT q->dataChanged(from, reachesFurther ? q->index(q->rowCount() - 1, to.column()) : to);
-}
-
-int RVXPlotProxyModelPrivate::takeChangedFrom()
-{
-    const int row = changedFrom;
-    changedFrom = 0;
-    return row;
-}
-
-//! Emits dataChanged() from the row that a hook passed to alsoChanged() to the newest.
-void RVXPlotProxyModelPrivate::announceChanged()
-{
-    const int first = takeChangedFrom();
-    if (first < 1)
-        return; // nearly always: the counts below ask all models beneath
-    const int last = q->rowCount() - 1;
-    const int lastColumn = q->columnCount() - 1;
-    if (first <= last && lastColumn >= 1)
-        Q_EMIT q->dataChanged(q->index(first, 1), q->index(last, lastColumn));
 }
 
 RVXPlotProxyModel::RVXPlotProxyModel(QObject *parent)
@@ -442,7 +375,7 @@ void RVXPlotProxyModel::sourceDataChanged(const QModelIndex &, const QModelIndex
 void RVXPlotProxyModel::alsoChanged(int firstRow)
 {
     Q_D(RVXPlotProxyModel);
-    d->changedFrom = firstRow;
+    d->alsoChanged(firstRow);
 }
 
 void RVXPlotProxyModel::beginSharedReset()

@@ -7,11 +7,12 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <utility>
 
 namespace Corvale_Qt {
 
 /*! Makes a proxy announce what its source announces, with the indexes mapped. It has one function for each signal that
-    connectUpstream() connects; the private class of a proxy derives from it and hides the functions that differ.
+    connectUpstream() connects; the private class of a proxy derives from it.
     \a Proxy makes its relay a friend, since a model's announcements are protected.
 
     The hooks of the proxy, such as sourceRowsInserted(), run after the source has changed and before the proxy's
@@ -44,6 +45,7 @@ public:
             return;
         q->sourceRowsInserted(parent, first, last);
         end(Change::RowInsertion);
+        announceChanged();
     }
 
     void _q_sourceRowsAboutToBeRemoved(const QModelIndex &parent, int first, int last)
@@ -59,6 +61,7 @@ public:
             return;
         q->sourceRowsRemoved(parent, first, last);
         end(Change::RowRemoval);
+        announceChanged();
     }
 
     void _q_sourceRowsAboutToBeMoved(const QModelIndex &from,
@@ -74,6 +77,7 @@ public:
     void _q_sourceRowsMoved(const QModelIndex &, int, int, const QModelIndex &, int)
     {
         takeAndEnd(Change::RowMove);
+        announceChanged();
     }
 
     void _q_sourceColumnsAboutToBeInserted(const QModelIndex &parent, int first, int last)
@@ -121,11 +125,14 @@ public:
 
     void _q_sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight)
     {
-        noteCellsChanged();
+        // It may come in the middle of a change that gives the cells other places.
+        m_isOvertaken = m_isOvertaken || mayShiftCells();
         const QModelIndex from = q->mapFromSource(topLeft);
         const QModelIndex to = q->mapFromSource(bottomRight);
         q->sourceDataChanged(from, to);
-        Q_EMIT q->dataChanged(from, to);
+        const bool reachesFurther =
+            std::exchange(m_changedFrom, 0) > 0 && to.row() < q->rowCount() - 1;
+        Q_EMIT q->dataChanged(from, reachesFurther ? q->index(q->rowCount() - 1, to.column()) : to);
     }
 
     void _q_sourceHeaderDataChanged(Qt::Orientation orientation, int first, int last)
@@ -193,10 +200,10 @@ public:
         }
     }
 
-protected:
-    //! Notes that cells of the source have changed, maybe in the middle of a change that gives its cells other places.
-    void noteCellsChanged() { m_isOvertaken = m_isOvertaken || mayShiftCells(); }
+    //! Makes the rows from \a row to the newest changed as well, beside those of the change whose hook calls this.
+    void alsoChanged(int row) { m_changedFrom = row; }
 
+protected:
     Proxy *const q;
 
 private:
@@ -292,6 +299,18 @@ private:
                });
     }
 
+    //! Emits dataChanged() from the row that a hook passed to alsoChanged() to the newest.
+    void announceChanged()
+    {
+        const int first = std::exchange(m_changedFrom, 0);
+        if (first < 1)
+            return; // nearly always: the counts below ask all models beneath
+        const int last = q->rowCount() - 1;
+        const int lastColumn = q->columnCount() - 1;
+        if (first <= last && lastColumn >= 1)
+            Q_EMIT q->dataChanged(q->index(first, 1), q->index(last, lastColumn));
+    }
+
     void reset()
     {
         beginReset();
@@ -307,6 +326,8 @@ private:
     bool m_endsAll = false;
     // Whether the proxy was reset, or the source changed again, since the outermost open change began.
     bool m_isOvertaken = false;
+    // The row that a hook passed to alsoChanged(); 0 for none.
+    int m_changedFrom = 0;
     HeldIndexes m_held;
 };
 

@@ -35,8 +35,8 @@ private:
     struct Picture
     {
         QRect slider;
-        bool isAtStart;
-        bool isAtEnd;
+        bool isAtStart = false;
+        bool isAtEnd = false;
 
         bool operator==(const Picture &other) const;
     };

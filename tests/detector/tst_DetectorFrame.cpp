@@ -377,7 +377,6 @@ private Q_SLOTS:
     void whatGoesWrongIsTold()
     {
         QFETCH(Change, change);
-        QFETCH(double, mean);
         BeamProfile profile = CellCharges::strips(32, 2, CellCharges::gaussian(kMean, kSigma));
         change(profile);
         flagHotCells(profile);
@@ -386,7 +385,7 @@ private Q_SLOTS:
         for (const BeamEstimate &estimate : allEstimates(profile)) {
             const BeamVerdict verdict = judgeEstimate(profile, estimate);
             verdicts += QStringLiteral("VP-").at(int(verdict.validity));
-            const double bias = estimate.position.value - mean;
+            const double bias = estimate.position.value - cell<double>("mean");
             const double ratio = estimate.sigma.value / kSigma;
             told += estimate.isOk() ? QStringLiteral(" | %1 / %2 %3")
                                           .arg(bias + 0.0, 0, 'f', 2)

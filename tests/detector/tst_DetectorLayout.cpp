@@ -390,10 +390,9 @@ private Q_SLOTS:
     }
     void linesMakeALayout()
     {
-        QFETCH(QStringList, lines);
         QFETCH(int, readings);
         DetectorLines taken;
-        for (const QString &line : qAsConst(lines)) {
+        for (const QString &line : cell<QStringList>("lines")) {
             QVERIFY2(taken.take(line) == DetectorLines::Line::Taken,
                      qPrintable(taken.fault().message()));
         }

@@ -212,13 +212,11 @@ private Q_SLOTS:
     void blocksAreTheRows()
     {
         QFETCH(int, channels);
-        QFETCH(int, largest);
-        QFETCH(bool, disturbed);
         // So little memory that the lower levels lose their oldest blocks.
         Acquisition all(channels, cell<int>("capacity"), 1);
         std::mt19937 random(3);
         while (all.times.size() < 20000) {
-            all.append(1 + int(random() % unsigned(largest)), disturbed);
+            all.append(1 + int(random() % unsigned(cell<int>("largest"))), cell<bool>("disturbed"));
             if (random() % 200 == 0)
                 QCOMPARE(historyFault(all), QString());
         }

@@ -22,17 +22,6 @@ namespace {
 constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-// What a host may do: readings through a calibration of its own.
-class Calibrated : public RVXSingleChannelDataModel
-{
-public:
-    double doubleData(int row, int column) const override
-    {
-        const double value = RVXSingleChannelDataModel::doubleData(row, column);
-        return row >= 1 && column >= 1 ? value + 1000.0 : value;
-    }
-};
-
 bool sameBits(double a, double b)
 {
     return std::memcmp(&a, &b, sizeof a) == 0;
@@ -122,7 +111,7 @@ QImage chartOf(QAbstractItemModel &model)
     return view.grab().toImage();
 }
 
-//! A host's subclass with numbers of its own.
+//! A host's subclass with numbers of its own, such as readings through a calibration.
 template<typename Base>
 class Shifted : public Base
 {
@@ -268,7 +257,7 @@ private Q_SLOTS:
 
     void aHostsOwnNumbersAreDrawn()
     {
-        Calibrated model;
+        Shifted<RVXSingleChannelDataModel> model;
         model.AddData(1.0, 5.0);
         model.AddData(2.0, 6.0);
         QVERIFY(!LibraryBulkData::of(&model));
@@ -360,12 +349,11 @@ private Q_SLOTS:
     }
     void boundsFromMemory()
     {
-        QFETCH(int, missing);
         RVXSingleChannelDataModel model;
         const Units::MeasurementUnit unit(cell<double>("factor"), "unit", 1.0);
         model.SetUnits(&unit);
         for (int i = 1; i <= 2000; ++i)
-            model.AddData(i, i == missing ? -inf : 3.0 + 20.0 * std::sin(1.7 * i));
+            model.AddData(i, i == cell<int>("missing") ? -inf : 3.0 + 20.0 * std::sin(1.7 * i));
         for (int start : {1, 2, 1000}) {
             RVXSeriesData series(model, 1, start, -1);
             series.setScale(3.0);

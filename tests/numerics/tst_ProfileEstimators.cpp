@@ -226,12 +226,11 @@ private Q_SLOTS:
     {
         QFETCH(int, strips);
         QFETCH(double, sigma);
-        QFETCH(double, noise);
         constexpr int trials = 100;
         int found = 0, right = 0;
         for (int trial = 0; trial < trials; ++trial) {
             BeamProfile profile = CellCharges::strips(strips, 1, CellCharges::gaussian(0.7, sigma));
-            CellCharges::addNoise(profile, noise, unsigned(trial + 1));
+            CellCharges::addNoise(profile, cell<double>("noise"), unsigned(trial + 1));
             const BeamEstimate width = secondMomentWidth(profile);
             found += width.isOk();
             right += width.isOk() && std::abs(width.sigma.value / sigma - 1) < 0.2;

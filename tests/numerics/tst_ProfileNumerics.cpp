@@ -211,16 +211,18 @@ private Q_SLOTS:
         QCOMPARE(computePixelMoments(readings.constData(), 128, 0).status, FitStatus::NoRealWidth);
     }
 
+    /*! Fits of ten frames of an electron beam, against fits that another program made of them (reference.csv). Those have a
+        linear background and take the value in the middle of a cell, which widens the beam: its sigma is
+        sqrt(sigma^2 + width^2 / 12). The digits of the first frame are published ones. */
     void projections_data() { frames(); }
     void projections()
     {
         QFETCH(QStringList, reference);
-        QFETCH(int, frame);
         if (reference.isEmpty())
             QSKIP("There are no real readings in CORVALE_QT_DATA_DIR.");
         for (const auto &[axis, column] : {std::pair('x', 2), std::pair('y', 4)}) {
             const BeamProfile pixels =
-                profile("lcls-otr-frames/projections_350x262.csv", frame, axis, 1, 0);
+                profile("lcls-otr-frames/projections_350x262.csv", cell<int>("frame"), axis, 1, 0);
             const double mean = reference[column].toDouble();
             const double sigma = reference[column + 1].toDouble();
             const BeamEstimate linear = leastSquaresGaussian(pixels, FitBackground::Linear);
@@ -240,13 +242,12 @@ private Q_SLOTS:
     void strips()
     {
         QFETCH(QStringList, reference);
-        QFETCH(int, frame);
         if (reference.isEmpty())
             QSKIP("There are no real readings in CORVALE_QT_DATA_DIR.");
         for (const auto &[axis, column, first] :
              {std::tuple('x', 6, 122.5), std::tuple('y', 8, 83.5)}) {
             const BeamProfile strips =
-                profile("lcls-otr-frames/strips_32x32.csv", frame, axis, 4, first);
+                profile("lcls-otr-frames/strips_32x32.csv", cell<int>("frame"), axis, 4, first);
             const BeamEstimate fit = leastSquaresGaussian(strips, FitBackground::Linear);
             QVERIFY(fit.isOk());
             QVERIFY(std::abs(fit.position.value - reference[column].toDouble()) < 0.005);

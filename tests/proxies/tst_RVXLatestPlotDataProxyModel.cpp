@@ -430,12 +430,11 @@ private Q_SLOTS:
     }
     void roundingErrorsAreNoNoise()
     {
-        QFETCH(double, step);
         RVXMultichannelDeviceModel model(1);
         const Units::A ampere;
         model.SetUnits(&ampere);
         for (int i = 0; i < 64; ++i)
-            model.appendRows({double(i)}, {step * i});
+            model.appendRows({double(i)}, {cell<double>("step") * i});
         RVXZeroingProxyModel zeroed;
         zeroed.setSourceModel(&model);
         zeroed.setZeros({cell<double>("zero")});

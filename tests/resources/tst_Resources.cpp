@@ -151,10 +151,9 @@ private Q_SLOTS:
     }
     void iconsAreReadable()
     {
-        QFETCH(QString, path);
         QFETCH(QRgb, ground);
         for (int size : {16, 32})
-            QVERIFY2(readablePixels(QIcon(path), size, ground) * 8 >= size * size,
+            QVERIFY2(readablePixels(QIcon(cell("path")), size, ground) * 8 >= size * size,
                      qPrintable(QString::number(size) + " pixels"));
     }
 

@@ -290,13 +290,12 @@ private Q_SLOTS:
     //! A unit that is announced below the proxies of the panel stands at the axis at once, with readings or without.
     void theAxisFollowsTheUnit()
     {
-        QFETCH(int, samples);
         const Corvale_Qt::Units::nA nanoampere;
         const Corvale_Qt::Units::V volt;
         DevicePanel panel;
         panel.device.SetUnits(&nanoampere);
         panel.SetPlotMode(Corvale_Qt::RVXScope::PlotMode(cell<int>("mode")));
-        for (int i = 1; i <= samples; ++i)
+        for (int i = 1; i <= cell<int>("samples"); ++i)
             panel.device.append(i, 1e-9 * i);
         const auto title = [&panel] { return panel.plot()->axisTitle(QwtPlot::yLeft).text(); };
         QTRY_COMPARE(title(), QString("nA"));

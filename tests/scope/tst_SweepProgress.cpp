@@ -132,12 +132,11 @@ private Q_SLOTS:
     }
     void theShownSweepIsKnownWhileItsRowsMove()
     {
-        QFETCH(QString, changes);
         Ring ring(1000, 10);
         ring.append(25);
         ring.take();
         int last = 25;
-        for (const QString &change : changes.split(' ', Qt::SkipEmptyParts)) {
+        for (const QString &change : cell("changes").split(' ', Qt::SkipEmptyParts)) {
             const int first = change.section('-', -2, -2).remove('+').toInt();
             const int end = change.section('-', -1).toInt();
             const bool comes = change.startsWith('+');

@@ -167,11 +167,9 @@ private Q_SLOTS:
     void stripBeginsAnewWhereTimeStepsBack()
     {
         QFETCH(double, width);
-        QFETCH(QVector<double>, stamps);
-        QFETCH(QString, shown);
         ModelView view(1, 1000);
         view.model.widthHint = width;
-        for (const double stamp : stamps) {
+        for (const double stamp : cell<QVector<double>>("stamps")) {
             view.model.append({{stamp, 1.0}});
             QVERIFY(view.x().width() > 0.0); // the axis never runs backwards
         }
@@ -182,7 +180,7 @@ private Q_SLOTS:
                          .arg(curve->dataSize())
                          .arg(curve->minXValue())
                          .arg(one->x().maxValue()),
-                     shown);
+                     cell("shown"));
         }
     }
 
@@ -267,7 +265,6 @@ private Q_SLOTS:
     void theSweepStaysUntilTheNext()
     {
         QFETCH(int, removed);
-        QFETCH(int, added);
         QFETCH(int, atOnce);
         HundredPoints view(View::ScopeMode, 2, 150);
         const auto wave = [](int channel, double time) { return std::sin(time / 7.0) * channel; };
@@ -277,7 +274,7 @@ private Q_SLOTS:
             view.model.Clear();
         else if (removed > 0)
             view.model.remove(1, removed);
-        for (int i = 0; i < added; i += atOnce) {
+        for (int i = 0; i < cell<int>("added"); i += atOnce) {
             view.model.appendRows(atOnce, 1.0, wave);
             view.settle();
         }

@@ -242,7 +242,6 @@ private Q_SLOTS:
     }
     void coloursStandForReadings()
     {
-        QFETCH(QString, colours);
         const double shares[] = {0, 0.05, 0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9, 1};
         PictureDisplay display(Detector::Pixels);
         display.control<QComboBox>("comboBox_color")->setCurrentIndex(cell<int>("mode"));
@@ -256,7 +255,7 @@ private Q_SLOTS:
         const QImage image = display.canvas();
         for (int column = 0; column < 12; ++column) {
             const QColor seen = image.pixelColor(display.pixelOf(column + 0.5, 5.5).toPoint());
-            const QColor expected("#" + colours.section(' ', column, column));
+            const QColor expected("#" + cell("colours").section(' ', column, column));
             // Halves may be rounded either way.
             for (const auto part : {&QColor::red, &QColor::green, &QColor::blue})
                 QVERIFY2(std::abs((seen.*part)() - (expected.*part)()) <= 1,

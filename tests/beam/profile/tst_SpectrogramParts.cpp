@@ -100,6 +100,7 @@ private:
 
 } // namespace
 
+//! What the profile's picture is made of: colours, the raster of cells, and the means over time; the numbers apart from it.
 class tst_SpectrogramParts : public QObject
 {
     Q_OBJECT

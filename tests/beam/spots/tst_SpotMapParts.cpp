@@ -130,6 +130,7 @@ QImage drawnBy(std::unique_ptr<SpotLayer> layer, const SpotList &spots, const Sp
 
 } // namespace
 
+//! What the spot map is made of: its list, its brushes, the rows that are selected, and the picture that it keeps.
 class tst_SpotMapParts : public QObject
 {
     Q_OBJECT
@@ -432,7 +433,6 @@ private Q_SLOTS:
     void hiddenRingsChangeNoPixel()
     {
         QFETCH(double, ratio);
-        QFETCH(double, largest);
         QRandomGenerator random(7);
         QImage together(qRound(200 * ratio), qRound(150 * ratio), QImage::Format_RGB32);
         together.setDevicePixelRatio(ratio);
@@ -444,7 +444,7 @@ private Q_SLOTS:
         for (int i = 0; i < 400; ++i) {
             // Some reach beyond the edges.
             const QPointF centre(random.bounded(220.0) - 10.0, random.bounded(170.0) - 10.0);
-            const double radius = random.bounded(5) * largest / 4;
+            const double radius = random.bounded(5) * cell<double>("largest") / 4;
             rings.add(centre, radius);
             ringsOfEach.add(centre, radius);
             ringsOfEach.draw();

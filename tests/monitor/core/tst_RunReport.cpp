@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/core/LogTail.h"
+#include "monitor/core/LoopWatch.h"
 #include "monitor/core/RunReport.h"
+#include "tests/monitor/support/ManualClock.h"
 #include "tests/support/Files.h"
 #include "tests/support/TestMain.h"
 
 #include <csignal>
+#include <ctime>
 #include <stdexcept>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -56,7 +59,25 @@ void throwUncaught(const std::exception &exception) noexcept
 
 Q_DECLARE_METATYPE(std::function<void()>)
 
-//! What a process that ends in some way leaves, and what the next one makes of it. Each run is a child of the test.
+namespace {
+
+double processorTime()
+{
+    timespec time = {};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) + 1e-9 * double(time.tv_nsec);
+}
+
+void compute(double seconds)
+{
+    const double end = processorTime() + seconds;
+    while (processorTime() < end) { }
+}
+
+} // namespace
+
+/*! What a process that ends in some way leaves, and what the next one makes of it, each run in a child of the test; and what the watch
+    over the event loop says of turns in which a clock is moved by hand, or in which the processor is really used. */
 class tst_RunReport : public QObject
 {
     Q_OBJECT
@@ -66,6 +87,12 @@ private Q_SLOTS:
     {
         m_state = std::make_unique<QTemporaryDir>();
         qputenv("XDG_STATE_HOME", QFile::encodeName(m_state->path()));
+        m_watch.reset(); // it asks the clock
+        m_clock = std::make_unique<ManualClock>();
+        m_watch = std::make_unique<LoopWatch>(*m_clock);
+        m_said.clear();
+        connect(m_watch.get(), &LoopWatch::stalled, this,
+                [this](const QString &text) { m_said.append(text); });
     }
 
     void crashes_data()
@@ -168,6 +195,71 @@ private Q_SLOTS:
         QCOMPARE(FormerRun::take(window).size(), 0);
     }
 
+    void theBeginningIsNotCounted()
+    {
+        turn([this] { m_clock->advanceSilently(LoopWatch::usualBeginning + 2.0); });
+        QCOMPARE(m_watch->turns(), qint64(0));
+        QCOMPARE(m_said, QStringList());
+        turn([] {});
+        QVERIFY(m_watch->turns() > 0);
+    }
+
+    void aStallIsTold()
+    {
+        m_clock->advanceSilently(LoopWatch::usualBeginning);
+        const auto last = [this](double seconds) {
+            turn([this, seconds] { m_clock->advanceSilently(seconds); });
+        };
+        last(0.75);
+        QCOMPARE(m_watch->longestTime(), 0.75);
+        QCOMPARE(m_said, QStringList());
+        last(2.5);
+        QCOMPARE(m_said.size(), 1);
+        QVERIFY2(m_said.first().startsWith("the program stood still for 2.5 s"),
+                 qPrintable(m_said.first()));
+        last(0.5);
+        QCOMPARE(m_said.size(), 1);
+        QCOMPARE(m_watch->longestTime(), 2.5);
+        QVERIFY(m_watch->summary().contains(" one took 2500.0 ms at most"));
+    }
+
+    //! Time in which the loop waits for an event belongs to no turn.
+    void waitingIsNoTurn()
+    {
+        m_clock->advanceSilently(LoopWatch::usualBeginning);
+        turn([] {});
+        m_clock->advanceSilently(100.0);
+        turn([] {});
+        QCOMPARE(m_watch->longestTime(), 0.0);
+    }
+
+    void theLoopOfADialogHasTurns()
+    {
+        m_clock->advanceSilently(LoopWatch::usualBeginning);
+        turn([this] {
+            QEventLoop dialog;
+            for (int i = 0; i < 10; ++i)
+                QTimer::singleShot(i, &dialog, [this, i, &dialog] {
+                    m_clock->advanceSilently(0.4);
+                    if (i == 9)
+                        dialog.quit();
+                });
+            dialog.exec();
+        });
+        QVERIFY2(m_watch->longestTime() < 4.0, qPrintable(m_watch->summary()));
+    }
+
+    void processorTimeIsThatOfATurn()
+    {
+        m_clock->advanceSilently(LoopWatch::usualBeginning);
+        turn([] {});
+        for (int i = 0; i < 10; ++i)
+            turn([] { compute(0.005); });
+        QVERIFY2(m_watch->mostProcessorTime() >= 0.005, qPrintable(m_watch->summary()));
+        turn([] { compute(0.1); });
+        QVERIFY2(m_watch->mostProcessorTime() >= 0.1, qPrintable(m_watch->summary()));
+    }
+
 private:
     //! Runs a function in a child process; returns how it ended.
     static int run(const std::function<void()> &function)
@@ -186,8 +278,24 @@ private:
     }
 
     std::unique_ptr<QTemporaryDir> m_state;
+
+    //! Runs a function as the only event of a turn of the event loop.
+    template<typename Function>
+    void turn(Function function)
+    {
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&] {
+            function();
+            loop.quit();
+        });
+        loop.exec();
+        QCoreApplication::processEvents();
+    }
+
+    std::unique_ptr<ManualClock> m_clock;
+    std::unique_ptr<LoopWatch> m_watch;
+    QStringList m_said;
 };
 
 CORVALE_QT_TEST_MAIN(tst_RunReport)
-
 #include "tst_RunReport.moc"

@@ -294,13 +294,12 @@ private Q_SLOTS:
     }
     void wideTables()
     {
-        QFETCH(QString, pattern);
         QFETCH(int, rows);
         QFETCH(int, perRow);
         QFETCH(QString, start);
         QByteArray header = "time_s", row = "0";
         for (int i = 0; i < rows * perRow; ++i) {
-            header += "," + pattern.arg(i / perRow + 1).arg(i % perRow + 1).toUtf8();
+            header += "," + cell("pattern").arg(i / perRow + 1).arg(i % perRow + 1).toUtf8();
             row += "," + QByteArray::number(i);
         }
         const QString text = readAll(file(header + "\n" + row + "\n"), 100000);

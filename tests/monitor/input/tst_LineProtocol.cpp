@@ -38,6 +38,17 @@ std::string writtenNumber(std::mt19937_64 &random)
     return (random() % 2 == 0 ? "-" : "") + text;
 }
 
+//! Returns what all lines become.
+TextSink read(const QByteArrayList &all)
+{
+    TextSink sink;
+    LineProtocol protocol(sink);
+    for (const QByteArray &line : all)
+        protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
+    protocol.finish();
+    return sink;
+}
+
 } // namespace
 
 class tst_LineProtocol : public QObject
@@ -303,14 +314,6 @@ private Q_SLOTS:
     //! A recording of the stream describes the same detector.
     void theDetectorReachesTheHeader()
     {
-        const auto read = [](const QByteArrayList &all) {
-            TextSink sink;
-            LineProtocol protocol(sink);
-            for (const QByteArray &line : all)
-                protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
-            protocol.finish();
-            return sink;
-        };
         const TextSink sink = read(cell<QByteArray>("lines").split('/'));
         QTEST(sink.header().detector.summary(), "detector");
         QTEST(sink.text().section(" | 0: ", 0, 0), "told");
@@ -423,14 +426,6 @@ private Q_SLOTS:
     //! A recording of the stream has the same limits.
     void limitsReachTheHeader()
     {
-        const auto read = [](const QByteArrayList &all) {
-            TextSink sink;
-            LineProtocol protocol(sink);
-            for (const QByteArray &line : all)
-                protocol.takeLine({line.constData(), std::size_t(line.size())}, false);
-            protocol.finish();
-            return sink;
-        };
         const auto limitsOf = [](const StreamHeader &header) {
             return limitsText(header.limitsOf(0)) + ' ' + limitsText(header.limitsOf(1));
         };

@@ -369,13 +369,11 @@ private Q_SLOTS:
     void permissions()
     {
         QFETCH(int, mode);
-        QFETCH(int, mask);
-        QFETCH(int, permissions);
         for (const bool compress : {false, true}) {
             Recording r(path(compress ? "packed.csv" : "plain.csv"));
             r.options.mode = unsigned(mode);
             r.options.segments = compress ? SegmentForm::Zstd : SegmentForm::Text;
-            const mode_t before = ::umask(mode_t(mask));
+            const mode_t before = ::umask(mode_t(cell<int>("mask")));
             const bool begun = r.begin();
             r.recorder().addReadings(block(0, 3));
             const bool finished = r.recorder().finish();
@@ -385,7 +383,7 @@ private Q_SLOTS:
             struct stat status = {};
             const QString file = r.options.path + (compress ? ".zst" : "");
             QCOMPARE(::stat(QFile::encodeName(file).constData(), &status), 0);
-            QCOMPARE(int(status.st_mode & 07777U), permissions);
+            QCOMPARE(int(status.st_mode & 07777U), cell<int>("permissions"));
         }
     }
 

@@ -161,10 +161,9 @@ private Q_SLOTS:
     }
     void allReadingsInTheOrderOfTheirMoments()
     {
-        QFETCH(double, speed);
         for (unsigned seed = 0; seed < 6; ++seed) {
             const Random random(seed);
-            Played played(m_dir, random.texts, at(speed));
+            Played played(m_dir, random.texts, at(cell<double>("speed")));
             played.run(60.0);
             QCOMPARE(textOf(played.told), textOf(random.all));
             for (const auto &source : played.sources)
@@ -274,9 +273,8 @@ private Q_SLOTS:
     }
     void placesInTime()
     {
-        QFETCH(QString, recordings);
         std::vector<QByteArray> texts;
-        for (const QString &text : recordings.split('|')) {
+        for (const QString &text : cell("recordings").split('|')) {
             const QStringList words = text.split(' ');
             const int origin = words[0] == "-" ? -1 : words[0].toInt();
             texts.push_back(recording(origin, {words[1].toInt(), words[2].toInt()}));

@@ -270,7 +270,6 @@ private Q_SLOTS:
     void goesToAPlace()
     {
         QFETCH(int, part);
-        QFETCH(double, time);
         QFETCH(double, shown);
         QFETCH(int, form);
         if (form == int(SegmentForm::Hdf5) && !nexusMissing().isEmpty())
@@ -288,7 +287,7 @@ private Q_SLOTS:
         Deck tape(path);
         for (const TapeSpot &before : {TapeSpot{0, 0.0}, TapeSpot{0, 50.0}, TapeSpot{1, 12.0}}) {
             tape.go(before);
-            tape.go({part, time});
+            tape.go({part, cell<double>("time")});
             QCOMPARE(tape.last(), shown);
             QCOMPARE(tape.source.place().part, part);
             QVERIFY2(tape.log.times.size() > 1 || shown == 0.0 || shown == 7.0,

@@ -113,7 +113,7 @@ void LaidOutText::paintPicture()
         m_picture = pictureOf(QImage::Format_ARGB32_Premultiplied, Qt::transparent, m_key.color);
 }
 
-//! Returns a picture of the letters; null if a picture has not the resolution of the painter's device.
+//! Returns a picture of the letters; null if pictures have another resolution than the painter's device.
 QImage
 LaidOutText::pictureOf(QImage::Format format, const QColor &ground, const QColor &color) const
 {

@@ -69,9 +69,9 @@ TimeTicks clockTicks(const TimeAxisRange &range,
 //! Returns ticks at round durations before and after the origin of \a scale, labelled with these durations.
 TimeTicks durationTicks(const TimeAxisRange &range, const TimeScale &scale, const TextWidth &width);
 
-//! Returns date and time of a moment, with as many digits as tell it from one that differs by \a resolution seconds.
+//! Returns date and time of a moment, with enough digits to distinguish it from one that is \a resolution seconds away.
 QString clockText(qint64 moment, double resolution, ClockOffsets &offsets);
-//! Returns a signed duration with as many digits as tell it from one that differs by \a resolution seconds: "-1:30.5".
+//! Returns a signed duration, with enough digits to distinguish it from one that differs by \a resolution seconds: "-1:30.5".
 QString durationText(qint64 duration, double resolution);
 //! Returns the difference of local time from UTC: "UTC", "UTC+1", "UTC-3:30".
 QString offsetText(qint64 offset);

@@ -410,7 +410,7 @@ void RVXComputedChannelsProxyModel::sourceRowsRemoved(const QModelIndex &, int f
         return;
     if (first <= 1)
         d->readings.dropOldest(last - std::max(first, 1) + 1);
-    // Rows between others; or the source has already other rows than it has announced.
+    // Rows were inserted between others, or the source already has rows that it has not announced.
     d->update(first <= 1 ? d->readings.rows() + 1 : first);
 }
 

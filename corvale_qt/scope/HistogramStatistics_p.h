@@ -68,7 +68,7 @@ public:
     void insertInto(QVBoxLayout *layout);
     //! Replaces the items of a type. \a shown says whether the view shows the histogram.
     void enable(Type type, int count, const QVector<double> &parameters, bool full, bool shown);
-    //! Returns the items of a type in channel order; they are not given away.
+    //! Returns the items of a type in channel order; the caller does not own them.
     QVector<RVX_StatisticsHistogramItem *> items(Type type) const;
     bool hasItems() const { return m_hasItems; }
     bool hasItems(Type type) const;

@@ -47,7 +47,7 @@ public:
         QString source;
         //! Whether readings arrive as they are taken, so that the first one dates a stream that states no date.
         bool datesArrival = false;
-        //! What complete files are to become. The recorder only announces them, by fileCompleted().
+        //! The form that complete files are brought into. The recorder only announces them, by fileCompleted().
         SegmentForm segments = SegmentForm::Text;
         //! The permissions of new files, of which the user's mask may take some away.
         unsigned mode = RecordingFile::usualMode;

@@ -8,7 +8,7 @@
 
 namespace Monitor {
 
-//! The address of a source, and the name that tells it from the other sources of a run.
+//! The address of a source, and the name that distinguishes it from the other sources of a run.
 struct NamedAddress
 {
     QString name;

@@ -59,7 +59,7 @@ public:
     virtual double indexProgress() const = 0;
     //! Returns why there is no index; empty while it is made, and if there is one.
     virtual QString indexError() const = 0;
-    //! Returns what lies where; an empty survey before there is an index.
+    //! Returns the survey of the recordings on the tape; an empty one before there is an index.
     const TapeSurvey &survey() const { return m_survey; }
 
     //! Returns the position of the reading that is shown, or that is sought.

@@ -20,8 +20,8 @@ namespace Monitor {
 class WindowSettings;
 struct TablePreview;
 
-/*! Asks how a table of another program is to be read, and shows what its first rows become. What was answered is kept
-    with the header of the table, and not asked again for files with the same header. */
+/*! Asks how a table of another program is to be read, and shows what its first rows become. The answers are kept
+    with the header of the table, and files with the same header are read without asking again. */
 class ImportDialog : public QDialog
 {
     Q_OBJECT

@@ -47,7 +47,7 @@ public:
     //! Returns the text with the absolute path, if it names a file.
     static QString completed(const QString &text);
 
-    //! Sets how sources are opened later; the session already has what these options say of it.
+    //! Sets how sources are opened later; the session was set up by the same options before.
     void beginWith(const MonitorOptions &options);
     const MonitorOptions &options() const { return m_options; }
     //! Sets how sources are opened from now on; limits and detector hold at once if they can.

@@ -87,7 +87,7 @@ void ValueActions::keepRange(double minimum, double maximum)
                         limitText(maximum)});
 }
 
-//! Sets the range that was typed for the same source and unit: that of the stream itself is older.
+//! Sets the range that was typed for the same source and unit, which counts more than that of the stream.
 void ValueActions::restoreRange(const StreamHeader &header)
 {
     const QStringList kept = m_settings.list(rangeKey);

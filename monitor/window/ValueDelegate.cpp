@@ -69,7 +69,7 @@ void ValueDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIn
     option->fontMetrics = QFontMetrics(option->font);
 }
 
-//! Shows the whole text of a cell that has not the room for it.
+//! Shows the whole text of a cell that has no room for it.
 bool ValueDelegate::helpEvent(QHelpEvent *event,
                               QAbstractItemView *view,
                               const QStyleOptionViewItem &option,

@@ -29,7 +29,7 @@ public:
     void loadModel();
     SpotMapView::MapSpot dataForRow(const QModelIndex &parent, int row) const;
     QVector<SpotMapView::MapSpot> dataForRows(const QModelIndex &parent, int first, int last) const;
-    //! Returns whether there is one spot for each row. If not, the model has announced something else than it did.
+    //! Returns whether there is one spot for each row. If not, the model has announced other changes than it made.
     bool inStep() const;
     //! Call this after each change of the spots. It repaints, tells the views that compare with this one, and finds
     //! the bounds.

@@ -35,7 +35,7 @@ Tango::AttrQuality qualityOf(TangoQuality quality)
     }
 }
 
-//! Returns the time of the newest reading, or the present moment if there is none, or none that the protocol can say in 32 bits.
+//! Returns the time of the newest reading, or the present moment if there is no reading or its time does not fit into 32 bits.
 timeval timeOf(const TangoSnapshot &snapshot)
 {
     timeval time = {};

@@ -144,7 +144,7 @@ void makeClass(Tango::DServer *server)
 
 } // namespace
 
-//! Puts together what the server is started with. Returns what is wrong.
+//! Collects the arguments that the server is started with. Returns why it cannot be started; empty if it can.
 QString TangoServer::Private::arguments(const QVector<Device> &devices)
 {
     const TangoName &first = devices.first().name;

@@ -166,7 +166,7 @@ private Q_SLOTS:
         }
         putFile(path("frames.csv"), text);
         QString error, copy;
-        // What a link in the place of the draft points to is not written to.
+        // If a link takes the place of the draft, nothing is written to its target.
         putFile(path("mine.txt"), "mine");
         QVERIFY(QFile::link(path("mine.txt"), path("frames.csv.zst.part")));
         QVERIFY2(convertSegment(path("frames.csv"), zstdConversion(), &error), qPrintable(error));

@@ -59,7 +59,7 @@ inline void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     QTest::keyClick(window->windowHandle(), key, modifiers);
 }
 
-//! Collects the parts of windows whose text has not the room that it needs.
+//! Collects the parts of windows that have too little room for their text.
 class ClippedTexts
 {
 public:

@@ -85,8 +85,8 @@ private:
 
 } // namespace
 
-/*! Looks at what no entry of a menu leads to with a stream of strips: docks, a table that is asked about, its tape, and a
-    status line that has much to tell. */
+/*! Looks at what no menu entry opens for a stream of strips: docks, the questions about a table, its tape, and a status line with
+    much to tell. */
 void lookAtLoudStates(WindowInTest &w, const QString &table, ClippedTexts &clipped)
 {
     for (QDockWidget *dock : w.window.findChildren<QDockWidget *>())

@@ -16,7 +16,7 @@ namespace {
 
 using namespace SecondMomentMethod;
 
-//! After so many rounds the area moves less and less: noise at its ends may let it jump between places for ever.
+//! After this many rounds the area moves less and less: noise at its ends may let it jump between places for ever.
 constexpr int kWholeSteps = 20;
 constexpr int kMostAreas = 4 * kMostIterations; // small steps need more
 constexpr double kConverged = 1e-9;

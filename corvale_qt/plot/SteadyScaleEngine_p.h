@@ -12,7 +12,7 @@ namespace Corvale_Qt {
 class SteadyRange
 {
 public:
-    //! After so many pictures of data well inside, the range shrinks: two seconds at 25 pictures a second.
+    //! After this many pictures of data well inside, the range shrinks: two seconds at 25 pictures a second.
     static constexpr int picturesToShrink = 50;
     //! Data are well inside while the range for them would be at most this part of the shown one.
     static constexpr double wellInside = 0.7;

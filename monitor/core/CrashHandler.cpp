@@ -32,7 +32,7 @@ constexpr NamedSignal crashes[] = {
     {SIGILL, "SIGILL"},
 };
 constexpr int mostFrames = 100;
-//! A report that is not written after so many seconds never will be; the program ends then.
+//! A report that is not written after this many seconds never will be; the program ends then.
 constexpr unsigned patience = 5;
 constexpr std::size_t stackSize = std::size_t(128) * 1024;
 

@@ -20,7 +20,7 @@ public:
     //! The seconds in which a window is built and painted for the first time.
     static constexpr double usualBeginning = 2.0;
 
-    /*! Watches from now on, and counts the turns that begin after so many seconds. There must be an application; \a clock
+    /*! Watches from now on, and counts the turns that begin after this many seconds. There must be an application; \a clock
         must outlive the watch. */
     explicit LoopWatch(Clock &clock, double beginning = usualBeginning, QObject *parent = nullptr);
 

@@ -83,7 +83,7 @@ Hdf5Object openObject(hid_t parent, const QString &name, H5I_type_t type);
     those of one dimension have more than \a mostBytes. */
 std::optional<QStringList>
 dataTexts(hid_t dataset, hsize_t first, hsize_t count, std::size_t mostBytes);
-/*! Reads rows of a data set, which must have passed faultOfNumbers() and have so many rows. Returns false on failure. */
+/*! Reads rows of a data set, which must have passed faultOfNumbers() and have that many rows. Returns false on failure. */
 bool readRows(hid_t dataset, hid_t type, hsize_t first, hsize_t count, void *values);
 
 //! Writes objects to an HDF5 file, and remembers whether all of that went well.

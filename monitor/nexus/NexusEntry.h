@@ -53,7 +53,7 @@ struct NexusEntry
     bool read(qint64 first, qint64 count, double *times, double *values) const;
     //! Reads an event. Returns nothing if it cannot be read.
     std::optional<Event> event(qint64 index) const;
-    //! Returns the index of the first event that has at least so many readings before it.
+    //! Returns the index of the first event that has at least this many readings before it.
     qint64 firstEventFrom(qint64 row) const;
 
     /*! Returns the entry that the monitor has written into a group; null if it has not, or, with the reason in \a error, if

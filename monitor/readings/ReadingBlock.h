@@ -48,7 +48,7 @@ public:
         m_times.insert(m_times.end(), other.m_times.begin(), other.m_times.end());
         m_values.insert(m_values.end(), other.m_values.begin(), other.m_values.end());
     }
-    //! Returns the rows with only the first \a channels values of each; there must be so many.
+    //! Returns the rows with only the first \a channels values of each; there must be at least that many.
     ReadingBlock first(int channels) const
     {
         ReadingBlock rows(channels);

@@ -16,9 +16,9 @@ constexpr double powersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr int mostDecimals = 22;
-//! No two texts of so many digits are read as the same number, so that the one that is found is the shortest.
+//! No two texts of this many digits are read as the same number, so that the one that is found is the shortest.
 constexpr int mostDigits = 15;
-//! Most instruments send numbers of at most so many digits, which are found in half of the time.
+//! Most instruments send numbers of at most this many digits, which are found in half of the time.
 constexpr int usualDigits = 8;
 constexpr std::int64_t tenToEight = 100000000;
 constexpr int smallestFixed =

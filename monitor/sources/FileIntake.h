@@ -43,7 +43,7 @@ public:
 
     //! Returns how many readings are played or passed over.
     qint64 played() const { return m_taken - m_source.m_waiting; }
-    //! Returns whether an event comes before the reading that follows so many others.
+    //! Returns whether an event comes before the reading that follows this many others.
     bool hasEventBefore(qint64 place) const
     {
         return !events.empty() && events.front().place <= place

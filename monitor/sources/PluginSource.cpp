@@ -13,7 +13,7 @@ namespace Monitor {
 
 namespace {
 
-//! So many readings in a row that agree on an earlier time are believed: the clock was set back.
+//! This many readings in a row that agree on an earlier time are believed: the clock was set back.
 constexpr int readingsOfAnotherTime = 10;
 
 } // namespace

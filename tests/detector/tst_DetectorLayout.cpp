@@ -95,7 +95,7 @@ void change(DetectorDescription &description, const QString &script)
     }
 }
 
-//! What a stream of so many readings is without lines about its detector.
+//! What a stream of this many readings is without lines about its detector.
 DetectorDescription stream(DetectorKind kind, int readings)
 {
     DetectorDescription description;

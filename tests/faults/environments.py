@@ -170,7 +170,7 @@ def expect_same_numbers(bench, language):
 
 
 def summer_time_in(seconds):
-    """A time zone in which clocks are put forward by an hour so many seconds from now."""
+    """A time zone in which clocks are put forward by an hour this many seconds from now."""
     then = time.gmtime(time.time() + seconds)
     return {"TZ": f"AAA0BBB,{then.tm_yday - 1}/{then.tm_hour}:{then.tm_min}:{then.tm_sec},{then.tm_yday}/23"}
 

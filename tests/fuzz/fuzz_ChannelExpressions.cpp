@@ -28,7 +28,7 @@ bool same(double one, double other)
     return one == other || (std::isnan(one) && std::isnan(other));
 }
 
-//! Computes the channels, so many rows at a time.
+//! Computes the channels, this many rows at a time.
 Rows computed(ChannelExpressions *expressions, const Rows &inputs, int atOnce)
 {
     Rows result(std::size_t(expressions->count()), std::vector<double>(rows));

@@ -11,7 +11,7 @@ using namespace Monitor;
 
 namespace {
 
-/*! Returns a table with so many columns, beyond those that channels may have: strips of two planes, pixels in rows of 20, or
+/*! Returns a table with this many columns, beyond those that channels may have: strips of two planes, pixels in rows of 20, or
     columns that are neither. */
 std::string wideTable(int columns, const char *name, const char *nameOfOtherHalf)
 {

@@ -10,7 +10,7 @@ using namespace Monitor;
 
 namespace {
 
-//! Returns a line with a time and so many values.
+//! Returns a line with a time and this many values.
 std::string wideRow(int values)
 {
     std::string row = "0";

@@ -216,7 +216,7 @@ private Q_SLOTS:
 
     void chunksEqualTheRecurrence_data()
     {
-        // One in so many readings is not finite, if gaps is not 0.
+        // One in this many readings is not finite, if gaps is not 0.
         tableFrom(R"(
             | int channels | int samples | int length | int gaps
             one channel                        |  1 | 1000 |   16 |   0

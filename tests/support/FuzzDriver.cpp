@@ -127,7 +127,7 @@ std::vector<std::string> filesIn(const QString &folder)
     return contents;
 }
 
-//! Tries the seeds and further ones, and then inputs that are made from them, so many in all.
+//! Tries the seeds and further ones, and then inputs that are made from them, this many in all.
 void tryRounds(long rounds, const std::vector<std::string> &further, bool verbose)
 {
     const QString name = QFileInfo(QString::fromLocal8Bit(program)).fileName();

@@ -15,7 +15,7 @@ using CorvaleMonitor::SourceStream;
 
 namespace {
 
-//! A variable may have so many values; it is what planes of strips may have together.
+//! A variable may have this many values; it is what planes of strips may have together.
 constexpr int mostValues = 65536;
 
 } // namespace

@@ -16,7 +16,7 @@ struct TangoAddress
     static constexpr std::chrono::milliseconds usualInterval{100};
     static constexpr std::chrono::milliseconds shortestInterval{1};
     static constexpr std::chrono::milliseconds longestInterval{3600 * 1000};
-    //! So many channels are shown in a window.
+    //! This many channels are shown in a window.
     static constexpr int mostAttributes = 256;
 
     QString text; //!< the address as it was given

@@ -21,7 +21,7 @@ struct TangoAttribute
     bool isNumber = true; //!< and neither a text nor a state
     QString
         eventThreshold; //!< how small a change sends no event, like "1 %"; empty if none is configured
-    double factor = 1.0; //!< what is shown is so many times what is read
+    double factor = 1.0; //!< what is shown is this many times what is read
     double lowest = std::numeric_limits<double>::quiet_NaN(); //!< of its range; NaN if not known
     double highest = std::numeric_limits<double>::quiet_NaN(); //!< of its range; NaN if not known
 

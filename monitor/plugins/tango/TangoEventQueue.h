@@ -15,7 +15,7 @@ class TangoEventQueue
 public:
     using Clock = std::chrono::steady_clock;
 
-    //! So many numbers wait at most; what comes beyond them is counted.
+    //! At most this many numbers wait; what comes beyond them is counted.
     static constexpr std::size_t mostNumbers = 4'000'000;
     /*! The library reads the attribute while it subscribes. Events that were already on their way then arrive behind that
         reading, at the latest after this time. */

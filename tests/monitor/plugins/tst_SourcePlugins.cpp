@@ -123,7 +123,7 @@ struct Laboratory
         log = std::make_unique<SourceLog>(*source);
         source->start();
     }
-    //! Gives a variable another value, so many milliseconds after the ones at the beginning.
+    //! Gives a variable another value, this many milliseconds after the ones at the beginning.
     void post(const QByteArray &name, double value, int milliseconds, int severity = 0)
     {
         Variable variable = server->variable(name);

@@ -31,7 +31,7 @@ QString textOf(const std::vector<Told> &readings)
     return words.join(' ');
 }
 
-//! A recording of which t = 0 was so many ms after the hour; undated below 0. Times are in ms.
+//! A recording of which t = 0 was this many ms after the hour; undated below 0. Times are in ms.
 QByteArray recording(int origin, const std::vector<int> &times, const QByteArray &events = {})
 {
     QByteArray text = "#corvale 1\n#channels a\n#unit nA\n";
@@ -91,7 +91,7 @@ struct Played
                                   [=](const Told &reading) { return reading.track == track; }),
                    told.end());
     }
-    //! Lets the tape play to its end, or for so many seconds at most.
+    //! Lets the tape play to its end, or for this many seconds at most.
     void run(double seconds, double step = 0.02)
     {
         for (double gone = 0.0; gone < seconds && tape->isPlaying(); gone += step) {

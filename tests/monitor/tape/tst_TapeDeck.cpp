@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(kept.size(), 1);
         QVERIFY(!(kept.first().permissions() & (QFile::ReadGroup | QFile::ReadOther)));
         QVERIFY(!(QFile::permissions(folder) & (QFile::ExeGroup | QFile::ExeOther)));
-        // What a link in the place of an index points to stays as it is.
+        // If a link takes the place of an index, its target stays as it is.
         const QString target = m_dir.filePath("mine.txt");
         putFile(target, "mine");
         QVERIFY(QFile::remove(kept.first().filePath())

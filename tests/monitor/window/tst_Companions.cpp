@@ -34,7 +34,7 @@ struct SeveralSources : WindowInTest
         window.companions().add({name, QString()}, std::unique_ptr<Source>(beside)).start();
         return beside;
     }
-    //! Returns the header of one channel whose t was 0 so many seconds after the clock's present moment; not stated if that is NaN.
+    //! Returns the header of one channel whose t was 0 this many seconds after the clock's present moment; not stated if that is NaN.
     StreamHeader header(double after) const
     {
         StreamHeader header;

@@ -2,6 +2,7 @@
 // The numbers of frames apart from the picture.
 #include "corvale_qt/beam/profile/BeamFrame.h"
 #include "corvale_qt/beam/profile/BeamRaster_p.h"
+#include "corvale_qt/beam/profile/CellPicture_p.h"
 #include "corvale_qt/beam/profile/ColorTable_p.h"
 #include "corvale_qt/beam/profile/MeanHistory_p.h"
 #include "corvale_qt/beam/profile/MeanTimePlot_p.h"
@@ -234,8 +235,43 @@ private Q_SLOTS:
         QPicture lines; // which the item draws as they are
         drawOn(lines);
         QPainter(&asOne).drawPicture(0, 0, lines);
-        QCOMPARE(differingArea(inParts, asOne), QRect());
+        QCOMPARE(differingArea(asOne, inParts), QRect());
         QVERIFY(aGap || differingArea(inParts, empty).height() > side / 2);
+    }
+
+    //! Copied to whole pixels it is drawn in bands, and otherwise at once.
+    void bandsMeet_data()
+    {
+        columns<double, bool>("ratio", "smoothing");
+        row("cells", 1.0, false);
+        row("blended", 1.0, true);
+        row("blended, doubled pixels", 2.0, true);
+    }
+    void bandsMeet()
+    {
+        QFETCH(double, ratio);
+        QFETCH(bool, smoothing);
+        constexpr int side = 150, cells = 41;
+        const QVector<double> positions = BeamProfile::uniform(noise(cells)).positions;
+        const CellEdges edges(positions, QVector<double>(cells, 1.0), QVector<double>(cells, 1.0));
+        CellPicture item;
+        item.setCells(edges, edges);
+        item.setValues(noise(cells * cells));
+        item.setColors(colors(), QwtInterval(0, 1));
+        item.setSmoothing(smoothing);
+        const QwtScaleMap map = scaleMap(0, cells - 1, side);
+        const auto drawn = [&](int away) {
+            QImage image(QSize(side + away, side + away) * ratio, QImage::Format_RGB32);
+            image.setDevicePixelRatio(ratio);
+            QPainter painter(&image);
+            if (away > 0)
+                painter.translate(away, away);
+            item.draw(&painter, map, map, QRectF(0, 0, side, side));
+            painter.end();
+            const int first = int(away * ratio);
+            return image.copy(first, first, int(side * ratio), int(side * ratio));
+        };
+        QCOMPARE(differingArea(drawn(0), drawn(1)), QRect());
     }
 
     void itIsNotPaintedWithoutValues()

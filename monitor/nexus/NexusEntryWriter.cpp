@@ -14,7 +14,7 @@ namespace Monitor {
 namespace {
 
 //! How many numbers of a data set one chunk has, and how many of all data sets wait in memory.
-constexpr std::size_t chunkNumbers = 32768, mostNumbersWaiting = 1024 * 1024;
+constexpr std::size_t chunkNumbers = 32768, mostNumbersWaiting = 1048576;
 constexpr std::size_t chunkRows = 4096;
 constexpr std::size_t eventsInChunk = 256;
 

@@ -4,6 +4,7 @@
 #include "monitor/sources/FileSource.h"
 
 #include <deque>
+#include <utility>
 
 namespace Monitor {
 
@@ -51,7 +52,7 @@ public:
     }
     QString takeEvent()
     {
-        const QString text = events.front().text;
+        QString text = std::move(events.front().text);
         events.pop_front();
         return text;
     }

@@ -125,7 +125,7 @@ private Q_SLOTS:
             }
         }
         file.write("5"); // has no line end, and too few numbers
-        QVERIFY(file.seek(0) && file.size() > 2 * Source::pieceSize);
+        QVERIFY(file.seek(0) && file.size() > qint64(2) * Source::pieceSize);
         ManualClock clock;
         StandardInputSource source(clock, file.handle());
         SourceLog log(source);

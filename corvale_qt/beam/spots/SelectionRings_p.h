@@ -39,7 +39,7 @@ private:
     struct Ring
     {
         QPointF place; //!< of the top left corner of its picture, in device pixels
-        const Picture *picture;
+        const Picture *picture = nullptr;
     };
 
     Picture picture(const QPointF &centre, double radius, int side) const;

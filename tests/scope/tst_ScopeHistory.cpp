@@ -297,7 +297,7 @@ private Q_SLOTS:
         const auto press = [&view](Qt::Key key) {
             QTest::keyClick(&view, key);
             // The first and the last reading that the marker stands on.
-            static const QRegularExpression block("\n(\\d+) to (\\d+)\nof \\d+ readings");
+            static const QRegularExpression block("\n(\\d+) to (\\d+)\nreadings: \\d+");
             const auto found = block.match(view.markerText(0));
             const int row = int(view.markerStatistics().first.reading);
             return found.hasMatch()

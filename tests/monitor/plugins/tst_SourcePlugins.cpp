@@ -525,7 +525,7 @@ private Q_SLOTS:
             "the Channel Access client library (libca) was not found; install the package "
             "libca4.13.5, or set EPICS_BASE to the folder of an installation");
         row("another library", "",
-            "base/lib/linux/libca.so is no Channel Access client library that can be used");
+            "base/lib/linux/libca.so is not a Channel Access client library that can be used");
     }
 
     //! What the program says where that library is missing: files that are no libraries hide an installed one.

@@ -329,7 +329,7 @@ private Q_SLOTS:
                       {recording(1000, {0, 100, 200}) + recording(1100, {0, 100}),
                        recording(1000, {0, 250, 1000})},
                       at(0.0));
-        QVERIFY(played.notes.value(0).startsWith("A after 0: WARNING 1 parts"));
+        QVERIFY(played.notes.value(0).startsWith("A after 0: WARNING 1 part of"));
         played.run(5.0);
         QCOMPARE(
             textOf(played.told),

@@ -1,31 +1,32 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-# What runs with each reading or each frame is compiled to be fast. The rest, most of the library, runs when a window is made or a
-# person does something: optimised builds compile it to be small, which takes a third of its code away.
+# Most of the library runs when a window is made or a person does something. Optimised builds compile that to be small, which takes a
+# third of its code away. What runs with each reading or each frame is compiled to be fast, as is every source that nobody names.
 
-# corvale_qt_fast(File.cpp ...): sources of the calling folder that run with each reading or each frame.
-function(corvale_qt_fast)
-  foreach(source IN LISTS ARGN)
-    if(NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
-      message(FATAL_ERROR "corvale_qt_fast: there is no ${source} in ${CMAKE_CURRENT_SOURCE_DIR}")
+# corvale_qt_small(Name ...): sources Name.cpp of the calling folder that run neither with each reading nor with each frame.
+function(corvale_qt_small)
+  foreach(name IN LISTS ARGN)
+    set(source "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")
+    if(NOT EXISTS "${source}")
+      message(FATAL_ERROR "corvale_qt_small: there is no ${source}")
     endif()
-    set_property(GLOBAL APPEND PROPERTY CORVALE_QT_FAST "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
+    set_property(GLOBAL APPEND PROPERTY CORVALE_QT_SMALL "${source}")
   endforeach()
 endfunction()
 
-# corvale_qt_compile_small(target): compiles the other sources of the target to be small. Called after corvale_qt_compile_folders(), of
+# corvale_qt_compile_small(target): compiles these sources of the target to be small. Called after corvale_qt_compile_folders(), of
 # whose sources made of several those become small that have only such sources.
 function(corvale_qt_compile_small target)
   if(NOT CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo)$" OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     return()
   endif()
-  get_property(fast GLOBAL PROPERTY CORVALE_QT_FAST)
+  get_property(named GLOBAL PROPERTY CORVALE_QT_SMALL)
   get_target_property(sources ${target} SOURCES)
   get_target_property(base ${target} SOURCE_DIR)
   get_target_property(binary ${target} BINARY_DIR)
-  set(small "${binary}/${target}_autogen/mocs_compilation.cpp")
+  set(small "${binary}/${target}_autogen/mocs_compilation.cpp") # what calls slots by their numbers
   foreach(source IN LISTS sources)
     get_filename_component(source "${source}" ABSOLUTE BASE_DIR "${base}")
-    if(NOT source MATCHES "\\.cpp$" OR source IN_LIST fast)
+    if(NOT source IN_LIST named)
       continue()
     endif()
     get_source_file_property(group "${source}" TARGET_DIRECTORY ${target} UNITY_GROUP)

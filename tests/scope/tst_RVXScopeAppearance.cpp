@@ -539,6 +539,20 @@ private Q_SLOTS:
         QCOMPARE(legend->model()->rowCount(), 0);
         legend->setFocus();
     }
+
+    void theTimeAxisFollowsTheLanguage()
+    {
+        ModelView view(1, 1000, 1000);
+        view.setTimeOrigin(QDateTime(QDate(2026, 3, 29), QTime(0, 45), Qt::UTC));
+        const QByteArray zone = qgetenv("TZ");
+        qputenv("TZ", "Europe/Berlin");
+        view.setTimeAxis(RVXScopePlotView::LocalTime);
+        qputenv("TZ", zone);
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("Time (local, UTC+1, then UTC+2)"));
+        const BracketTranslator translator;
+        view.settle();
+        QCOMPARE(view.title(QwtPlot::xBottom), QString("<Time (local, <UTC+1, then UTC+2>)>"));
+    }
 };
 
 CORVALE_QT_TEST_MAIN(tst_RVXScopeAppearance)

@@ -4,7 +4,6 @@
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
 #include "corvale_qt/units/Units.h"
 #include "tests/scope/ScopeTestView.h"
-#include "tests/support/BracketTranslator.h"
 #include "tests/support/TestMain.h"
 
 using namespace Corvale_Qt;
@@ -581,20 +580,6 @@ private Q_SLOTS:
         QCOMPARE(draw->label(900.0).text(), QString("900"));
         view.setTimeAxis(View::TimeAxis(7));
         QCOMPARE(view.timeAxis(), View::Seconds);
-    }
-
-    void theTimeAxisFollowsTheLanguage()
-    {
-        ModelView view(1, 1000, 1000);
-        view.setTimeOrigin(QDateTime(QDate(2026, 3, 29), QTime(0, 45), Qt::UTC));
-        const QByteArray zone = qgetenv("TZ");
-        qputenv("TZ", "Europe/Berlin");
-        view.setTimeAxis(View::LocalTime);
-        qputenv("TZ", zone);
-        QCOMPARE(view.title(QwtPlot::xBottom), QString("Time (local, UTC+1, then UTC+2)"));
-        const BracketTranslator translator;
-        view.settle();
-        QCOMPARE(view.title(QwtPlot::xBottom), QString("<Time (local, <UTC+1, then UTC+2>)>"));
     }
 };
 

@@ -3,10 +3,12 @@
 #include "monitor/window/ComputedDialog.h"
 #include "monitor/window/PictureDialog.h"
 #include "monitor/window/PictureExport.h"
+#include "monitor/window/ValueTable.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
+#include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
@@ -239,6 +241,29 @@ private Q_SLOTS:
         for (const auto &mark : dialog.findChild<QPlainTextEdit *>("expression")->extraSelections())
             marked += mark.cursor.selectedText();
         QTEST(marked, "marked");
+    }
+
+    //! Values that come faster than a person reads them are painted a little later, and without their names.
+    void theNewestValueIsPaintedInTheEnd()
+    {
+        QStandardItemModel model(2, 2);
+        ValueTable table;
+        table.setModel(&model);
+        table.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&table));
+        const PaintCounter counter(table.viewport());
+        for (int value = 1; value <= 3; ++value) {
+            model.setData(model.index(1, 1), value);
+            QCoreApplication::processEvents();
+        }
+        const int before = counter.count;
+        model.setData(model.index(0, 1), QStringLiteral("last"));
+        QTRY_VERIFY(counter.count > before);
+        const QRect values =
+            table.visualRect(model.index(0, 1)) | table.visualRect(model.index(1, 1));
+        QCOMPARE(counter.painted, QRegion(values));
+        model.setData(model.index(0, 0), QStringLiteral("name"));
+        QTRY_VERIFY(counter.painted.intersects(table.visualRect(model.index(0, 0))));
     }
 
 private:

@@ -94,7 +94,8 @@ struct Played
     //! Lets the tape play to its end, or for this many seconds at most.
     void run(double seconds, double step = 0.02)
     {
-        for (double gone = 0.0; gone < seconds && tape->isPlaying(); gone += step) {
+        const int steps = qCeil(seconds / step);
+        for (int gone = 0; gone < steps && tape->isPlaying(); ++gone) {
             clock.advance(step);
             QCoreApplication::processEvents(); // of a tape that plays as fast as possible
         }

@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-# Most of the library runs when a window is made or a person does something. Optimised builds compile that to be small, which takes a
-# third of its code away. What runs with each reading or each frame is compiled to be fast, as is every source that nobody names.
+# Most of the library makes windows, answers a person, or does a little once in a frame. Optimised builds compile that to be small,
+# which takes a third of its code away. What goes through many readings or pixels is compiled to be fast, as is every source that is not
+# named here.
 
-# corvale_qt_small(Name ...): sources Name.cpp of the calling folder that run neither with each reading nor with each frame.
+# corvale_qt_small(Name ...): sources Name.cpp of the calling folder that go through neither many readings nor many pixels.
 function(corvale_qt_small)
   foreach(name IN LISTS ARGN)
     set(source "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")

@@ -15,7 +15,7 @@ inline QString tr(const char *text)
 }
 
 /*! Translates a text in the form that a number asks for, with the number in the place of %n: tr("%n cell(s)", nullptr, 2) is
-    "2 cells". A host need not install translations: where there is none, the forms are those of translations/corvale_qt_en.ts.
+    "2 cells". A host need not install translations: without them, the forms are those of translations/corvale_qt_en.ts.
     A member of a class that has tr() itself calls Corvale_Qt::tr(). */
 QString tr(const char *text, const char *comment, int count);
 

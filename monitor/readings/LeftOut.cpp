@@ -39,10 +39,10 @@ QString LeftOut::text() const
         return {};
     const QString amount =
         numberText(sum, 6) + (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
-    const QString who = what == What::Cells
+    const QString things = what == What::Cells
         ? Text::countedInEnglish("%n cell(s) is/are not wired", nullptr, count)
         : Text::countedInEnglish("%n reading(s) belong(s) to no cell", nullptr, count);
-    return Text::tr("%1: %2 left out").arg(who, amount);
+    return Text::tr("%1: %2 left out").arg(things, amount);
 }
 
 void LeftOutCount::take(const StreamHeader &header, const ReadingBlock &readings)

@@ -33,7 +33,7 @@ struct Piece
     double progress = 0.0; //!< of the whole recording, from 0 to 1
 };
 
-//! Reads a recording piece by piece, also in a thread of its own, and notes where its acquisitions begin.
+//! Reads a recording piece by piece, if wanted in a separate thread, and notes where its acquisitions begin.
 class PieceReader : public ToldSink
 {
 public:

@@ -252,7 +252,7 @@ private Q_SLOTS:
         QCOMPARE(layout.description().verdictLimits.worstResidualRms, 0.2);
     }
 
-    //! The examples of the documentation, each in a file of its own, and the presets.
+    //! The presets, and the examples of the documentation, each in a separate file.
     void whatIsWrittenIsReadAgain_data()
     {
         QTest::addColumn<DetectorLayout>("layout");

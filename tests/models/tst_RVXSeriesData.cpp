@@ -111,7 +111,7 @@ QImage chartOf(QAbstractItemModel &model)
     return view.grab().toImage();
 }
 
-//! A host's subclass with numbers of its own, such as readings through a calibration.
+//! A host's subclass that changes the numbers, such as readings through a calibration.
 template<typename Base>
 class Shifted : public Base
 {
@@ -122,7 +122,7 @@ public:
     }
 };
 
-//! A host's subclass without numbers of its own.
+//! A host's subclass that leaves the numbers as they are.
 template<typename Base>
 class Vouched : public Base, public RVXBulkPlotVoucher
 {
@@ -163,7 +163,7 @@ void compareSubclasses()
     const Vouched<Model> vouched;
     const Further<Model> further;
     QVERIFY(RVXBulkPlotData::of(&own));
-    QVERIFY2(!RVXBulkPlotData::of(&shifted), "it has numbers of its own");
+    QVERIFY2(!RVXBulkPlotData::of(&shifted), "it changes the numbers");
     QVERIFY2(RVXBulkPlotData::of(&vouched), "the host says that it has none");
     QVERIFY2(!RVXBulkPlotData::of(&further), "nobody says it of this class");
     QVERIFY2(LibraryBulkData::of(&own) && !LibraryBulkData::of(&vouched),

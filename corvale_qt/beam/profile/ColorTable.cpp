@@ -64,7 +64,7 @@ void ColorTable::lookUp(const QwtInterval &range,
 {
     const double least = range.minValue();
     const double width = range.width();
-    if (!(width > 0.0)) { // the map has a rule of its own for that
+    if (!(width > 0.0)) { // the map decides which colour that is
         std::transform(values, values + count, colors, [&](double value) {
             return m_map->rgb(range, value);
         });

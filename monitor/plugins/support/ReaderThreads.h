@@ -7,8 +7,8 @@
     does not answer may keep it for long. */
 namespace ReaderThreads {
 
-/*! Runs a task in a thread of its own. The task is deleted there as soon as it has ended. Throws std::system_error if the system has no
-    more threads; the program tells of it where it has called the plugin. */
+/*! Runs a task in a separate thread. The task is deleted there as soon as it has ended. Throws std::system_error if the system has no
+    more threads; the program reports that where it called the plugin. */
 void run(std::function<void()> task);
 /*! Waits for all threads to end, for two seconds at most. It is called after the application's event loop, when the threads have
     been told to end, so that few of them outlive main(). */

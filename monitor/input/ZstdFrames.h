@@ -27,8 +27,8 @@ public:
     bool seek(qint64 offset);
     //! Returns whether the next byte cannot be read because the file is damaged there or ends too early.
     bool isDamaged() const { return m_damaged; }
-    /*! Goes on with the next frame after a damaged one. Returns how many bytes of the file are passed over; 0 if there
-        is no further frame. */
+    /*! Goes on with the next frame after a damaged one. Returns how many bytes of the file are passed over; 0 if no
+        frame follows. */
     qint64 skipDamage();
     //! Returns the length of the whole text in bytes; -1 if the file does not say it.
     qint64 textSize() const;

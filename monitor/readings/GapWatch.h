@@ -5,9 +5,10 @@ namespace Monitor {
 
 /*! Finds the gaps in the times of a stream: steps longer than three of the usual steps.
 
-    The usual step is known once two steps that follow each other agree and are no burst, as readings are that waited for a
-    connection: these come within milliseconds, whatever the rate. No step before is a gap. The usual step then follows those of
-    the stream slowly, without the gaps. Many long steps in a row are no gaps any more: the stream has another rate. */
+    The usual step is known once two successive steps agree and do not belong to a burst. Readings that waited for a connection
+    arrive as a burst, within milliseconds of each other, whatever their rate. No step is a gap before that. From then on the
+    usual step slowly follows the steps of the stream, gaps left out. Many long steps in a row are not gaps: the rate of the
+    stream has changed. */
 class GapWatch
 {
 public:

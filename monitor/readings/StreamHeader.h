@@ -81,9 +81,9 @@ struct StreamHeader
     void setFrames(const Corvale_Qt::DetectorLayout &layout, const QString &unit);
     //! Returns the header of what is computed from each frame, as a stream of channels.
     StreamHeader ofNumbers() const;
-    /*! Sets the detector that the readings come from, or says in the fault why they cannot. Planes of different lengths are no
-        strips for those who share strips evenly, so such a stream becomes one of channels. Frames keep their detector if the
-        new one does not fit. */
+    /*! Sets the detector that the readings come from, or says in the fault why they cannot. A detector
+        whose planes differ in length cannot be shown as strips, which are divided evenly between the planes, so such a stream
+        becomes one of channels. Frames keep their detector if the new one does not fit. */
     void setDetector(const Corvale_Qt::DetectorLayout &layout);
     //! Returns the limits of a channel, counted from 0; empty ones if it has none.
     Corvale_Qt::ChannelLimits limitsOf(int channel) const { return limits.value(channel); }

@@ -8,8 +8,8 @@ namespace Monitor {
 class Companions;
 class Tape;
 
-/*! Returns the tape of the recordings that a window shows: of the only one, or of all together; null if the first source is no
-    recording. The sessions must outlive the tape. */
+/*! Returns the tape of the recordings that a window shows: of the only one, or of all together; null if the first source is
+    not a recording. The sessions must outlive the tape. */
 std::unique_ptr<Tape> tapeOf(const Companions &members);
 
 } // namespace Monitor

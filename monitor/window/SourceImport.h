@@ -15,8 +15,8 @@ class FileSource;
 class Source;
 class WindowSettings;
 
-/*! Returns how a source, as the command line has it, is to be read: as \a given if that says anything or if the source is no
-    table, otherwise as ImportDialog::optionsFor() says, which may ask. Returns nothing if the person cancels. */
+/*! Returns how a source, as the command line has it, is to be read: as \a given if that says anything or if the source is
+    not a table, otherwise as ImportDialog::optionsFor() says, which may ask. Returns nothing if the person cancels. */
 std::optional<ImportOptions> importOfSource(const QString &source,
                                             const ImportOptions &given,
                                             WindowSettings *settings,

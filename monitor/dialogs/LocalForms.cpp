@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/dialogs/LocalForms.h"
 
+#include "monitor/sources/SourceFactory.h"
+
 #include <QComboBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -16,7 +18,6 @@ namespace Monitor {
 namespace {
 
 const QString simulatorPrefix = QStringLiteral("sim:");
-const QString filePrefix = QStringLiteral("file:");
 
 } // namespace
 
@@ -100,9 +101,8 @@ QString FileForm::source() const
 
 bool FileForm::setSource(const QString &text)
 {
-    const QString path = text.startsWith(filePrefix) ? text.mid(filePrefix.size()) : text;
-    if (path.isEmpty() || path == QLatin1String("-") || path.contains(QLatin1String("://"))
-        || path.startsWith(QLatin1String("serial:")) || path.startsWith(simulatorPrefix))
+    const QString path = SourceFactory::filePath(text);
+    if (path.isEmpty())
         return false;
     m_path->setText(path);
     return true;

@@ -18,10 +18,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace Monitor {
 
 namespace {
+
+const QString simulatorScheme = QStringLiteral("sim:");
+const QString serialScheme = QStringLiteral("serial:");
 
 //! Returns whether the query has only keys from the list.
 bool hasOnly(const QUrlQuery &query, const QStringList &keys)
@@ -81,13 +85,29 @@ std::unique_ptr<Source> SourceFactory::failed(const QString &error)
     return nullptr;
 }
 
+const SourceFactory::Kind *SourceFactory::kindOf(const QString &text)
+{
+    static const Kind kinds[] = {
+        {simulatorScheme, &SourceFactory::simulator},
+        {QStringLiteral("tcp://"), &SourceFactory::tcpClient},
+        {QStringLiteral("tcp-listen://"), &SourceFactory::tcpServer},
+        {serialScheme, &SourceFactory::serial},
+    };
+    const auto *const found =
+        std::find_if(std::begin(kinds), std::end(kinds), [&text](const Kind &kind) {
+            return text.startsWith(kind.scheme);
+        });
+    return found == std::end(kinds) ? nullptr : found;
+}
+
 QString SourceFactory::filePath(const QString &text)
 {
-    const bool stated = text.startsWith(QLatin1String("file:"));
-    const bool other = text == QLatin1String("-") || text.startsWith(QLatin1String("sim:"))
-        || text.startsWith(QLatin1String("serial:")) || text.contains(QLatin1String("://"))
-        || !SourcePlugins::schemeOf(text).isEmpty();
-    return stated ? text.mid(5) : other ? QString() : text;
+    const QLatin1String fileScheme("file:");
+    if (text.startsWith(fileScheme))
+        return text.mid(fileScheme.size());
+    const bool isOther = text == QLatin1String("-") || kindOf(text)
+        || text.contains(QLatin1String("://")) || !SourcePlugins::schemeOf(text).isEmpty();
+    return isOther ? QString() : text;
 }
 
 std::unique_ptr<Source> SourceFactory::make(const QString &text)
@@ -95,14 +115,8 @@ std::unique_ptr<Source> SourceFactory::make(const QString &text)
     m_error.clear();
     if (text == QLatin1String("-"))
         return std::make_unique<StandardInputSource>(m_clock);
-    if (text.startsWith(QLatin1String("sim:")))
-        return simulator(text.mid(4));
-    if (text.startsWith(QLatin1String("tcp://")))
-        return tcpClient(text);
-    if (text.startsWith(QLatin1String("tcp-listen://")))
-        return tcpServer(text);
-    if (text.startsWith(QLatin1String("serial:")))
-        return serial(text.mid(7));
+    if (const Kind *const kind = kindOf(text))
+        return (this->*kind->make)(text);
     if (!SourcePlugins::schemeOf(text).isEmpty())
         return ofPlugin(text);
     const QString path = filePath(text);
@@ -134,14 +148,15 @@ std::unique_ptr<Source> SourceFactory::ofPlugin(const QString &text)
 
 std::unique_ptr<Source> SourceFactory::simulator(const QString &text)
 {
+    const QString rest = text.mid(simulatorScheme.size());
     QString name;
-    const QUrlQuery query = splitQuery(text, &name);
+    const QUrlQuery query = splitQuery(rest, &name);
     bool ok = true;
     const unsigned seed = query.hasQueryItem(QStringLiteral("seed"))
         ? query.queryItemValue(QStringLiteral("seed")).toUInt(&ok)
         : SimulatorSource::defaultSeed;
     if (!ok || !hasOnly(query, {QStringLiteral("seed")}))
-        return failed(Text::tr("sim:%1: only seed=NUMBER may follow the question mark").arg(text));
+        return failed(Text::tr("sim:%1: only seed=NUMBER may follow the question mark").arg(rest));
     if (!SimulatedInstrument::make(name))
         return failed(
             Text::tr("there is no simulator \"%1\"; there are sim:ic4, sim:strips, sim:pixels and "
@@ -197,8 +212,9 @@ std::unique_ptr<Source> SourceFactory::tcpServer(const QString &text)
 
 std::unique_ptr<Source> SourceFactory::serial(const QString &text)
 {
+    const QString rest = text.mid(serialScheme.size());
     QString device;
-    const QUrlQuery query = splitQuery(text, &device);
+    const QUrlQuery query = splitQuery(rest, &device);
     bool ok = true;
     const int baud = query.hasQueryItem(QStringLiteral("baud"))
         ? query.queryItemValue(QStringLiteral("baud")).toInt(&ok)
@@ -209,7 +225,7 @@ std::unique_ptr<Source> SourceFactory::serial(const QString &text)
     if (device.isEmpty() || !ok || baud <= 0 || !known)
         return failed(Text::tr("\"serial:%1\" should be serial:DEVICE or "
                                "serial:DEVICE?baud=NUMBER&silence=30s")
-                          .arg(text));
+                          .arg(rest));
     auto source = std::make_unique<SerialSource>(m_clock, device, baud);
     source->setLongestSilence(*silence);
     return source;

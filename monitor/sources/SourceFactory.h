@@ -27,10 +27,19 @@ public:
     QString errorString() const { return m_error; }
 
 private:
-    std::unique_ptr<Source> simulator(const QString &rest);
+    //! What a text begins with that names a source of this kind, and the function that makes one of the whole text.
+    struct Kind
+    {
+        QString scheme;
+        std::unique_ptr<Source> (SourceFactory::*make)(const QString &text);
+    };
+
+    //! Returns the built-in kind of source that a text names, other than a file or standard input; null for none.
+    static const Kind *kindOf(const QString &text);
+    std::unique_ptr<Source> simulator(const QString &text);
     std::unique_ptr<Source> tcpClient(const QString &text);
     std::unique_ptr<Source> tcpServer(const QString &text);
-    std::unique_ptr<Source> serial(const QString &rest);
+    std::unique_ptr<Source> serial(const QString &text);
     std::unique_ptr<Source> ofPlugin(const QString &text);
     std::unique_ptr<Source> failed(const QString &error);
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/PanelState_p.h"
+
+#include "corvale_qt/scope/PlotModes_p.h"
 #include "corvale_qt/scope/YRanges_p.h"
 
 #include <QDataStream>
@@ -17,7 +19,7 @@ constexpr quint32 kMagic = 0x52565853; // "RVXS"
 constexpr quint16 kFieldsOnly = 1; // of 2.0
 constexpr quint16 kFormat = 2; // the fields, and then the choices of the view by their names
 
-constexpr int kAllTabs = (1 << (RVXScope::SplitMode + 1)) - 1; // a bit for each mode
+constexpr int kAllTabs = (1 << kPlotModes) - 1; // a bit for each mode
 constexpr int kPeriods[] = {0, 100, 1000, 10000};
 constexpr int kAveragingLengths[] = {1, 10, 100, 1000};
 
@@ -109,7 +111,7 @@ std::optional<PanelState> PanelState::fromBytes(const QByteArray &bytes, int ver
 
 bool PanelState::isPossible() const
 {
-    return plotMode >= RVXScope::StripMode && plotMode <= RVXScope::SplitMode
+    return isPlotMode(plotMode)
         && (tabs & ~kAllTabs) == 0 && yScaleMode >= RVXScope::PercentRanges
         && yScaleMode <= RVXScope::AbsolutePositiveRanges && yScaleIndex >= 0
         && yScaleIndex < yRangeTexts(yScaleMode).size() && std::isfinite(range.first)

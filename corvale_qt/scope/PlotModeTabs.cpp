@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/PlotModeTabs_p.h"
 
+#include "corvale_qt/scope/PlotModes_p.h"
+
 #include <QCoreApplication>
 #include <QTabBar>
 #include <QVariant>
+
+#include <iterator>
 
 namespace Corvale_Qt {
 
@@ -17,6 +21,7 @@ QString PlotModeTabs::titleOf(int mode)
         QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Position"),
         QT_TRANSLATE_NOOP("Corvale_Qt::RVXScope", "Split"),
     };
+    static_assert(std::size(titles) == kPlotModes, "each mode has a title");
     return QCoreApplication::translate("Corvale_Qt::RVXScope", titles[mode]);
 }
 

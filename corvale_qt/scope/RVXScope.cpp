@@ -2,6 +2,7 @@
 #include "corvale_qt/scope/RVXScope.h"
 
 #include "corvale_qt/scope/Logging_p.h"
+#include "corvale_qt/scope/PlotModes_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
 #include "corvale_qt/scope/SaveDialog_p.h"
@@ -142,7 +143,7 @@ void RVXScope::SetPlotMode(int plotMode)
 {
     Q_D(RVXScope);
     const int mode = d->tabs().modeAt(plotMode);
-    if (mode >= StripMode && mode <= SplitMode)
+    if (isPlotMode(mode))
         setPlotMode(PlotMode(mode));
 }
 

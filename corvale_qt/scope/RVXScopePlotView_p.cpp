@@ -146,7 +146,7 @@ void RVXScopePlotViewPrivate::createModes()
 
 void RVXScopePlotViewPrivate::setMode(int newMode)
 {
-    if (newMode < RVXScopePlotView::StripMode || newMode > RVXScopePlotView::SplitMode)
+    if (!isPlotMode(newMode))
         return;
     // The x of a marker has another meaning then.
     if (isTimeMode(mode) != isTimeMode(newMode))

@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/scope/PlotModes_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
 #include "corvale_qt/scope/ScopeMarkerStatistics.h"
@@ -141,7 +142,7 @@ public:
     ScopeContext context; //!< needs the plot
     QPointer<QAbstractItemModel> baseModel; //!< below all proxies
     QVector<QMetaObject::Connection> watches;
-    std::array<std::unique_ptr<ScopePlotMode>, 6> modes;
+    std::array<std::unique_ptr<ScopePlotMode>, kPlotModes> modes; // by their number
     std::unique_ptr<RVXScopePlotViewEventFilter> eventFilter;
     UnitsWatch unitsWatch;
     std::unique_ptr<ScopeNavigation> navigation;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What a host reads and sets on a scope panel. The controls of the panel and the view hold the values.
+#include "corvale_qt/scope/PlotModes_p.h"
 #include "corvale_qt/scope/RVXScope.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScope_p.h"
@@ -38,13 +39,13 @@ void RVXScope::setPlotTabs(PlotTabs tabs)
     {
         // The first tab of an empty bar is selected, but the mode stays.
         const QSignalBlocker blocker(d->ui.modeSelect);
-        for (int mode = StripMode; mode <= SplitMode; ++mode) {
+        for (int mode = 0; mode < kPlotModes; ++mode) {
             if (tabs.testFlag(PlotTab(1 << mode)) && present.indexOf(mode) < 0)
                 present.insert(mode);
         }
         d->followMode();
     }
-    for (int mode = StripMode; mode <= SplitMode; ++mode) {
+    for (int mode = 0; mode < kPlotModes; ++mode) {
         if (!tabs.testFlag(PlotTab(1 << mode)))
             present.remove(mode);
     }

@@ -42,6 +42,61 @@ public:
         model.setSource(source);
         q->updateGeometry();
     }
+    //! Measures anew when the model's names or its limits need other room.
+    void followModelChanges()
+    {
+        const auto measure = [this] {
+            q->scheduleDelayedItemsLayout(); // for other names
+            q->updateGeometry();
+        };
+        QObject::connect(&model, &QAbstractItemModel::modelReset, q, measure);
+        QObject::connect(
+            &model,
+            &QAbstractItemModel::dataChanged,
+            q,
+            [measure](const QModelIndex &, const QModelIndex &, const QVector<int> &roles) {
+                if (roles.isEmpty()) // the word of a limit has its room
+                    measure();
+            });
+    }
+    //! Shows what the view is set to, and what its pictures show.
+    void followView()
+    {
+        refresh.setParent(q); // children of the widget tell whether it rests
+        refresh.setSingleShot(true);
+        refresh.setInterval(refreshInterval);
+        QObject::connect(&refresh,
+                         &QTimer::timeout,
+                         q->viewport(),
+                         QOverload<>::of(&QWidget::update));
+        model.takeLook(view);
+        QObject::connect(view, &RVXScopePlotView::siPrefixChanged, q, [this](bool on) {
+            model.setSiPrefix(on);
+        });
+        QObject::connect(view, &RVXScopePlotView::lightCanvasChanged, q, [this](bool light) {
+            model.setOnWhite(light);
+        });
+        QObject::connect(view,
+                         &RVXScopePlotView::valueUnitChanged,
+                         &model,
+                         &LegendModel::setValueUnit);
+        QObject::connect(view,
+                         &RVXScopePlotView::channelAxesChanged,
+                         &model,
+                         &LegendModel::changeAll);
+        QObject::connect(view,
+                         &RVXScopePlotView::limitStateChanged,
+                         &model,
+                         &LegendModel::changeLimitState);
+        QObject::connect(view,
+                         &RVXScopePlotView::channelLimitsChanged,
+                         &model,
+                         &LegendModel::changeAll);
+        // The canvas is painted for each picture, and with another model.
+        for (QwtPlotCanvas *canvas : view->findChildren<QwtPlotCanvas *>())
+            canvas->installEventFilter(q);
+        followModel();
+    }
     void raise(const QModelIndex &index)
     {
         if (view)
@@ -94,39 +149,9 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     connect(this, &QAbstractItemView::entered, this, [d](const QModelIndex &index) {
         d->raise(index);
     });
-    const auto measure = [this] {
-        scheduleDelayedItemsLayout(); // for other names
-        updateGeometry();
-    };
-    connect(&d->model, &QAbstractItemModel::modelReset, this, measure);
-    connect(&d->model,
-            &QAbstractItemModel::dataChanged,
-            this,
-            [measure](const QModelIndex &, const QModelIndex &, const QVector<int> &roles) {
-                if (roles.isEmpty()) // the word of a limit has its room
-                    measure();
-            });
-    if (!view)
-        return;
-    d->refresh.setParent(this); // children of the widget tell whether it rests
-    d->refresh.setSingleShot(true);
-    d->refresh.setInterval(refreshInterval);
-    connect(&d->refresh, &QTimer::timeout, viewport(), QOverload<>::of(&QWidget::update));
-    d->model.takeLook(view);
-    connect(view, &RVXScopePlotView::siPrefixChanged, this, [d](bool on) {
-        d->model.setSiPrefix(on);
-    });
-    connect(view, &RVXScopePlotView::lightCanvasChanged, this, [d](bool light) {
-        d->model.setOnWhite(light);
-    });
-    connect(view, &RVXScopePlotView::valueUnitChanged, &d->model, &LegendModel::setValueUnit);
-    connect(view, &RVXScopePlotView::channelAxesChanged, &d->model, &LegendModel::changeAll);
-    connect(view, &RVXScopePlotView::limitStateChanged, &d->model, &LegendModel::changeLimitState);
-    connect(view, &RVXScopePlotView::channelLimitsChanged, &d->model, &LegendModel::changeAll);
-    // The canvas is painted for each picture, and with another model.
-    for (QwtPlotCanvas *canvas : view->findChildren<QwtPlotCanvas *>())
-        canvas->installEventFilter(this);
-    d->followModel();
+    d->followModelChanges();
+    if (view)
+        d->followView();
 }
 
 ScopeLegend::~ScopeLegend() = default;

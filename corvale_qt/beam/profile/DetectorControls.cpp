@@ -36,7 +36,11 @@ DetectorControls::DetectorControls(RVXSpectrogram &display, QWidget *sideBar, QB
 {
     setObjectName(QStringLiteral("groupBox_detector"));
     box->insertWidget(box->count() - 1, this);
-    makeControls();
+    setUpEstimators();
+    setUpFrames();
+    setUpRange();
+    placeControls();
+    connectControls();
     makeActions();
     takePlaceInTabOrder(box);
     showState();
@@ -75,7 +79,7 @@ void DetectorControls::takePlaceInTabOrder(QBoxLayout *box)
     }
 }
 
-void DetectorControls::makeControls()
+void DetectorControls::setUpEstimators()
 {
     // In the order of BeamEstimator.
     m_estimator->addItems({tr("Centre of gravity"),
@@ -87,6 +91,13 @@ void DetectorControls::makeControls()
                            tr("Second moment")});
     m_estimator->setObjectName(QStringLiteral("comboBox_estimator"));
     m_estimator->setToolTip(tr("How mean and sigma are found"));
+    m_state->setObjectName(QStringLiteral("label_processing"));
+    m_state->setWordWrap(true);
+}
+
+//! Sets up the average and the background, which are of a number of frames.
+void DetectorControls::setUpFrames()
+{
     for (QSpinBox *frames : {m_averaged, m_backgroundFrames}) {
         frames->setRange(1, 100);
         const auto name = [frames](int count) {
@@ -100,6 +111,12 @@ void DetectorControls::makeControls()
     m_backgroundFrames->setObjectName(QStringLiteral("spinBox_backgroundFrames"));
     m_backgroundFrames->setAccessibleName(tr("Frames of the background"));
     m_backgroundFrames->setValue(10);
+    m_take->setObjectName(QStringLiteral("button_background"));
+}
+
+//! Sets up the range of the colours.
+void DetectorControls::setUpRange()
+{
     for (QScienceSpinBox *limit : {m_low, m_high})
         limit->setKeyboardTracking(false);
     m_low->setObjectName(QStringLiteral("spinBox_lowestColor"));
@@ -107,10 +124,10 @@ void DetectorControls::makeControls()
     m_typed->setObjectName(QStringLiteral("checkBox_colorRange"));
     m_low->setAccessibleName(tr("Lowest value of the colours"));
     m_high->setAccessibleName(tr("Highest value of the colours"));
-    m_state->setObjectName(QStringLiteral("label_processing"));
-    m_state->setWordWrap(true);
-    m_take->setObjectName(QStringLiteral("button_background"));
+}
 
+void DetectorControls::placeControls()
+{
     auto *grid = new QGridLayout(this);
     grid->addWidget(new QLabel(tr("Estimator"), this), 0, 0);
     grid->addWidget(m_estimator, 0, 1);
@@ -128,7 +145,10 @@ void DetectorControls::makeControls()
     grid->addWidget(m_backgroundFrames, 4, 1);
     grid->addWidget(m_subtracted, 5, 0, 1, 2);
     grid->addWidget(m_state, 6, 0, 1, 2);
+}
 
+void DetectorControls::connectControls()
+{
     connect(m_estimator, QOverload<int>::of(&QComboBox::activated), this, [this](int index) {
         m_display.setEstimator(BeamEstimator(index));
     });

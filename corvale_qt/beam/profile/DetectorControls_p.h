@@ -35,7 +35,11 @@ public:
     void showState();
 
 private:
-    void makeControls();
+    void setUpEstimators();
+    void setUpFrames();
+    void setUpRange();
+    void placeControls();
+    void connectControls();
     void takePlaceInTabOrder(QBoxLayout *box);
     void makeActions();
     QAction *addAction(const char *name, const QString &text);

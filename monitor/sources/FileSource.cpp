@@ -222,9 +222,28 @@ bool FileSource::isAtStop() const
 //! In a loop, the times that are emitted go on; the place is that of the file.
 FileSource::Place FileSource::place() const
 {
-    if (m_roundLength <= 0.0 || m_shown.part < 0)
-        return {std::max(m_shown.part, 0), m_shown.time};
-    return {m_shown.part, m_firstTime + std::fmod(m_shown.time - m_firstTime, m_roundLength)};
+    return {std::max(m_shown.part, 0), timeInRound(m_shown.time)};
+}
+
+//! Returns a time as the file has it, also while the file is repeated.
+double FileSource::timeInRound(double time) const
+{
+    const bool isRepeated = m_roundLength > 0.0 && m_shown.part >= 0;
+    return isRepeated ? m_firstTime + std::fmod(time - m_firstTime, m_roundLength) : time;
+}
+
+FileSource::Place FileSource::reached() const
+{
+    const double due = m_play.due(clock().seconds());
+    const bool waits = !m_parts.empty() && m_parts.front().begun
+        && m_parts.front().next < m_parts.front().readings.size();
+    if (!waits || !std::isfinite(due))
+        return place();
+    const Part &part = m_parts.front();
+    double end = std::nextafter(part.readings.time(part.next), m_shown.time);
+    if (m_stop && m_stop->part == part.number)
+        end = std::min(end, m_stop->time);
+    return {part.number, timeInRound(std::max(std::min(due, end), m_shown.time))};
 }
 
 bool FileSource::isHolding() const

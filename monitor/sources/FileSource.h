@@ -78,6 +78,8 @@ public:
     bool isAtStop() const;
     //! Returns the place of the last reading that was played.
     Place place() const;
+    //! Returns the place up to which the file was played: that of the last reading, or a later one before the next reading.
+    Place reached() const;
     //! Returns whether any reading was played since the start, or since the last seek().
     bool hasPlayed() const { return m_hasPlayed; }
 
@@ -124,6 +126,7 @@ private:
     void finishWhenPlayed();
     bool startLoop();
     void updatePace();
+    double timeInRound(double time) const;
     void readUpTo(const Place &place);
     bool isReached(int part) const { return !m_limit || part <= m_limit->part; }
     bool isDue(int part, double time, double clockDue) const;

@@ -157,7 +157,9 @@ void CommonTape::stepBackwards()
     pause();
     if (!isIndexed() || position() <= firstPosition())
         return;
-    goTo(before(position()));
+    if (m_sought)
+        goTo(*m_sought);
+    goTo(before(latestPlayed()));
     m_position = latestPlayed();
     m_play.moveTo(m_clock.seconds(), m_position);
     tellMove();
@@ -373,6 +375,8 @@ void CommonTape::playTo(double due)
     const bool isOver = !run || (run->position > end && due >= end);
     if (isOver)
         reachEnd();
+    else if (std::isfinite(due)) // between readings time passes as well
+        m_position = std::max(m_position, std::min({due, end, before(run->position)}));
 }
 
 void CommonTape::reachEnd()

@@ -53,6 +53,7 @@ TapeReadout CommonTape::readoutAt(double position) const
         return {};
     const double moment = m_times.momentAt(position);
     TapeReadout readout;
+    readout.isInGap = survey().isInGap(position);
     readout.time = moment - m_times.origin(0, 0);
     constexpr double milliseconds = 1000.0;
     if (m_times.isDated())

@@ -23,23 +23,43 @@ void Tape::toggle()
         play();
 }
 
+//! Returns where a person may want to go: to the events, and to where gaps begin and end.
+QVector<double> Tape::stops() const
+{
+    QVector<double> stops;
+    for (const TapeSurvey::Mark &mark : m_survey.marks) {
+        stops.append(mark.position);
+        // A little more, because the sum may round to a place before the reading that ends the gap.
+        if (mark.kind == TapeMark::Kind::Gap)
+            stops.append(mark.position + mark.length + 0.5 * tolerance());
+    }
+    return stops;
+}
+
+//! Returns by how much positions of the same place may differ.
+double Tape::tolerance() const
+{
+    constexpr double share = 1e-9;
+    return share * length();
+}
+
 void Tape::seekNextMark()
 {
-    const double here = position();
+    const double here = position() + tolerance();
     double next = length();
-    for (const TapeSurvey::Mark &mark : m_survey.marks)
-        if (mark.position > here)
-            next = std::min(next, mark.position);
+    for (const double stop : stops())
+        if (stop > here)
+            next = std::min(next, stop);
     seek(next);
 }
 
 void Tape::seekFormerMark()
 {
-    const double here = position();
+    const double here = position() - tolerance();
     double former = 0.0;
-    for (const TapeSurvey::Mark &mark : m_survey.marks)
-        if (mark.position < here)
-            former = std::max(former, mark.position);
+    for (const double stop : stops())
+        if (stop < here)
+            former = std::max(former, stop);
     seek(former);
 }
 

@@ -42,7 +42,7 @@ public:
     //! Goes to a position, which is moved into the tape. Does nothing before there is an index.
     virtual void seek(double position) = 0;
     void seekBy(double seconds) { seek(position() + seconds); }
-    //! Goes to the next mark, or to the one before.
+    //! Goes to the next event, to where the next gap begins or ends, or to the one before.
     void seekNextMark();
     void seekFormerMark();
     //! Repeats a stretch of the tape; nothing is repeated if it is empty.
@@ -62,12 +62,12 @@ public:
     //! Returns the survey of the recordings on the tape; an empty one before there is an index.
     const TapeSurvey &survey() const { return m_survey; }
 
-    //! Returns the position of the reading that is shown, or that is sought.
+    //! Returns the position that is sought or was reached: that of the reading that is shown, or a later one before the next reading.
     virtual double position() const = 0;
     double length() const { return m_survey.length; }
     //! Returns what is known of a position.
     virtual TapeReadout readoutAt(double position) const = 0;
-    //! Returns what is known of the reading that is shown, or that is sought.
+    //! Returns what is known of the reading that is shown, of the place that is sought, or of the gap that passes.
     virtual TapeReadout readout() const { return readoutAt(position()); }
 
 Q_SIGNALS:
@@ -81,6 +81,8 @@ protected:
     void setSurvey(const TapeSurvey &survey) { m_survey = survey; }
 
 private:
+    QVector<double> stops() const;
+    double tolerance() const;
     //! Called when the loop is another one.
     virtual void takeLoop() { }
 

@@ -134,12 +134,18 @@ TapeSpot TapeDeck::spot() const
 
 double TapeDeck::position() const
 {
-    return m_index.positionOf(spot());
+    if (m_sought)
+        return m_index.positionOf(*m_sought);
+    const FileSource::Place reached = m_source.reached();
+    return m_index.positionOf({reached.part, reached.time});
 }
 
 TapeReadout TapeDeck::readoutOf(const TapeSpot &spot) const
 {
-    TapeReadout readout{spot.time, spot.part, m_index.parts(), QDateTime(), 0, 0, false};
+    TapeReadout readout;
+    readout.time = spot.time;
+    readout.part = spot.part;
+    readout.parts = m_index.parts();
     if (spot.part < 0 || spot.part >= m_index.parts() || m_index.part(spot.part).hasTimes)
         return readout;
     const TapeIndex::Part &part = m_index.part(spot.part);
@@ -151,13 +157,16 @@ TapeReadout TapeDeck::readoutOf(const TapeSpot &spot) const
 
 TapeReadout TapeDeck::readoutAt(double position) const
 {
-    return readoutOf(m_index.spotAt(position));
+    TapeReadout readout = readoutOf(m_index.spotAt(position));
+    readout.isInGap = survey().isInGap(position);
+    return readout;
 }
 
-//! The position would not tell the time of the reading to the last digit.
+//! The position would not tell the time of the reading to the last digit; in a gap, that time would stand still.
 TapeReadout TapeDeck::readout() const
 {
-    return readoutOf(spot());
+    const double here = position();
+    return survey().isInGap(here) ? readoutAt(here) : readoutOf(spot());
 }
 
 TapeSurvey TapeDeck::surveyOfIndex() const

@@ -11,7 +11,7 @@ namespace Monitor {
 
 namespace {
 
-constexpr quint32 format = 3;
+constexpr quint32 format = 4;
 constexpr int sumSize = 20;
 
 QDataStream &operator<<(QDataStream &out, const LineCounts &counts)

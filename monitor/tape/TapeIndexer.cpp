@@ -17,7 +17,9 @@ namespace Monitor {
 
 namespace {
 
-constexpr int usualBlocks = TapeIndex::maxBlocks / 2;
+//! How many blocks are made beside those of the pieces, so that readings that come together are seen apart.
+constexpr int mostSingleReadings = 512;
+constexpr int usualBlocks = TapeIndex::maxBlocks - TapeIndex::maxParts - mostSingleReadings;
 // In bytes. It is shorter than a line, so that a short file has a block for each reading.
 constexpr qint64 smallestBlock = 8;
 constexpr qint64 largestBlock = 16LL * 1024 * 1024;
@@ -76,6 +78,7 @@ public:
     {
         if (beginsBlock)
             beginBlock(piece.begin);
+        m_hasFewReadings = readingsOf(piece) <= fewReadings;
         auto headerPoint = piece.headers.begin();
         for (const Told &told : piece.told) {
             if (const auto *header = std::get_if<StreamHeader>(&told))
@@ -97,6 +100,17 @@ public:
     bool isComplete = true;
 
 private:
+    //! The first two readings come together, and so do those after a wrong time.
+    static constexpr int fewReadings = 16;
+
+    static int readingsOf(const Piece &piece)
+    {
+        int readings = 0;
+        for (const Told &told : piece.told)
+            if (const auto *block = std::get_if<ReadingBlock>(&told))
+                readings += block->size();
+        return readings;
+    }
     void beginBlock(const ReadPoint &point)
     {
         endBlock();
@@ -105,6 +119,13 @@ private:
         m_block.row = point.row;
         m_block.counts = point.counts;
         m_block.isEntry = point.isEntry;
+        m_block.low = kInfinity;
+        m_block.high = -kInfinity;
+    }
+    //! Begins a block in the middle of a piece.
+    void goOnWithinPiece()
+    {
+        m_block.isEntry = false;
         m_block.low = kInfinity;
         m_block.high = -kInfinity;
     }
@@ -122,12 +143,20 @@ private:
             index.countLastPart(header.kind == StreamKind::Spots);
         m_header = header;
         // What precedes the part in this block belongs to another one, so reading cannot begin here.
-        m_block.isEntry = false;
-        m_block.low = kInfinity;
-        m_block.high = -kInfinity;
+        goOnWithinPiece();
+    }
+    //! Gives a reading a block of its own behind those that came with it: a slow recording is to show each.
+    void setApart()
+    {
+        if (!m_hasFewReadings || m_block.rows == 0 || m_singleReadings >= mostSingleReadings)
+            return;
+        ++m_singleReadings;
+        endBlock();
+        goOnWithinPiece();
     }
     void addReading(double time, const double *values)
     {
+        setApart();
         if (m_any && m_gaps.isGap(time - m_lastTime))
             index.addMark(
                 {TapeMark::Kind::Gap, {index.parts() - 1, m_lastTime}, time - m_lastTime, {}});
@@ -167,6 +196,8 @@ private:
     TapeBlock m_block;
     StreamHeader m_header;
     GapWatch m_gaps;
+    bool m_hasFewReadings = false; //!< in the piece
+    int m_singleReadings = 0;
     int m_channels = 0;
     bool m_any = false;
     double m_lastTime = 0.0;
@@ -178,7 +209,7 @@ bool readAll(PieceReader &pieces, int bytesOfPiece, IndexMaker &maker, TapeIndex
 {
     constexpr int worthAThread = 64 * 1024, mostAhead = 3;
     const int ahead = bytesOfPiece >= worthAThread ? mostAhead : 0;
-    const int mostBlocks = TapeIndex::maxBlocks - TapeIndex::maxParts;
+
     OrderedWorker<Piece> worker([&pieces](Piece &piece) {
         pieces.read(piece);
     });
@@ -195,7 +226,7 @@ bool readAll(PieceReader &pieces, int bytesOfPiece, IndexMaker &maker, TapeIndex
         else
             pieces.read(piece);
         // A file that grows meanwhile has a long last block.
-        maker.add(piece, blocks < mostBlocks);
+        maker.add(piece, blocks < usualBlocks);
         more = !piece.isLast;
         indexing.progress = piece.progress;
     }

@@ -41,6 +41,11 @@ struct TapeSurvey
     QVector<Lane> lanes; //!< empty for a single recording
     //! Returns the extremes of the sums of the outlined recording in equal stretches of the tape.
     std::function<QVector<TapeIndex::Range>(int columns)> outline;
+
+    //! Returns whether there is any gap.
+    bool hasGaps() const;
+    //! Returns whether a position lies in a gap, of all recordings that lie there.
+    bool isInGap(double position) const;
 };
 
 //! What a tape shows about one of its positions.
@@ -54,6 +59,7 @@ struct TapeReadout
     qint64 number = 0;
     qint64 count = 0;
     bool isSpot = false;
+    bool isInGap = false; //!< the time is that of no reading then
 };
 
 } // namespace Monitor

@@ -99,13 +99,15 @@ TapePanel::TapePanel(std::unique_ptr<Tape> tape, QWidget *parent)
     add(addButton("tapeNoLoop", Sign::NoLoop, tr("Repeat nothing (Backspace)")), &Tape::clearLoop);
     m_position = new QLabel(this);
     m_position->setObjectName(QStringLiteral("tapePosition"));
-    m_position->setToolTip(tr("The time of the reading that is shown, as the recording has it; its "
-                              "number where the recording has no times"));
+    m_position->setToolTip(tr("The time of the reading that is shown, as the recording has it; the "
+                              "time that passes in a gap; the number of the reading where the "
+                              "recording has no times"));
     m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(m_position);
     m_timeline->setToolTip(
         tr("Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right "
-           "(with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps."));
+           "(with Shift ten times as far), Home, End, Page Up and Page Down to events and to "
+           "where gaps begin and end."));
     m_timeline->setAccessibleDescription(m_timeline->toolTip());
     connect(m_speed, QOverload<int>::of(&QComboBox::activated), this, [this](int row) {
         m_deck->setSpeed(m_speed->itemData(row).toDouble());
@@ -221,7 +223,9 @@ void TapePanel::refresh()
 //! Gives positions the room of the longest one, so that the time line keeps its width while the tape plays.
 void TapePanel::keepRoomForPositions()
 {
-    const QString last = TapeText::place(m_deck->readoutAt(m_deck->length()), m_deck->length());
+    TapeReadout longest = m_deck->readoutAt(m_deck->length());
+    longest.isInGap = m_deck->survey().hasGaps();
+    const QString last = TapeText::place(longest, m_deck->length());
     const int usual = fontMetrics().horizontalAdvance(QStringLiteral("000:00:00.000  "));
     m_position->setMinimumWidth(
         std::max(usual, fontMetrics().horizontalAdvance(last + last.left(2))));

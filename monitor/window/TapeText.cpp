@@ -98,8 +98,9 @@ double TapeText::numberStep(double length, int most)
 
 QString TapeText::place(const TapeReadout &readout, double length)
 {
+    const QString time = exactTime(readout.time, length);
     if (readout.count == 0)
-        return exactTime(readout.time, length);
+        return readout.isInGap ? tr("gap, %1").arg(time) : time;
     const QString text = readout.isSpot ? tr("spot %1 of %2") : tr("reading %1 of %2");
     return text.arg(readout.number).arg(readout.count);
 }

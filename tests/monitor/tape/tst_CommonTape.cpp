@@ -218,6 +218,22 @@ private Q_SLOTS:
         }
     }
 
+    //! Time passes where none of the recordings has readings; it is a gap where those that lie there have one.
+    void timePassesInAGapOfAll()
+    {
+        const QByteArray withGap = recording(0, {0, 100, 200, 300, 400, 5000});
+        for (const bool others : {false, true}) {
+            const QByteArray second =
+                recording(0, others ? std::vector<int>{50, 4000} : std::vector<int>{50, 450});
+            Played played(m_dir, {withGap, second}, at(1.0));
+            played.run(3.0);
+            QVERIFY(std::abs(played.tape->position() - 3.0) < 0.03);
+            QCOMPARE(played.tape->readout().isInGap, !others);
+            played.tape->stepBackwards();
+            QCOMPARE(played.tape->position(), others ? 0.3 : 0.4);
+        }
+    }
+
     void aStretchIsRepeatedByAll()
     {
         Played played(

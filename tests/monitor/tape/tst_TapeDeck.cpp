@@ -347,6 +347,50 @@ private Q_SLOTS:
         QCOMPARE(tape.last(), 7.0);
     }
 
+    //! The first two readings come together, and so do ten behind a wrong time.
+    void aSlowRecordingHasABlockForEachReading()
+    {
+        QByteArray text = "t,a\n";
+        for (int i = 0; i < 40; ++i)
+            text +=
+                QByteArray::number(10 * (i < 20 ? i : i - 15)) + ',' + QByteArray::number(i) + '\n';
+        const QString path = m_dir.filePath("slow.csv");
+        putFile(path, text);
+        const TapeIndex index = indexOf(path);
+        QCOMPARE(index.rows(), qint64(40));
+        QCOMPARE(int(index.blocks().size()), 40);
+        int bars = 0;
+        for (const TapeIndex::Range &range : index.outline(4000)) {
+            QVERIFY(range.low >= range.high); // one reading, or none
+            bars += range.low == range.high;
+        }
+        QCOMPARE(bars, 40);
+    }
+
+    //! In a gap the position goes on, and says that it lies in one; the reading that is shown stays.
+    void timePassesInAGap()
+    {
+        Deck tape(m_path);
+        tape.go({0, 29.99});
+        QVERIFY(!tape.deck.readout().isInGap);
+        tape.deck.play();
+        tape.clock.advance(2.0);
+        QCOMPARE(tape.last(), 29.99);
+        QVERIFY(std::abs(tape.deck.position() - 31.99) < 0.03);
+        QVERIFY(std::abs(tape.deck.readout().time - 31.99) < 0.03 && tape.deck.readout().isInGap);
+        tape.deck.pause();
+        tape.clock.advance(9.0);
+        QVERIFY(std::abs(tape.deck.position() - 31.99) < 0.03);
+        tape.deck.stepBackwards();
+        tape.clock.advance(0.02);
+        QCOMPARE(tape.last(), 29.98);
+        tape.go({0, 33.0}); // the position stays where it was put
+        QCOMPARE(tape.deck.position(), 33.0);
+        tape.deck.play();
+        tape.clock.advance(2.1);
+        QVERIFY(std::abs(tape.last() - 35.1) < 0.03 && !tape.deck.readout().isInGap);
+    }
+
     void repeatsAStretch_data()
     {
         columns<double, double, double>("from", "to", "speed");
@@ -426,6 +470,11 @@ private Q_SLOTS:
         tape.deck.seekNextMark();
         QCOMPARE(tape.deck.spot().time, 19.99);
         tape.deck.seekNextMark();
+        QCOMPARE(tape.deck.spot().time, 29.99);
+        tape.deck.seekNextMark(); // the end of the gap
+        tape.clock.advance(0.02);
+        QCOMPARE(tape.last(), 35.0);
+        tape.deck.seekFormerMark();
         QCOMPARE(tape.deck.spot().time, 29.99);
         tape.deck.seekFormerMark();
         QCOMPARE(tape.deck.spot().time, 19.99);

@@ -392,7 +392,8 @@ public:
         side, also when one of the models has no more samples. */
     void setTimeEnd(double end);
     bool isCursorEnabled() const; //!< Returns whether a line follows the pointer.
-    //! Sets whether a line follows the pointer, with a box that lists the time and the readings of the nearest sample.
+    /*! Sets whether a line follows the pointer, with a box that lists the time and the readings of the nearest sample. A marker
+        is then placed on that sample, and otherwise on the first one from the pointer on. */
     void setCursorEnabled(bool enabled);
     //! Returns whether the label of the second marker also shows difference, extremes, integral and slope.
     bool hasMarkerDetails() const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // How a host and a user move in the chart of a scope plot view, and read it.
 #include "corvale_qt/numerics/ClampedInt_p.h"
+#include "corvale_qt/scope/HoverReading_p.h"
 #include "corvale_qt/scope/MarkerReport_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
@@ -225,8 +226,20 @@ void RVXScopePlotViewPrivate::select(int marker, const QPointF &position)
 {
     if (!markersEnabled)
         return;
-    context.markers.place(marker, position);
+    QPointF place = position;
+    // A marker stands on the sample that the cursor reads there, which may be the one before the pointer.
+    if (navigation->isCursorEnabled())
+        place.setX(xOfReadingAt(position.x()));
+    context.markers.place(marker, place);
     q_ptr->RequestReplotRefresh();
+}
+
+//! Returns the x of what the cursor reads at a place; the place itself if it reads nothing in the picture.
+double RVXScopePlotViewPrivate::xOfReadingAt(double x) const
+{
+    const HoverReading reading = currentMode().readingAt(x);
+    const bool isShown = plot->axisInterval(QwtPlot::xBottom).contains(reading.x);
+    return reading.place.isEmpty() || !isShown ? x : reading.x;
 }
 
 bool RVXScopePlotViewPrivate::markerKeyPressed(int key, int steps)

@@ -121,6 +121,7 @@ public:
     void takeNewSelection(QItemSelectionModel *selection);
     void showFocus(bool focused);
     void select(int marker, const QPointF &position);
+    double xOfReadingAt(double x) const;
     void followSelection(int row, int channel);
     //! Moves or removes the marker placed last. Returns false if there is none or the key means something else.
     bool markerKeyPressed(int key, int steps);

@@ -505,6 +505,14 @@ private Q_SLOTS:
         view.zoomToX(880, 920);
         view.hover(900.6, 1.0);
         QCOMPARE(read(), QString("901.00 s, left: 1 A, sum: 3 A"));
+        // A marker stands on the sample that is read, also on one before the pointer; without the cursor on the one behind.
+        view.useMarkers();
+        for (const bool reads : {true, false, true}) {
+            view.setCursorEnabled(reads);
+            view.click(Qt::LeftButton, 900.3, 1.0);
+            view.settle();
+            QCOMPARE(view.markerX(0), reads ? 900.0 : 901.0);
+        }
         // Between two samples, the nearest one lies outside of the picture, here a few pixels beside the pointer.
         view.zoomToX(900.003, 900.303);
         view.hover(900.004, 1.0);
@@ -529,6 +537,30 @@ private Q_SLOTS:
         QVERIFY(read().endsWith(", sum: 3 A"));
         view.setCursorEnabled(false);
         QCOMPARE(read(), QString());
+    }
+
+    //! Values end at the right of their column, in each column those of its own channels.
+    void theCursorHasColumns()
+    {
+        WalkedView view(12);
+        view.resize(600, 220);
+        view.setCursorEnabled(true);
+        view.hover(900.0, 1.0);
+        auto *cursor = view.canvas()->findChild<QWidget *>("hoverCursor");
+        QVERIFY(cursor && cursor->isVisible());
+        QVERIFY(cursor->height() < 12 * cursor->fontMetrics().lineSpacing());
+        const QImage box = cursor->grab().toImage();
+        const auto inkless = [&](int x) {
+            for (int y = 0; y < box.height(); ++y)
+                if (box.pixel(x, y) != box.pixel(0, 0))
+                    return false;
+            return true;
+        };
+        int right = box.width() - 1;
+        while (right > 0 && inkless(right))
+            --right;
+        const double margin = (box.width() - 1 - right) / box.devicePixelRatio();
+        QVERIFY2(margin >= 4.0 && margin <= 14.0, qPrintable(QString::number(margin)));
     }
 };
 

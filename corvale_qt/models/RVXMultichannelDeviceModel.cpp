@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 
+#include "corvale_qt/models/Acquisition_p.h"
 #include "corvale_qt/models/ChannelLimit_p.h"
 #include "corvale_qt/models/Logging_p.h"
 #include "corvale_qt/models/RVXMultichannelDeviceModel_p.h"
@@ -51,6 +52,7 @@ void RVXMultichannelDeviceModel::setChannels(const QVector<Channel> &channels)
     Q_D(RVXMultichannelDeviceModel);
     const int count = allowedChannels(channels.size());
     beginResetModel();
+    beginAcquisition(this);
     d->channels = channels.mid(0, count);
     d->removeRows(count);
     endResetModel();
@@ -70,6 +72,7 @@ void RVXMultichannelDeviceModel::exchangeChannels(const QVector<Channel> &channe
     for (int i = 0; i < count; ++i)
         from.push_back(d->isChannel(former.value(i)) ? former[i] - 1 : ChannelRings::noChannel);
     beginResetModel();
+    beginAcquisition(this);
     d->channels = channels.mid(0, count);
     d->rings.exchange(from);
     d->deviceFits.clear();

@@ -43,7 +43,7 @@ double sampleNoise(const PlotDataReader &reader, int column, int lastRow)
         largest = std::max(largest, difference);
     }
     if (found < fewest)
-        return 0.0;
+        return std::numeric_limits<double>::quiet_NaN();
     // Where a zero was subtracted, rounding errors are larger than the readings let expect. They are not noise.
     constexpr double ofLargest = 1e-9;
     for (double &difference : differences)

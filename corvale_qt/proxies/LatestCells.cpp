@@ -67,6 +67,12 @@ QVariant readingWithUnit(const QModelIndex &sample)
     return QString(text.toString() + QLatin1Char(' ') + symbol);
 }
 
+void LatestPrefixes::restart(const QAbstractItemModel *source)
+{
+    if (m_shared && !m_shared->outlastReset(source))
+        m_shared.reset();
+}
+
 QVariant LatestPrefixes::reading(const QModelIndex &sample)
 {
     const QVariant number = sample.data(RVXAbstractPlotDataModel::NumericValueRole);

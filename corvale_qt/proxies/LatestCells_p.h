@@ -29,6 +29,8 @@ class LatestPrefixes
 public:
     //! Forgets which readings they are, because the source, or what a proxy makes of it, may be another.
     void clear() { m_shared.reset(); }
+    //! Forgets them after a reset of \a source, unless its readings are still those of the same acquisition.
+    void restart(const QAbstractItemModel *source);
     //! Sets the unit that readings are shown in if their quantity has it; empty for the one that suits each.
     void setFixedUnit(const QString &symbol) { m_fixedUnit = symbol; }
     const QString &fixedUnit() const { return m_fixedUnit; }

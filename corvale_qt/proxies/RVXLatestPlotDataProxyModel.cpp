@@ -118,7 +118,7 @@ void RVXLatestPlotDataProxyModelPrivate::_q_sourceModelReset()
     if (!resetting)
         return;
     resetting = false;
-    prefixes.clear();
+    prefixes.restart(source);
     followUnits();
     q->endResetModel();
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/models/Acquisition_p.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
 #include "corvale_qt/proxies/RVXZeroingProxyModel.h"
 #include "corvale_qt/proxies/ReadingPrefixes_p.h"
@@ -43,20 +44,30 @@ std::shared_ptr<ReadingPrefixes> ReadingPrefixes::of(const QAbstractItemModel *m
 {
     static std::vector<std::weak_ptr<ReadingPrefixes>> known;
     const Readings readings = readingsOf(model);
+    const QVariant acquisition = acquisitionOf(readings.model);
     const auto isGone = [](const std::weak_ptr<ReadingPrefixes> &each) {
         return each.expired();
     };
     known.erase(std::remove_if(known.begin(), known.end(), isGone), known.end());
     for (const std::weak_ptr<ReadingPrefixes> &each : known) {
         auto found = each.lock();
-        if (found && found->m_model == readings.model && found->m_zeros == readings.zeros)
+        if (found && found->m_model == readings.model && found->m_zeros == readings.zeros
+            && found->m_acquisition == acquisition)
             return found;
     }
     auto made = std::make_shared<ReadingPrefixes>();
     made->m_model = readings.model;
     made->m_zeros = readings.zeros;
+    made->m_acquisition = acquisition;
     known.push_back(made);
     return made;
+}
+
+bool ReadingPrefixes::outlastReset(const QAbstractItemModel *model) const
+{
+    const Readings readings = readingsOf(model);
+    return m_acquisition.isValid() && m_acquisition == acquisitionOf(readings.model)
+        && m_model == readings.model && m_zeros == readings.zeros;
 }
 
 Units::SiPrefix ReadingPrefixes::follow(const PrefixedReading &newest)

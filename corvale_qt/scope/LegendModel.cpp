@@ -52,7 +52,7 @@ void LegendModel::setSource(QAbstractItemModel *source)
     };
     const auto restart = [this] {
         beginResetModel();
-        m_prefixes.clear();
+        m_prefixes.restart(m_source);
         endResetModel();
     };
     on(&Model::modelReset, restart);

@@ -204,6 +204,8 @@ bool SiPrefix::follow(double magnitude, double noise)
 bool SiPrefix::followNoise(double magnitude, double noise)
 {
     const int before = m_lastDigit;
+    if (std::isnan(noise))
+        return false;
     if (!(noise > 0.0) || !std::isfinite(noise)) {
         m_lastDigit = unknownDigit;
         return m_lastDigit != before;

@@ -48,8 +48,8 @@ public:
     QStringList symbols() const;
 
     /*! Chooses the prefix for numbers up to \a magnitude, and the last digit for their \a noise, the standard deviation; both
-        are in the given unit. Returns whether either has changed. A magnitude of 0 or not finite keeps the prefix; a noise of 0
-        or not finite means that it is not known. At least three digits are shown of the magnitude. */
+        are in the given unit. Returns whether either has changed. A magnitude of 0 or not finite keeps the prefix; a noise that
+        is NaN keeps the last digit, and one of 0 stands for the usual four digits. At least three digits are shown of the magnitude. */
     bool follow(double magnitude, double noise = 0.0);
     /*! Shows numbers in the unit \a symbol from now on; empty to follow the data again. Of several symbols with spaces in between,
         such as "nA mV", the first one of symbols() counts. Returns false and changes nothing if there is none; "u" stands for

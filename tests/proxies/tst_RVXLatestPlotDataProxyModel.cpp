@@ -421,6 +421,32 @@ private Q_SLOTS:
     }
 
     //! Rounding errors of readings without noise are not taken for noise, also where a zero was subtracted.
+    //! What was cleared and brought back has the digits that it had; another acquisition chooses them anew.
+    void digitsOutlastAClear()
+    {
+        RVXMultichannelDeviceModel model(1);
+        model.setChannels({{}});
+        const Units::A ampere;
+        model.SetUnits(&ampere);
+        Latest table(&model);
+        table.setSiPrefix(true);
+        int row = 0;
+        const auto textAfter = [&](int readings, double noise) {
+            for (int i = 0; i < readings; ++i, ++row)
+                model.appendRows({double(row)}, {5.0 + (row % 2 ? noise : -noise)});
+            return table.index(0, 1).data().toString();
+        };
+        QCOMPARE(textAfter(64, 0.003), QString("5.003 A")); // a standard deviation of 0.007
+        const QString before = textAfter(64, 0.005); // of 0.012
+        QCOMPARE(before, QString("5.005 A"));
+        const auto taken = model.takeReadings();
+        QCOMPARE(textAfter(2, 0.005), before); // two readings have no noise
+        model.putReadingsBefore(taken);
+        QCOMPARE(textAfter(0, 0.005), before);
+        model.setChannels({{}});
+        QCOMPARE(textAfter(64, 0.005), QString("5.00 A"));
+    }
+
     void roundingErrorsAreNoNoise_data()
     {
         columns<double, double, QString>("step", "zero", "text");

@@ -40,8 +40,8 @@ QString LeftOut::text() const
     const QString amount =
         numberText(sum, 6) + (unit.isEmpty() ? QString() : QLatin1Char(' ') + unit);
     const QString things = what == What::Cells
-        ? Text::countedInEnglish("%n cell(s) is/are not wired", nullptr, count)
-        : Text::countedInEnglish("%n reading(s) belong(s) to no cell", nullptr, count);
+        ? Text::counted("%n cell(s) is/are not wired", nullptr, count)
+        : Text::counted("%n reading(s) belong(s) to no cell", nullptr, count);
     return Text::tr("%1: %2 left out").arg(things, amount);
 }
 

@@ -2,6 +2,7 @@
 #include "monitor/session/Session.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 #include "monitor/nexus/NexusSegments.h"
 #include "monitor/sources/PlayClock.h"
@@ -307,7 +308,10 @@ void Session::tellLeftOut()
     if (m_leftOutTold || leftOut.count == 0)
         return;
     m_leftOutTold = true;
-    takeEvent(QStringLiteral("WARNING %1").arg(leftOut.text()));
+    const auto text = LoggedText::of([&] {
+        return leftOut.text();
+    });
+    takeEvent(QStringLiteral("WARNING %1").arg(text.logged()));
 }
 
 void Session::setShowInterval(double seconds)

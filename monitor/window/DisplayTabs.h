@@ -58,7 +58,7 @@ public:
 
 Q_SIGNALS:
     //! Emitted when what the displays leave out of the readings has changed; empty if nothing is left out.
-    void leftOutChanged(const QString &text);
+    void leftOutChanged(const Monitor::LoggedText &text);
 
 private:
     void beginStream();

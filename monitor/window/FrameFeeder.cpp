@@ -223,13 +223,15 @@ void FrameFeeder::takeValues(double time, const QVector<double> &values)
     const auto frame = Corvale_Qt::DetectorFrame::of(m_detector, values.constData(), values.size());
     const StreamHeader &header = m_model->header();
     if (!header.hasFrames()) // of frames the session tells it
-        tellLeftOut(LeftOut::of(frame, header.readingUnit()).text());
+        tellLeftOut(LoggedText::of([&] {
+            return LeftOut::of(frame, header.readingUnit()).text();
+        }));
     // The display starts with time 0 and would take a frame at 0 for one that it has seen.
     m_lastTime = time == 0.0 ? std::numeric_limits<double>::min() : time;
     m_profile->setFrame(frame, m_lastTime);
 }
 
-void FrameFeeder::tellLeftOut(const QString &text)
+void FrameFeeder::tellLeftOut(const LoggedText &text)
 {
     if (text == m_leftOut)
         return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include <corvale_qt/beam/profile/RVXPositionPlot.h>
 #include <corvale_qt/beam/profile/RVXSpectrogram.h>
 
@@ -44,13 +45,13 @@ public:
 
 Q_SIGNALS:
     /*! Emitted when what the profile leaves out of the shown frames has changed; empty if nothing is left out. */
-    void leftOutChanged(const QString &text);
+    void leftOutChanged(const Monitor::LoggedText &text);
 
 private:
     bool showsRows() const;
     void beginStream();
     void takeValues(double time, const QVector<double> &values);
-    void tellLeftOut(const QString &text);
+    void tellLeftOut(const LoggedText &text);
     void feedRows(int first, int last);
     void convertZeros();
     void readRow(int row);
@@ -74,7 +75,7 @@ private:
     QVector<double> m_baseZeros;
     QVector<double> m_zeros; //!< the same in the unit of the readings
     double m_lastTime = 0.0;
-    QString m_leftOut;
+    LoggedText m_leftOut;
     QTimer m_again;
     Corvale_Qt::SpectrogramCalc m_lastShown;
     qint64 m_lastFrame = 0; //!< number of the frame that the position was taken from

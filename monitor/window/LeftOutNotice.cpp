@@ -18,10 +18,10 @@ LeftOutNotice::LeftOutNotice(Session &session, DisplayTabs &displays, QWidget *p
 }
 
 //! Shows what the displays leave out, and tells the log when that begins.
-void LeftOutNotice::noteInDisplays(const QString &text)
+void LeftOutNotice::noteInDisplays(const LoggedText &text)
 {
-    if (m_inDisplays.isEmpty() && !text.isEmpty())
-        Q_EMIT m_session.noted(QStringLiteral("WARNING 2D profile: %1").arg(text));
+    if (m_inDisplays.shown().isEmpty() && !text.shown().isEmpty())
+        Q_EMIT m_session.noted(QStringLiteral("WARNING 2D profile: %1").arg(text.logged()));
     m_inDisplays = text;
     refresh();
 }
@@ -36,7 +36,7 @@ void LeftOutNotice::refresh()
                          nullptr,
                          columns)
                          .arg(StreamHeader::maxChannels));
-    for (const QString &text : {m_session.statistics().leftOut().text(), m_inDisplays})
+    for (const QString &text : {m_session.statistics().leftOut().text(), m_inDisplays.shown()})
         if (!text.isEmpty())
             texts.append(text);
     tell(texts.join(QStringLiteral("; ")), Kind::Trouble);

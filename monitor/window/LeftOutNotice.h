@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/window/NoticeLine.h"
 
 namespace Monitor {
@@ -18,10 +19,10 @@ public:
 
 private:
     void refresh();
-    void noteInDisplays(const QString &text);
+    void noteInDisplays(const LoggedText &text);
 
     Session &m_session;
-    QString m_inDisplays;
+    LoggedText m_inDisplays;
 };
 
 } // namespace Monitor

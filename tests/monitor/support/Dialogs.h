@@ -63,8 +63,11 @@ inline void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 class ClippedTexts
 {
 public:
-    explicit ClippedTexts(const QSize &screen)
+    //! \a faults returns what else is wrong with the texts of a part.
+    explicit ClippedTexts(const QSize &screen,
+                          std::function<QStringList(const QWidget *)> faults = {})
         : m_screen(screen)
+        , m_faults(std::move(faults))
     {
     }
 
@@ -121,6 +124,9 @@ private:
     void lookAt(const QString &place, const QWidget *part)
     {
         ++m_looked;
+        if (m_faults)
+            for (const QString &fault : m_faults(part))
+                m_lines.append(place + ": \"" + fault + '"');
         if (const auto *header = qobject_cast<const QHeaderView *>(part))
             lookAtHeader(place, header);
         else if (const auto *list = qobject_cast<const QListWidget *>(part))
@@ -187,6 +193,7 @@ private:
     }
 
     const QSize m_screen;
+    const std::function<QStringList(const QWidget *)> m_faults;
     QStringList m_lines;
     int m_looked = 0;
 };

@@ -14,6 +14,7 @@
 #include "monitor/window/StatusField.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/FocusWalk.h"
+#include "tests/monitor/support/MarkedLanguage.h"
 #include "tests/monitor/support/MenuWalk.h"
 #include "tests/monitor/support/Mnemonics.h"
 #include "tests/monitor/support/WindowInTest.h"
@@ -329,13 +330,17 @@ private Q_SLOTS:
         }
         QTest::newRow("fr") << QString("fr") << 0 << false << false;
         QTest::newRow("24 points") << QString("en") << 24 << false << false;
-        QTest::newRow("right to left") << QString("en") << 0 << true << false;
+        QTest::newRow("right to left, marked") << QString("marked") << 0 << true << false;
     }
     void nothingIsClippedOnASmallScreen()
     {
         QFETCH(int, points);
         QFETCH(bool, dark);
-        const InLanguage inLanguage(cell("language"));
+        const bool isMarked = cell("language") == "marked"; // so that an English text is found
+        const InLanguage inLanguage(isMarked ? "en" : cell("language"));
+        std::optional<MarkedLanguage> marked;
+        if (isMarked)
+            marked.emplace();
         const InPoints inPoints(points);
         const InDirection inDirection(cell<bool>("mirrored") ? Qt::RightToLeft : Qt::LeftToRight);
         // A person who reads larger text has a larger screen, as far as there are any.
@@ -344,7 +349,7 @@ private Q_SLOTS:
         WindowInTest w(file("small.xui"), screen);
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
-        ClippedTexts clipped(screen);
+        ClippedTexts clipped(screen, isMarked ? &MarkedLanguage::unmarked : nullptr);
         int dialogs = 0;
         auto *appearance = w.window.findChild<Appearance *>();
         appearance->choose(dark ? Appearance::Choice::Dark : Appearance::Choice::Light);
@@ -401,6 +406,9 @@ private Q_SLOTS:
                  qPrintable(clipped.text()));
         QVERIFY2(clipped.text().contains("QLabel  \"in the window\""), qPrintable(clipped.text()));
         QVERIFY(!clipped.text().contains("enough"));
+        const MarkedLanguage marked; // finds what is not translated
+        QCOMPARE(MarkedLanguage::unmarked(new QLabel("%1 of it is left", &w.window)).size(), 1);
+        QCOMPARE(MarkedLanguage::unmarked(new QLabel(Text::noThread(), &w.window)).size(), 0);
     }
 
     void everyDialogOpensAndClosesByKeys()

@@ -142,6 +142,42 @@ void drawStrokes(QPainter *painter, QWidget *widget, QWidget::RenderFlags flags)
     }
 }
 
+//! Takes away what belongs to the pointer, which no picture has, as long as it lives.
+class WithoutPointer
+{
+public:
+    explicit WithoutPointer(const QWidget *display)
+    {
+        for (const char *name : {"hoverCursor", "hoverLine"})
+            for (QWidget *part : display->findChildren<QWidget *>(QLatin1String(name)))
+                if (!part->isHidden())
+                    m_parts.append(part);
+        setShown(false);
+    }
+    ~WithoutPointer() { setShown(true); }
+    Q_DISABLE_COPY(WithoutPointer)
+
+private:
+    void setShown(bool shown)
+    {
+        for (QWidget *part : qAsConst(m_parts))
+            part->setVisible(shown);
+    }
+
+    QList<QWidget *> m_parts;
+};
+
+//! Covers the scroll bars of charts, which stand for nothing on paper.
+void coverScrollBars(QPainter *painter, QWidget *display)
+{
+    for (const RVXScopePlotView *view : viewsIn(display)) {
+        const QScrollBar *bar = view->horizontalScrollBar();
+        if (bar->isVisibleTo(display))
+            painter->fillRect(QRect(bar->mapTo(display, QPoint()), bar->size()),
+                              display->palette().window());
+    }
+}
+
 /*! Has plots draw their curves while it lives, where they would copy the pixels of the screen: pages and drawings then have lines,
     which stay sharp at any size. */
 class DrawnCurves
@@ -339,6 +375,7 @@ void DisplayPicture::paint(QPainter *painter) const
     const QSize whole = size();
     const BorrowedColors colors(d->display, d->colors);
     const DrawnCurves curves(d->display, *painter);
+    const WithoutPointer withoutPointer(d->display);
     const QPalette palette = d->display->palette();
     painter->save();
     if (whole != d->display->size())
@@ -350,6 +387,7 @@ void DisplayPicture::paint(QPainter *painter) const
         d->display->render(painter);
     else
         drawStrokes(painter, d->display, QWidget::DrawWindowBackground);
+    coverScrollBars(painter, d->display);
     painter->translate(0, -d->headingHeight());
     int y = d->headingHeight() + d->display->height() + pictureMargin;
     for (const auto &legend : d->legends()) {

@@ -84,6 +84,7 @@ public:
     explicit HoverLine(QWidget *canvas)
         : QWidget(canvas)
     {
+        setObjectName(QStringLiteral("hoverLine"));
         prepare(this);
     }
 

@@ -17,13 +17,25 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Monitor {
+
+namespace {
+
+//! Returns the shortest text that reads back as the same number.
+QString allDigits(double number)
+{
+    return QString::number(number, 'g', QLocale::FloatingPointShortest);
+}
+
+} // namespace
 
 LatestValuePanel::LatestValuePanel(Session &session, QWidget *parent)
     : QWidget(parent)
@@ -105,10 +117,21 @@ void LatestValuePanel::follow(Baseline *baseline)
 
 void LatestValuePanel::copyValues() const
 {
+    const MultichannelDeviceModel &model = m_session.model();
+    const int last = model.rowCount() - 1;
     QStringList lines;
-    for (int row = 0; row < m_marks->rowCount(); ++row)
-        lines.append(m_marks->index(row, 0).data().toString() + QLatin1Char('\t')
-                     + m_marks->index(row, 1).data().toString());
+    if (last > 0 && model.header().hasTimes)
+        lines.append(QStringLiteral("time\t%1\ts").arg(allDigits(model.doubleData(last, 0))));
+    for (int row = 0; row < m_marks->rowCount(); ++row) {
+        const QModelIndex value = m_marks->index(row, 1);
+        const double number =
+            value.data(Corvale_Qt::RVXAbstractPlotDataModel::NumericValueRole).toDouble();
+        const QString unit = model.header().channels.value(row).unit;
+        const bool isReading = last > 0 && std::isfinite(number);
+        lines.append(
+            m_marks->index(row, 0).data().toString() + QLatin1Char('\t')
+            + (isReading ? allDigits(number) + QLatin1Char('\t') + unit : value.data().toString()));
+    }
     QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 

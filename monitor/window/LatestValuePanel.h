@@ -31,7 +31,7 @@ public:
     explicit LatestValuePanel(Session &session, QWidget *parent = nullptr);
     //! Returns the table of names and newest values, as it is shown.
     QAbstractItemModel *values() const;
-    //! Copies the table as lines of text: name and value with its unit, separated by a tab.
+    //! Copies the time, if there is one, and the values with all digits: lines of name, number and unit with tabs in between.
     void copyValues() const;
     //! Shows values in a unit if their quantity has it; in the one that suits each value if the symbol is empty.
     void setValueUnit(const QString &symbol);

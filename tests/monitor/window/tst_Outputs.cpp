@@ -8,6 +8,7 @@
 #include "tests/monitor/support/ReadTable.h"
 #include "tests/monitor/support/WindowInTest.h"
 #include "tests/support/Files.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/PaintCounter.h"
 #include "tests/support/TestMain.h"
 #include <corvale_qt/scope/RVXScopePlotView.h>
@@ -75,6 +76,36 @@ private Q_SLOTS:
         }
         QVERIFY(!PictureExport::save(picture, file("v.tiff"), &error));
         QVERIFY(error.contains(".png, .svg or .pdf"));
+        // What stands at the pointer is not on it.
+        const DisplayPicture plot(w.view());
+        const auto painted = [&] {
+            QImage image(plot.size(), QImage::Format_RGB32);
+            QPainter painter(&image);
+            plot.paint(&painter);
+            return image;
+        };
+        const QImage before = painted();
+        auto *canvas = w.view()->findChild<QwtPlot *>()->canvas();
+        moveMouse(canvas, canvas->rect().center());
+        const auto *box = canvas->findChild<QWidget *>("hoverCursor");
+        QVERIFY(box->isVisible());
+        QCOMPARE(painted(), before);
+        QVERIFY(box->isVisible());
+    }
+
+    //! As they were taken, while the table shows three digits of them.
+    void valuesAreCopiedWithAllDigits()
+    {
+        OutputInTest w(file("values.xui"));
+        const auto copied = [&] {
+            w.trigger("copyValues");
+            return QGuiApplication::clipboard()->text();
+        };
+        w.source->begin(StreamKind::Channels, 2, "nA");
+        QCOMPARE(copied().count("\tN/A"), 2);
+        w.source->give(1.25, {0.1234567890123, NAN});
+        w.settle();
+        QCOMPARE(copied(), QString("time\t1.25\ts\nch1\t0.1234567890123\tnA\nch2\t"));
     }
 
     //! A page is made of lines and letters: as an image with all the dots of a printer it would take a second and 500 MB.

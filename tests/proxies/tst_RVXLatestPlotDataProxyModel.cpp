@@ -420,7 +420,6 @@ private Q_SLOTS:
         QCOMPARE(proxy.rowCount(), 1);
     }
 
-    //! Rounding errors of readings without noise are not taken for noise, also where a zero was subtracted.
     //! What was cleared and brought back has the digits that it had; another acquisition chooses them anew.
     void digitsOutlastAClear()
     {
@@ -447,6 +446,7 @@ private Q_SLOTS:
         QCOMPARE(textAfter(64, 0.005), QString("5.00 A"));
     }
 
+    //! Rounding errors of readings without noise are not taken for noise, also where a zero was subtracted.
     void roundingErrorsAreNoNoise_data()
     {
         columns<double, double, QString>("step", "zero", "text");

@@ -263,7 +263,8 @@ public:
     ValueRange rightRange() const;
     //! Returns the range that was set for the right axis, also while that is hidden or in another unit; empty if none is.
     std::optional<ValueRange> givenRightRange() const;
-    //! Returns the range of the left axis in the unit of its channels: range(), or what is shown while that is in another unit.
+    /*! Returns the range of the left axis in the unit of its channels: the range() that was set, otherwise what is shown, also while
+        that range is in another unit. */
     std::pair<double, double> leftRange() const;
     //! Returns the unit of a range() that was set; empty if it is not known, as without a second axis.
     std::optional<QString> rangeUnit() const;

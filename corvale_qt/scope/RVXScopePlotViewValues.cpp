@@ -127,7 +127,7 @@ std::optional<ValueRange> RVXScopePlotView::givenRightRange() const
 std::pair<double, double> RVXScopePlotView::leftRange() const
 {
     Q_D(const RVXScopePlotView);
-    if (d->context.isRangeInShownUnit())
+    if (d->context.yScale.isRangeGiven && d->context.isRangeInShownUnit())
         return range();
     const QwtInterval shown = d->plot->axisInterval(QwtPlot::yLeft);
     return {shown.minValue(), shown.maxValue()};

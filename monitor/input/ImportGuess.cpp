@@ -151,6 +151,7 @@ Reading bestReading(const std::vector<Line> &lines)
                               {';', true},
                               {'\t', false},
                               {'\t', true},
+                              {'|', false},
                               {'|', true},
                               {',', false},
                               {' ', true}};

@@ -14,6 +14,7 @@
 #include "monitor/session/Companions.h"
 #include "monitor/sources/NoSource.h"
 #include "monitor/sources/SourceFactory.h"
+#include "monitor/window/Appearance.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/KeptCompanions.h"
 #include "monitor/window/KeptOptions.h"
@@ -28,6 +29,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -59,10 +61,21 @@ QString WindowRun::settingsFile() const
 
 bool WindowRun::prepare()
 {
-    if (!openPublications() || !openSession())
+    if (!openPublications() || !openDressed())
         return false;
     openWindow();
     return true;
+}
+
+//! Opens the session; what is asked before there is a window looks as the window will.
+bool WindowRun::openDressed()
+{
+    if (isPicture())
+        return openSession();
+    WindowSettings settings(settingsFile());
+    QMenu unseen;
+    const Appearance appearance(settings, &unseen, nullptr);
+    return openSession();
 }
 
 /*! Chooses what is opened and how: the kept settings, and what the command line says instead. A picture is the same for

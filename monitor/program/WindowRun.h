@@ -47,6 +47,7 @@ private:
 
     bool isPicture() const { return m_commandLine.task == CommandLine::Task::Screenshot; }
     void chooseOptions();
+    bool openDressed();
     bool openSession();
     bool openPlan();
     bool openRecording();

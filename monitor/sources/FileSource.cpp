@@ -36,8 +36,10 @@ QString FileSource::description() const
 
 QString FileSource::remedy() const
 {
-    return tr("Check the path and whether this user may read the file; a table has one line of "
-              "names and one line for each time.");
+    return QFileInfo(m_path).isReadable()
+        ? tr("The file must be a recording, a table with one line of names and one line for each "
+             "time, or HDF5.")
+        : tr("Check the path and whether this user may read the file.");
 }
 
 QString FileSource::emptyReason() const

@@ -2,12 +2,13 @@
 #include "monitor/window/Appearance.h"
 
 #include "monitor/dialogs/QuietColor.h"
+#include "monitor/window/Symbols.h"
 #include "monitor/window/WindowSettings.h"
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QMenu>
-#include <QStyle>
+#include <QProxyStyle>
 #include <QStyleFactory>
 
 namespace Monitor {
@@ -20,6 +21,49 @@ const QStringList names = {QStringLiteral("desktop"),
                            QStringLiteral("dark")};
 //! The style whose colours follow any palette.
 const QString plainStyle = QStringLiteral("fusion");
+
+//! The plain style with the program's icons instead of Qt's own pictures: none on the buttons of dialogs, symbols on those of docks.
+class PlainStyle : public QProxyStyle
+{
+public:
+    PlainStyle()
+        : QProxyStyle(plainStyle)
+    {
+        setObjectName(plainStyle);
+    }
+    int styleHint(StyleHint hint,
+                  const QStyleOption *option,
+                  const QWidget *widget,
+                  QStyleHintReturn *more) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+            ? 0
+            : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+    QIcon standardIcon(StandardPixmap picture,
+                       const QStyleOption *option,
+                       const QWidget *widget) const override
+    {
+        return picture == SP_TitleBarCloseButton ? symbol(QStringLiteral("close"))
+            : picture == SP_TitleBarNormalButton
+            ? symbol(QStringLiteral("float"))
+            : QProxyStyle::standardIcon(picture, option, widget);
+    }
+};
+
+void setStyle(const QString &name)
+{
+    const QStyle *present = QApplication::style();
+    const bool isPlain = name == plainStyle;
+    const bool isSet = isPlain ? dynamic_cast<const PlainStyle *>(present) != nullptr
+                               : present->objectName() == name;
+    if (isSet || !QStyleFactory::keys().contains(name, Qt::CaseInsensitive))
+        return;
+    if (isPlain)
+        QApplication::setStyle(new PlainStyle);
+    else
+        QApplication::setStyle(name);
+}
 
 QPalette lightPalette()
 {
@@ -108,10 +152,7 @@ void Appearance::choose(Choice choice)
 
 void Appearance::apply()
 {
-    const QString style = m_choice == Choice::Desktop ? m_desktopStyle : plainStyle;
-    if (QApplication::style()->objectName() != style
-        && QStyleFactory::keys().contains(style, Qt::CaseInsensitive))
-        QApplication::setStyle(style);
+    setStyle(m_choice == Choice::Desktop ? m_desktopStyle : plainStyle);
     QApplication::setPalette(m_choice == Choice::Light      ? lightPalette()
                                  : m_choice == Choice::Dark ? darkPalette()
                                                             : readable(m_desktopPalette));

@@ -95,6 +95,7 @@ private Q_SLOTS:
             semicolons and decimal commas || time;left (nA);right [nA]\n0;1,25;2,5\n0,5;1,5;\n
                 || separated by semicolons and its numbers have a decimal comma || delimiter=semicolon,decimal=comma
                 || > left:nA right:nA | 0: 1.25 2.5 | 0.5: 1.5 -
+            bars || t|a\n0|1\n1|2\n || separated by bars || delimiter=bar || > a | 0: 1 | 1: 2
             semicolons alone || t;a\n0;1\n1;2\n || separated by semicolons || delimiter=semicolon || > a | 0: 1 | 1: 2
             dates with a zone || when,a\n2026-03-01T12:00:00.250Z,1\n2026-03-01T13:00:00.750123+01:00,2\n || times are dates
                 || clock=utc || > a | 0.25: 1 | 0.750123: 2

@@ -41,6 +41,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QSplitter>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -79,6 +80,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     readBeside();
     restoreLayout();
     restoreTimeSpan();
+    followDisplay();
     connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
     connect(&session, &Session::sourceReplaced, this, &MonitorWindow::showTitle);
     new FocusRing(this);
@@ -253,15 +255,36 @@ void MonitorWindow::restoreDisplay(const StreamHeader &header)
     m_displays->restoreWindows(m_settings.windows(header.kind));
 }
 
+//! Keeps which display is in front, so that the next part or source of the same kind shows it as well.
+void MonitorWindow::followDisplay()
+{
+    auto *settled =
+        new QTimer(this); // a stream that starts puts its own displays in front of each other first
+    settled->setSingleShot(true);
+    settled->setInterval(0);
+    connect(settled, &QTimer::timeout, this, &MonitorWindow::saveDisplay);
+    const auto wait = [settled] {
+        settled->start();
+    };
+    connect(m_displays, &QTabWidget::currentChanged, settled, wait);
+    connect(m_displays->scope(), &Corvale_Qt::RVXScope::plotModeChanged, settled, wait);
+}
+
+void MonitorWindow::saveDisplay()
+{
+    const StreamHeader &header = m_session.model().header();
+    if (!header.channels.isEmpty())
+        m_settings.setDisplay(header.kind, m_displays->currentDisplay());
+}
+
 void MonitorWindow::saveLayout()
 {
     m_settings.setLayout(saveGeometry(), saveState());
     m_plotRoom->save(m_settings);
+    saveDisplay();
     const StreamHeader &header = m_session.model().header();
-    if (header.channels.isEmpty())
-        return;
-    m_settings.setDisplay(header.kind, m_displays->currentDisplay());
-    m_settings.setWindows(header.kind, m_displays->windows());
+    if (!header.channels.isEmpty())
+        m_settings.setWindows(header.kind, m_displays->windows());
 }
 
 void MonitorWindow::closeEvent(QCloseEvent *event)

@@ -60,6 +60,8 @@ private:
     void restoreTimeSpan();
     void restoreLayout();
     void restoreDisplay(const StreamHeader &header);
+    void followDisplay();
+    void saveDisplay();
     void saveLayout();
 
     Session &m_session;

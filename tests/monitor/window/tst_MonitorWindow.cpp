@@ -364,6 +364,11 @@ private Q_SLOTS:
             QVERIFY(!window.findChild<QDockWidget *>("statistics")->isVisible());
             QVERIFY(window.findChild<QDockWidget *>("log")->isVisible());
             QCOMPARE(window.displays().currentDisplay(), QString("position"));
+            // What is chosen meanwhile outlasts a source that begins again.
+            window.displays().showDisplay("histogram");
+            QCoreApplication::processEvents();
+            s.source->begin(StreamKind::Strips, 64);
+            QCOMPARE(window.displays().currentDisplay(), QString("histogram"));
         }
     }
 

@@ -4,7 +4,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <vector>
+#include <utility>
 
 namespace Corvale_Qt {
 
@@ -13,67 +13,9 @@ namespace {
 //! With fewer ranges, comparing each with each costs nothing.
 constexpr std::size_t fewRanges = 64;
 
-//! Neighbouring rows, from the first to the last.
-struct Span
+RowSpans spansOf(const QVector<int> &rows)
 {
-    int first;
-    int last;
-};
-using Spans = std::vector<Span>;
-
-//! The rows of a model under a parent, of which all columns up to the last one are selected.
-struct Table
-{
-    const QAbstractItemModel &model;
-    QModelIndex parent;
-    int lastColumn = 0;
-
-    QItemSelectionRange rangeOf(const Span &span) const
-    {
-        return QItemSelectionRange(model.index(span.first, 0, parent),
-                                   model.index(span.last, lastColumn, parent));
-    }
-
-    QItemSelection selectionOf(const Spans &spans) const
-    {
-        QItemSelection selection;
-        selection.reserve(int(spans.size()));
-        for (const Span &span : spans)
-            selection.append(rangeOf(span));
-        return selection;
-    }
-
-    bool isWhole(const QItemSelectionRange &range) const
-    {
-        // To ask a model for an index costs less than to ask it for a parent.
-        return range.left() == 0 && range.right() == lastColumn
-            && range.topLeft() == model.index(range.top(), 0, parent);
-    }
-};
-
-//! What was selected before: ranges that rise, and their rows.
-struct Selected
-{
-    explicit Selected(const QItemSelection &selection)
-        : ranges(selection)
-    {
-        const auto isBefore = [](const auto &one, const auto &other) {
-            return one.top() < other.top();
-        };
-        if (!std::is_sorted(ranges.cbegin(), ranges.cend(), isBefore))
-            std::sort(ranges.begin(), ranges.end(), isBefore);
-        rows.reserve(std::size_t(ranges.size()));
-        for (const QItemSelectionRange &range : qAsConst(ranges))
-            rows.push_back({range.top(), range.bottom()});
-    }
-
-    QItemSelection ranges;
-    Spans rows;
-};
-
-Spans spansOf(const QVector<int> &rows)
-{
-    Spans spans;
+    RowSpans spans;
     for (const int row : rows) {
         if (!spans.empty() && spans.back().last + 1 == row)
             spans.back().last = row;
@@ -84,11 +26,11 @@ Spans spansOf(const QVector<int> &rows)
 }
 
 //! Returns the rows of \a all that are not among \a others. Both rise.
-Spans without(const Spans &all, const Spans &others)
+RowSpans without(const RowSpans &all, const RowSpans &others)
 {
-    Spans left;
+    RowSpans left;
     auto other = others.begin();
-    for (Span span : all) {
+    for (RowSpan span : all) {
         while (other != others.end() && other->last < span.first)
             ++other;
         for (auto next = other; next != others.end() && next->first <= span.last; ++next) {
@@ -102,74 +44,182 @@ Spans without(const Spans &all, const Spans &others)
     return left;
 }
 
-/*! Returns the selection of rows that rise. Ranges that were selected before are taken from there, since their indexes need not be
-    looked up among those that the model keeps up to date. */
-QItemSelection selectionOf(const Spans &rows, const Table &table, const Selected &before)
+bool isBefore(const QItemSelectionRange &one, const QItemSelectionRange &other)
 {
-    QItemSelection selection;
-    selection.reserve(int(rows.size()));
-    std::size_t next = 0;
-    for (const Span &span : rows) {
-        while (next < before.rows.size() && before.rows[next].first < span.first)
-            ++next;
-        const bool isKnown = next < before.rows.size() && before.rows[next].first == span.first
-            && before.rows[next].last == span.last;
-        selection.append(isKnown ? before.ranges.at(int(next)) : table.rangeOf(span));
-    }
-    return selection;
+    return one.top() < other.top();
 }
 
-//! Replaces \a before, what is selected, by \a rows and emits the difference as the selection model would.
-void replace(QItemSelectionModel &selection,
-             const Table &table,
-             const Selected &before,
-             const Spans &rows,
-             QItemSelectionModel::SelectionFlags command)
+bool isSame(const RowSpan &one, const RowSpan &other)
 {
-    const QItemSelection chosen = selectionOf(rows, table, before);
-    {
-        // Cleared first, there is nothing that the selection model could compare the rows with.
-        const QSignalBlocker quiet(&selection);
-        selection.select(QItemSelection(), QItemSelectionModel::Clear);
-        command.setFlag(QItemSelectionModel::Clear, false);
-        selection.select(chosen, command);
-    }
-    // What is selected now is known: asking for it would copy thousands of ranges several times.
-    const bool selects = command & (QItemSelectionModel::Select | QItemSelectionModel::Toggle)
-        && !command.testFlag(QItemSelectionModel::Deselect);
-    const Spans now = selects ? rows : Spans();
-    const Spans added = without(now, before.rows), removed = without(before.rows, now);
-    if (!added.empty() || !removed.empty())
-        Q_EMIT selection.selectionChanged(table.selectionOf(added), table.selectionOf(removed));
+    return one.first == other.first && one.last == other.last;
 }
 
 } // namespace
 
-void selectRows(QItemSelectionModel &selection,
-                const QModelIndex &parent,
-                const QVector<int> &rows,
-                QItemSelectionModel::SelectionFlags command)
+//! The rows of a model under a parent, of which all columns up to the last one are selected.
+struct RowSelection::Table
+{
+    const QAbstractItemModel &model;
+    QModelIndex parent;
+    int lastColumn = 0;
+
+    QItemSelectionRange rangeOf(const RowSpan &span) const
+    {
+        return QItemSelectionRange(model.index(span.first, 0, parent),
+                                   model.index(span.last, lastColumn, parent));
+    }
+
+    QItemSelection selectionOf(const RowSpans &spans) const
+    {
+        QItemSelection selection;
+        selection.reserve(int(spans.size()));
+        for (const RowSpan &span : spans)
+            selection.append(rangeOf(span));
+        return selection;
+    }
+
+    //! Returns whether a range lies under the parent. To ask a model for an index costs less than to ask it for a parent.
+    bool holds(const QItemSelectionRange &range) const
+    {
+        return range.topLeft() == model.index(range.top(), range.left(), parent);
+    }
+
+    bool isWhole(const QItemSelectionRange &range) const
+    {
+        return range.left() == 0 && range.right() == lastColumn;
+    }
+
+    /*! Makes \a ranges, those of the rows \a from, those of the rows \a to. What is in both stays where it is, since its indexes need
+        not be looked up among those that the model keeps up to date. */
+    void change(QItemSelection &ranges, const RowSpans &from, const RowSpans &to) const
+    {
+        QItemSelection added;
+        auto wanted = to.begin();
+        auto range = ranges.begin(), kept = range;
+        for (const RowSpan &span : from) {
+            for (; wanted != to.end() && wanted->first < span.first; ++wanted)
+                added.append(rangeOf(*wanted));
+            if (wanted != to.end() && isSame(*wanted, span)) {
+                ++wanted;
+                if (kept != range)
+                    *kept = std::move(*range);
+                ++kept;
+            }
+            ++range;
+        }
+        for (; wanted != to.end(); ++wanted)
+            added.append(rangeOf(*wanted));
+        const auto before = kept - ranges.begin();
+        ranges.erase(kept, ranges.end());
+        ranges += added;
+        std::inplace_merge(ranges.begin(), ranges.begin() + before, ranges.end(), isBefore);
+    }
+};
+
+void RowSelection::select(QItemSelectionModel &selection,
+                          const QModelIndex &parent,
+                          const QVector<int> &rows,
+                          QItemSelectionModel::SelectionFlags command)
 {
     const QAbstractItemModel &model = *selection.model();
     const bool wholeRows = command.testFlag(QItemSelectionModel::Rows);
     const Table table{model, parent, wholeRows ? model.columnCount(parent) - 1 : 0};
-    const Spans chosen = spansOf(rows);
+    const RowSpans chosen = spansOf(rows);
     // The selection model would make rows of these ranges again, and compare each with each.
     command.setFlag(QItemSelectionModel::Rows, false);
     // A class derived from it may have signals of its own.
     const bool isPlain = selection.metaObject() == &QItemSelectionModel::staticMetaObject;
     if (isPlain && wholeRows && chosen.size() > fewRanges
         && command.testFlag(QItemSelectionModel::Clear)) {
-        const QItemSelection before = selection.selection();
-        const bool areRows = std::all_of(before.begin(), before.end(), [&](const auto &range) {
-            return table.isWhole(range);
-        });
-        if (areRows) {
-            replace(selection, table, Selected(before), chosen, command);
+        if (!isKnown(selection, parent))
+            read(selection, table);
+        if (std::size_t(m_ranges.size()) == m_rows.size() && table.lastColumn == m_lastColumn) {
+            replace(selection, table, chosen, command);
             return;
         }
     }
     selection.select(table.selectionOf(chosen), command);
+}
+
+void RowSelection::replace(QItemSelectionModel &selection,
+                           const Table &table,
+                           const RowSpans &rows,
+                           QItemSelectionModel::SelectionFlags command)
+{
+    const bool selects = command & (QItemSelectionModel::Select | QItemSelectionModel::Toggle)
+        && !command.testFlag(QItemSelectionModel::Deselect);
+    const RowSpans before = std::exchange(m_rows, selects ? rows : RowSpans());
+    {
+        // Cleared first, there is nothing that the selection model could compare the rows with, and it shares none of the ranges.
+        const QSignalBlocker quiet(&selection);
+        selection.select(QItemSelection(), QItemSelectionModel::Clear);
+        table.change(m_ranges, before, rows);
+        command.setFlag(QItemSelectionModel::Clear, false);
+        selection.select(m_ranges, command);
+    }
+    if (!selects)
+        m_ranges.clear();
+    // What is selected now is known: asking for it would copy thousands of ranges several times.
+    const RowSpans added = without(m_rows, before), removed = without(before, m_rows);
+    if (added.empty() && removed.empty())
+        return;
+    const QItemSelection selected = table.selectionOf(added);
+    m_announced = &selected;
+    Q_EMIT selection.selectionChanged(selected, table.selectionOf(removed));
+}
+
+const RowSpans &RowSelection::rows(const QItemSelectionModel &selection, const QModelIndex &parent)
+{
+    const QAbstractItemModel *model = selection.model();
+    if (!model) // deleted
+        forget();
+    else if (!isKnown(selection, parent))
+        read(selection, {*model, parent, model->columnCount(parent) - 1});
+    return m_rows;
+}
+
+void RowSelection::selectionChanged(const QItemSelection &selected)
+{
+    // What a host selects while it is told of rows is told before, after or within that.
+    if (&selected != std::exchange(m_announced, nullptr))
+        forget();
+}
+
+void RowSelection::forget()
+{
+    m_isKnown = false;
+    m_rows.clear();
+    m_ranges.clear();
+}
+
+bool RowSelection::isKnown(const QItemSelectionModel &selection, const QModelIndex &parent) const
+{
+    // While a model removes rows, what is read is that of before.
+    return m_isKnown && m_rowCount == selection.model()->rowCount(parent);
+}
+
+void RowSelection::read(const QItemSelectionModel &selection, const Table &table)
+{
+    forget();
+    QItemSelection ranges = selection.selection();
+    if (!std::is_sorted(ranges.cbegin(), ranges.cend(), isBefore))
+        std::sort(ranges.begin(), ranges.end(), isBefore);
+    bool areWhole = true;
+    for (const QItemSelectionRange &range : qAsConst(ranges)) {
+        const bool isHeld = table.holds(range);
+        areWhole = areWhole && isHeld && table.isWhole(range);
+        if (!isHeld)
+            continue;
+        if (m_rows.empty() || m_rows.back().last < range.top())
+            m_rows.push_back({range.top(), range.bottom()});
+        else // other columns of the same rows
+            m_rows.back().last = std::max(m_rows.back().last, range.bottom());
+    }
+    if (areWhole)
+        m_ranges = ranges;
+    m_isKnown = true;
+    m_rowCount = table.model.rowCount(table.parent);
+    m_lastColumn = table.lastColumn;
 }
 
 } // namespace Corvale_Qt

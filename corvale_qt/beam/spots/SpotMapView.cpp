@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotMapView.h"
 
-#include "corvale_qt/beam/spots/RowSelection_p.h"
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotMapView_p.h"
 
@@ -177,6 +176,7 @@ void SpotMapView::rowsInserted(const QModelIndex &parent, int start, int end)
     QAbstractItemView::rowsInserted(parent, start, end);
     if (parent != rootIndex())
         return;
+    d->selected.forget();
     if (start <= d->spots.size())
         d->spots.insert(start, d->dataForRows(parent, start, end));
     if (d->inStep())
@@ -191,6 +191,7 @@ void SpotMapView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
     if (parent != rootIndex() || start < 0)
         return;
+    d->selected.forget();
     d->spots.remove(start, qMin(end + 1, d->spots.size()) - start);
     d->spotsChanged();
 }
@@ -302,11 +303,13 @@ void SpotMapView::setSelection(const QRect &rect, QItemSelectionModel::Selection
         rows = d->hitTest().rowsIn(rect.normalized());
     }
     if (model() && selectionModel())
-        selectRows(*selectionModel(), rootIndex(), rows, command);
+        d->selected.select(*selectionModel(), rootIndex(), rows, command);
 }
 
-void SpotMapView::selectionChanged(const QItemSelection &, const QItemSelection &)
+void SpotMapView::selectionChanged(const QItemSelection &selected, const QItemSelection &)
 {
+    Q_D(SpotMapView);
+    d->selected.selectionChanged(selected);
     // The base class would unite the rectangles of thousands of spots, which takes longer than drawing all of the picture.
     viewport()->update();
 }

@@ -67,6 +67,7 @@ void SpotMapViewPrivate::loadModel()
 {
     Q_Q(SpotMapView);
     const int rows = q->model() ? q->model()->rowCount(q->rootIndex()) : 0;
+    selected.forget();
     spots.assign(dataForRows(q->rootIndex(), 0, rows - 1));
     spotsChanged();
 }
@@ -205,17 +206,17 @@ QImage SpotMapViewPrivate::pathImage()
     return path.image();
 }
 
-void SpotMapViewPrivate::drawSelection(QPainter &painter) const
+void SpotMapViewPrivate::drawSelection(QPainter &painter)
 {
-    Q_Q(const SpotMapView);
+    Q_Q(SpotMapView);
     if (!q->selectionModel() || !q->selectionModel()->hasSelection())
         return;
     const SpotHitTest places = hitTest();
     SelectionRings rings(painter,
                          q->palette().color(QPalette::Highlight).lighter(140),
                          q->viewport()->devicePixelRatioF());
-    for (const QItemSelectionRange &range : q->selectionModel()->selection()) {
-        for (int row = range.top(); row <= qMin(range.bottom(), spots.size() - 1); ++row) {
+    for (const RowSpan &span : selected.rows(*q->selectionModel(), q->rootIndex())) {
+        for (int row = span.first; row <= qMin(span.last, spots.size() - 1); ++row) {
             if (isDrawable(spots.at(row)))
                 rings.add(places.pixelOf(row), spots.at(row).sigma * places.pixelsPerUnit());
         }

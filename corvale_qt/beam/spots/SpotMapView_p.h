@@ -5,6 +5,7 @@
 
 #include "corvale_qt/beam/spots/MapComparison_p.h"
 #include "corvale_qt/beam/spots/QueuedNotice_p.h"
+#include "corvale_qt/beam/spots/RowSelection_p.h"
 #include "corvale_qt/beam/spots/SpotDifferences.h"
 #include "corvale_qt/beam/spots/SpotHitTest_p.h"
 #include "corvale_qt/beam/spots/SpotList_p.h"
@@ -51,7 +52,7 @@ public:
     const QImage &spotsImage();
     //! Returns the picture of the path, which lies over the spots; null if no path is shown.
     QImage pathImage();
-    void drawSelection(QPainter &painter) const;
+    void drawSelection(QPainter &painter);
     //! Writes on the picture what it cannot show.
     void drawRemarks(QPainter &painter) const;
     void recreateFBO();
@@ -71,6 +72,7 @@ public:
     std::unique_ptr<SpotMapViewColumnMapper> columnMapper;
     StructureWatcher structureWatcher;
     QRectF bounds;
+    RowSelection selected;
 
     SpotMapView::DisplayMode displayMode = SpotMapView::Data;
     QColor spotColor = Qt::white;

@@ -43,7 +43,7 @@ QStringList cellsOf(const QItemSelection &selection)
     return cells;
 }
 
-//! A selection, and what it said of each change.
+//! A selection, what it said of each change, and the rows that a view remembers.
 struct Watched
 {
     explicit Watched(QAbstractItemModel *model)
@@ -53,10 +53,31 @@ struct Watched
                          [this](const QItemSelection &selected, const QItemSelection &deselected) {
                              changes << "+" + cellsOf(selected).join(' ') + " -"
                                      + cellsOf(deselected).join(' ');
+                             rows.selectionChanged(selected);
                          });
+    }
+    //! Returns a row for each that the view remembers, as selectedRows() does.
+    QVector<int> remembered()
+    {
+        QVector<int> all;
+        for (const RowSpan &span : rows.rows(selection, QModelIndex())) {
+            for (int row = span.first; row <= span.last; ++row)
+                all << row;
+        }
+        return all;
+    }
+    QVector<int> selectedRows() const
+    {
+        QSet<int> all;
+        for (const QModelIndex &index : selection.selection().indexes())
+            all << index.row();
+        QVector<int> sorted(all.begin(), all.end());
+        std::sort(sorted.begin(), sorted.end());
+        return sorted;
     }
     Selection selection;
     QStringList changes;
+    RowSelection rows;
 };
 
 } // namespace
@@ -243,6 +264,12 @@ private Q_SLOTS:
                     rows << row;
             }
             Selection::SelectionFlags command = Selection::ClearAndSelect | Selection::Rows;
+            if (step % 13 == 12) { // the rows that were selected move
+                table.removeRow(first);
+                table.insertRow(rowsOfTable / 2);
+                ours.rows.forget();
+                ours.changes = plain.changes = QStringList();
+            }
             if (step % 5 == 3)
                 command = Selection::Toggle | Selection::Rows;
             else if (step % 5 == 4)
@@ -254,11 +281,15 @@ private Q_SLOTS:
                 same.select(table.index(row, 0), table.index(row, 0));
             // The same rows once more are no change.
             for (int again = 0; again < (step % 3 == 0 ? 2 : 1); ++again) {
-                selectRows(ours.selection, QModelIndex(), rows, command);
+                if (step % 6 == 5) // by the host
+                    ours.selection.select(same, command);
+                else
+                    ours.rows.select(ours.selection, QModelIndex(), rows, command);
                 plain.selection.select(same, command);
             }
             QCOMPARE(cellsOf(ours.selection.selection()), cellsOf(plain.selection.selection()));
             QCOMPARE(ours.changes, plain.changes);
+            QCOMPARE(ours.remembered(), ours.selectedRows());
             ours.changes.clear();
             plain.changes.clear();
         }

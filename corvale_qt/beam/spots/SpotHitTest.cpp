@@ -31,6 +31,11 @@ QPointF SpotHitTest::pixelOf(int row) const
         + QPointF(unit.x() * m_picture.width(), unit.y() * m_picture.height());
 }
 
+double SpotHitTest::radiusOf(int row) const
+{
+    return m_spots.at(row).sigma * pixelsPerUnit();
+}
+
 double SpotHitTest::pixelsPerUnit() const
 {
     return m_picture.width() / m_bounds.width();
@@ -40,7 +45,7 @@ QRect SpotHitTest::spotRect(int row, double sigmas) const
 {
     if (row < 0 || row >= m_spots.size() || !isDrawable(m_spots.at(row)) || m_bounds.isEmpty())
         return QRect();
-    const double side = 2.0 * sigmas * m_spots.at(row).sigma * pixelsPerUnit();
+    const double side = 2.0 * sigmas * radiusOf(row);
     QRectF rect(0.0, 0.0, side, side);
     rect.moveCenter(pixelOf(row));
     return makeSquare(rect.toAlignedRect());

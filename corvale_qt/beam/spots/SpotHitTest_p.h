@@ -21,8 +21,8 @@ public:
 
     //! Returns the centre of the spot in \a row. The bounds must not be empty.
     QPointF pixelOf(int row) const;
-    //! Returns the pixels for each unit of the map. The bounds must not be empty.
-    double pixelsPerUnit() const;
+    //! Returns the sigma of the spot in \a row. The bounds must not be empty.
+    double radiusOf(int row) const;
     /*! Returns the square around the spot in \a row whose half side is \a sigmas times the spot's sigma; null
         if the spot is not on the map. */
     QRect spotRect(int row, double sigmas) const;
@@ -36,6 +36,8 @@ public:
 private:
     struct MapPart;
 
+    //! Returns the pixels for each unit of the map. The bounds must not be empty.
+    double pixelsPerUnit() const;
     //! Returns the part of the map under some pixels.
     MapPart partUnder(const QRectF &pixels) const;
 

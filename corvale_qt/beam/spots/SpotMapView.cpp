@@ -360,16 +360,12 @@ void SpotMapView::paintEvent(QPaintEvent *)
     const QRect rect = d->pictureRect();
     if (!canPaintOn(viewport()) || rect.isEmpty())
         return;
-    const QImage &spots = d->spotsImage();
-    const QImage path = d->pathImage();
+    const QImage shown = d->shownImage();
     QPainter painter(viewport());
     painter.setClipRegion(QRegion(viewport()->rect()) - rect);
     painter.fillRect(viewport()->rect(), palette().color(QPalette::Window));
     painter.setClipRect(rect);
-    painter.drawImage(rect, spots, spots.rect());
-    if (!path.isNull())
-        painter.drawImage(rect, path, path.rect());
-    d->drawSelection(painter);
+    painter.drawImage(rect, shown, shown.rect());
     d->drawRemarks(painter);
 }
 

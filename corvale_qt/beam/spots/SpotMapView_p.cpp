@@ -2,7 +2,6 @@
 #include "corvale_qt/beam/spots/SpotMapView_p.h"
 
 #include "corvale_qt/beam/spots/Logging_p.h"
-#include "corvale_qt/beam/spots/SelectionRings_p.h"
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 
 #include <QCoreApplication>
@@ -206,22 +205,27 @@ QImage SpotMapViewPrivate::pathImage()
     return path.image();
 }
 
-void SpotMapViewPrivate::drawSelection(QPainter &painter)
+QImage SpotMapViewPrivate::shownImage()
 {
     Q_Q(SpotMapView);
-    if (!q->selectionModel() || !q->selectionModel()->hasSelection())
-        return;
-    const SpotHitTest places = hitTest();
-    SelectionRings rings(painter,
-                         q->palette().color(QPalette::Highlight).lighter(140),
-                         q->viewport()->devicePixelRatioF());
-    for (const RowSpan &span : selected.rows(*q->selectionModel(), q->rootIndex())) {
-        for (int row = span.first; row <= qMin(span.last, spots.size() - 1); ++row) {
-            if (isDrawable(spots.at(row)))
-                rings.add(places.pixelOf(row), spots.at(row).sigma * places.pixelsPerUnit());
-        }
+    const QImage &map = spotsImage();
+    const QImage pathOverMap = pathImage();
+    const QItemSelectionModel *selection = q->selectionModel();
+    const bool anySelected = selection && selection->hasSelection();
+    if (!anySelected && pathOverMap.isNull()) {
+        ringed.reset();
+        return map;
     }
-    rings.draw();
+    const QImage &image =
+        ringed.image({map,
+                      pathOverMap,
+                      spots,
+                      bounds,
+                      pictureRect().size(),
+                      q->viewport()->devicePixelRatioF(),
+                      q->palette().color(QPalette::Highlight).lighter(140)},
+                     anySelected ? selected.rows(*selection, q->rootIndex()) : RowSpans());
+    return image.isNull() ? map : image;
 }
 
 QStringList SpotMapViewPrivate::remarks() const

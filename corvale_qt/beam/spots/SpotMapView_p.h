@@ -5,6 +5,7 @@
 
 #include "corvale_qt/beam/spots/MapComparison_p.h"
 #include "corvale_qt/beam/spots/QueuedNotice_p.h"
+#include "corvale_qt/beam/spots/RingedMap_p.h"
 #include "corvale_qt/beam/spots/RowSelection_p.h"
 #include "corvale_qt/beam/spots/SpotDifferences.h"
 #include "corvale_qt/beam/spots/SpotHitTest_p.h"
@@ -47,12 +48,9 @@ public:
     bool comparing() const;
     //! Returns whether the target's spots have changed since they were drawn in a comparison.
     bool targetIsNews() const;
-    /*! Returns the up-to-date picture of the display mode. Call it before painting on the viewport begins, since
-        it may make the OpenGL context current. */
-    const QImage &spotsImage();
-    //! Returns the picture of the path, which lies over the spots; null if no path is shown.
-    QImage pathImage();
-    void drawSelection(QPainter &painter);
+    /*! Returns the up-to-date picture of all that is shown. Call it before painting on the viewport begins, since it may make the
+        OpenGL context current. */
+    QImage shownImage();
     //! Writes on the picture what it cannot show.
     void drawRemarks(QPainter &painter) const;
     void recreateFBO();
@@ -80,6 +78,7 @@ public:
     QColor backgroundColor = Qt::black;
     SpotPictureCache picture;
     SpotPictureCache path;
+    RingedMap ringed;
 
     const SpotMapView *target = nullptr;
     QPointer<QWidget> targetViewport;
@@ -99,6 +98,10 @@ private:
     };
     mutable KnownDifferences known;
 
+    //! Returns the picture of the display mode.
+    const QImage &spotsImage();
+    //! Returns the picture of the path, which lies over the spots; null if no path is shown.
+    QImage pathImage();
     //! Computes the bounds, and returns whether they changed.
     bool findBounds();
     //! Returns the lines that drawRemarks() writes.

@@ -33,20 +33,20 @@ void markStale(StaleTiles &stale, const SelectionRing &ring)
 
 const QImage &RingedMap::image(const Scene &scene, const RowSpans &rows)
 {
-    const bool isAnew =
-        m_image.size() != scene.map.size() || !m_pictures.isFor(scene.color, scene.pixelRatio);
-    if (isAnew) {
+    if (!m_pictures.isFor(scene.color, scene.pixelRatio)) {
         reset();
         m_pictures = RingPictures(scene.color, scene.pixelRatio);
-        m_image = QImage(scene.map.size(), QImage::Format_RGB32);
     }
     StaleTiles stale(scene.map.size());
-    findRings(scene, rows, stale);
-    const bool isOtherMap = scene.map.cacheKey() != m_mapKey || scene.path.cacheKey() != m_pathKey;
-    if (isAnew || isOtherMap)
+    if (m_image.size() != scene.map.size()) {
+        m_image = QImage(scene.map.size(), QImage::Format_RGB32);
+        stale.addAll();
+    }
+    if (scene.map.cacheKey() != m_mapKey || scene.path.cacheKey() != m_pathKey)
         stale.addAll();
     m_mapKey = scene.map.cacheKey();
     m_pathKey = scene.path.cacheKey();
+    findRings(scene, rows, stale);
     if (!stale.isEmpty() && std::any_of(m_rings.begin(), m_rings.end(), isLarge))
         stale.addAll();
     if (!stale.isEmpty() && !m_image.isNull())

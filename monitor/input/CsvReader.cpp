@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace Monitor {
 
@@ -53,34 +54,76 @@ bool CsvReader::open(const QString &path)
     constexpr int magicSize = 4;
     if (ZstdFrames::begins(m_file.peek(magicSize)))
         m_frames = std::make_unique<ZstdFrames>(m_file);
-    m_error = ImportGuess::of(readPiece(ImportGuess::sampleSize), m_options).refusal();
+    QByteArray sample;
+    readPiece(ImportGuess::sampleSize, &sample);
+    m_error = ImportGuess::of(sample, m_options).refusal();
     m_failed = !m_error.isEmpty() || !(m_frames ? m_frames->seek(0) : m_file.seek(0));
     return !m_failed;
 }
 
 bool CsvReader::read(int bytes)
 {
-    const QByteArray piece = readPiece(bytes);
-    m_offset += piece.size();
-    m_splitter.feed({piece.constData(), std::size_t(piece.size())},
+    Piece piece = nextPiece(bytes);
+    m_offset += piece.text.size();
+    m_protocol->setNumbersAhead(&piece.numbers);
+    m_splitter.feed({piece.text.constData(), std::size_t(piece.text.size())},
                     [this](std::string_view line, bool tooLong) {
                         takeLine(line, tooLong);
                     });
+    m_protocol->setNumbersAhead(nullptr);
     if (m_frames && m_frames->isDamaged() && m_passesDamage)
         return passDamage();
-    m_failed = m_file.error() != QFileDevice::NoError || (m_frames && m_frames->isDamaged());
+    m_failed = piece.hasFailed || (m_frames && m_frames->isDamaged());
     if (m_failed && m_frames && m_frames->isDamaged())
         m_error = Text::tr("the compressed file is damaged; --check says what is lost");
-    const bool atEnd = m_frames ? piece.isEmpty() : m_file.atEnd();
-    if (!piece.isEmpty() && !atEnd && !m_failed)
-        return true;
-    finish();
-    return false;
+    const bool isOver = piece.text.isEmpty() || piece.isLast || m_failed;
+    m_spare = std::move(piece);
+    if (isOver)
+        finish();
+    return !isOver;
 }
 
-QByteArray CsvReader::readPiece(int bytes)
+//! Returns the next piece of the text, whose numbers may have been read ahead.
+CsvReader::Piece CsvReader::nextPiece(int bytes)
 {
-    return m_frames ? m_frames->read(bytes) : m_file.read(bytes);
+    constexpr int mostAhead = 2;
+    const bool isPossible = m_isReadingAhead && !m_frames && !m_import;
+    if (!isPossible && !(m_ahead && m_ahead->pending() > 0))
+        return pieceAtPlace(bytes);
+    if (!m_ahead)
+        m_ahead = std::make_unique<OrderedWorker<Piece>>([](Piece &piece) {
+            piece.numbers.read({piece.text.constData(), std::size_t(piece.text.size())},
+                               piece.numbersOfLine);
+        });
+    while (m_ahead->pending() < mostAhead && !m_isLastAhead) {
+        Piece piece = pieceAtPlace(bytes);
+        m_isLastAhead = piece.isLast || piece.hasFailed;
+        m_ahead->add(std::move(piece));
+    }
+    return m_ahead->pending() > 0 ? m_ahead->take() : pieceAtPlace(bytes);
+}
+
+//! Reads the piece at the present place of the file.
+CsvReader::Piece CsvReader::pieceAtPlace(int bytes)
+{
+    Piece piece = std::exchange(m_spare, {});
+    readPiece(bytes, &piece.text);
+    piece.numbers.clear();
+    piece.isLast = m_frames ? piece.text.isEmpty() : m_file.atEnd();
+    piece.hasFailed = m_file.error() != QFileDevice::NoError;
+    piece.numbersOfLine = m_protocol->numbersOfPlainLine();
+    return piece;
+}
+
+//! Reads bytes of the text, as many as there are.
+void CsvReader::readPiece(int bytes, QByteArray *text)
+{
+    if (m_frames) {
+        *text = m_frames->read(bytes);
+        return;
+    }
+    text->resize(bytes);
+    text->resize(int(std::max<qint64>(m_file.read(text->data(), bytes), 0)));
 }
 
 //! Goes on behind a damaged part. The line that it cut is lost with it. Returns false if nothing follows.
@@ -112,6 +155,8 @@ void CsvReader::noteDamage(Damage damage, const QString &text)
 void CsvReader::startOver(qint64 offset)
 {
     beginProtocol();
+    m_ahead.reset();
+    m_isLastAhead = false;
     m_context.clear();
     m_contextTooLong = false;
     m_offset = offset;

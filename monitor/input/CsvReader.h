@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/OrderedWorker.h"
+#include "monitor/input/LineNumbers.h"
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
 #include "monitor/input/TableImport.h"
@@ -39,6 +41,8 @@ public:
     //! Also returns false if the file is not a regular one, or is a table that nobody said how to read.
     bool open(const QString &path) override;
     bool read(int bytes) override;
+    //! Has another thread turn the digits of plain lines into numbers, two pieces ahead; not of compressed or imported tables.
+    void setReadingAhead(bool on) override { m_isReadingAhead = on; }
     bool rewind() override;
     bool resume(const ReadPoint &point) override;
 
@@ -53,6 +57,18 @@ public:
     double progress() const override;
 
 private:
+    //! A part of the text, which may end inside a line.
+    struct Piece
+    {
+        QByteArray text;
+        bool isLast = false;
+        bool hasFailed = false;
+        int numbersOfLine = 0; //!< that are worth reading ahead; 0 for none
+        LineNumbers numbers;
+    };
+
+    Piece nextPiece(int bytes);
+    Piece pieceAtPlace(int bytes);
     void takeLine(std::string_view line, bool tooLong);
     void takeProtocolLine(std::string_view line, bool tooLong);
     void beginProtocol();
@@ -61,7 +77,7 @@ private:
     bool isCounting() const { return m_rowInterval == 0.0; }
     ReadPoint pointAtLine() const;
     void noteContext(std::string_view line);
-    QByteArray readPiece(int bytes);
+    void readPiece(int bytes, QByteArray *text);
     bool passDamage();
     void noteDamage(Damage damage, const QString &text);
     void startOver(qint64 offset);
@@ -87,6 +103,11 @@ private:
     LineSplitter m_splitter;
     std::unique_ptr<LineProtocol> m_protocol;
     LineCounts m_countsBefore;
+    bool m_isReadingAhead = false;
+    Piece m_spare; //!< one that was used, for its memory
+    bool m_isLastAhead = false; //!< whether the last piece waits in m_ahead
+    std::unique_ptr<OrderedWorker<Piece>>
+        m_ahead; //!< the pieces that were read ahead; null before the first
 };
 
 } // namespace Monitor

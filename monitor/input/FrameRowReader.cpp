@@ -5,6 +5,7 @@
 #include "monitor/input/LineText.h"
 #include "monitor/readings/StreamDetector.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -78,13 +79,14 @@ RowReader::Outcome FrameRowReader::read(const Fields &fields, double, const RowH
     return outcome;
 }
 
-bool FrameRowReader::readPlain(std::string_view line, const RowHandler &handler)
+bool FrameRowReader::takePlain(const double *numbers, const RowHandler &handler)
 {
-    const bool isPlain =
-        isOpen() && !m_spoiled && parseNumbers(line, std::size_t(m_columns), presentRow());
-    if (isPlain)
+    const bool isWanted = isOpen() && !m_spoiled;
+    if (isWanted) {
+        std::copy_n(numbers, m_columns, presentRow());
         endRow(handler);
-    return isPlain;
+    }
+    return isWanted;
 }
 
 void FrameRowReader::endRow(const RowHandler &handler)

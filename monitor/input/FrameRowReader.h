@@ -45,7 +45,8 @@ public:
 
     //! Takes a row. A row of a frame that was refused already is taken without being read.
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
-    bool readPlain(std::string_view line, const RowHandler &handler) override;
+    int numbersOfPlainLine() const override { return m_columns; }
+    bool takePlain(const double *numbers, const RowHandler &handler) override;
 
 private:
     double *presentRow() { return m_values.data() + std::ptrdiff_t(m_row) * m_columns; }

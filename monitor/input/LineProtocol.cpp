@@ -4,6 +4,7 @@
 #include "monitor/core/Text.h"
 #include "monitor/input/CleanText.h"
 #include "monitor/input/ColumnPlan.h"
+#include "monitor/input/LineNumbers.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/MultichannelRowReader.h"
 
@@ -174,7 +175,12 @@ void LineProtocol::takeFields(std::string_view line)
 bool LineProtocol::takePlainRow(std::string_view line)
 {
     const bool isExpected = m_rows && !m_mayBeHeader && (!m_hasFrames || isInFrame());
-    if (!isExpected || !m_rows->readPlain(line, m_rowHandler))
+    if (!isExpected)
+        return false;
+    const double *numbers = m_ahead ? m_ahead->of(line, m_rows->numbersOfPlainLine()) : nullptr;
+    const bool isTaken =
+        numbers ? m_rows->takePlain(numbers, m_rowHandler) : m_rows->readPlain(line, m_rowHandler);
+    if (!isTaken)
         return false;
     m_otherCountRun = 0;
     return true;

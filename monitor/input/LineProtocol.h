@@ -12,6 +12,8 @@
 
 namespace Monitor {
 
+class LineNumbers;
+
 /*! Reads the lines of an instrument or of a table one after the other and reports their contents to a sink.
 
     A line of data is "t,v1,v2,...", or the same with white space instead of commas. A frame is "#frame t rows columns" and a
@@ -34,6 +36,11 @@ public:
     void setArrivalTime(double seconds) { m_arrivalTime = seconds; }
     //! Sets whether those times are only the numbers of the lines: readings without a time of their own have none then.
     void setArrivalCounted(bool on) { m_isArrivalCounted = on; }
+    /*! Sets where the numbers of lines may have been read ahead, null for nowhere. They must be those of the lines that takeLine() gets from
+        now on, and must outlive the protocol or the next call. */
+    void setNumbersAhead(LineNumbers *numbers) { m_ahead = numbers; }
+    //! Returns how many numbers a line has that is worth reading ahead; 0 if that is not known.
+    int numbersOfPlainLine() const { return m_rows ? m_rows->numbersOfPlainLine() : 0; }
     //! Takes a line without its line end; \a tooLong if it is only the beginning of a longer line.
     void takeLine(std::string_view line, bool tooLong);
     //! Ends the stream: hands on the readings that were held back.
@@ -79,6 +86,7 @@ private:
     LineCounts m_counts;
     double m_arrivalTime = 0.0;
     bool m_isArrivalCounted = false;
+    LineNumbers *m_ahead = nullptr;
     std::string_view m_line; //!< the line that is being taken; empty between lines
     RowReader::Fields m_fields;
 

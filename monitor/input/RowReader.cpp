@@ -51,9 +51,18 @@ RowReader::RowReader(const ColumnPlan &plan)
 
 RowReader::~RowReader() = default;
 
-bool RowReader::readPlain(std::string_view, const RowHandler &)
+bool RowReader::takePlain(const double *, const RowHandler &)
 {
     return false;
+}
+
+bool RowReader::readPlain(std::string_view line, const RowHandler &handler)
+{
+    const int count = numbersOfPlainLine();
+    if (count <= 0)
+        return false;
+    m_plain.resize(std::size_t(count));
+    return parseNumbers(line, m_plain.size(), m_plain.data()) && takePlain(m_plain.data(), handler);
 }
 
 void RowReader::finish(const RowHandler &) { }
@@ -88,13 +97,12 @@ TimedRowReader::read(const Fields &fields, double arrivalTime, const RowHandler 
     return Outcome::Taken;
 }
 
-bool TimedRowReader::readPlain(std::string_view line, const RowHandler &handler)
+bool TimedRowReader::takePlain(const double *numbers, const RowHandler &handler)
 {
-    const bool isPlain = m_timed && parseNumbers(line, m_numbers.size(), m_numbers.data())
-        && std::isfinite(m_numbers.front());
-    if (isPlain)
-        handler(m_numbers.front(), m_numbers.data() + 1);
-    return isPlain;
+    const bool hasTime = std::isfinite(numbers[0]);
+    if (hasTime)
+        handler(numbers[0], numbers + 1);
+    return hasTime;
 }
 
 PlannedRowReader::PlannedRowReader(const ColumnPlan &plan)
@@ -104,10 +112,9 @@ PlannedRowReader::PlannedRowReader(const ColumnPlan &plan)
     , m_timeFactor(plan.timeFactor)
     , m_valueColumns(plan.valueColumns)
     , m_leftOut(plan.leftOut)
+    , m_isPlain(m_timeColumn >= 0 && m_valueColumns.size() + 1 == m_fieldCount)
     , m_values(std::size_t(plan.valueColumns.size()))
 {
-    if (m_timeColumn >= 0 && m_valueColumns.size() + 1 == m_fieldCount)
-        m_numbers.resize(std::size_t(m_fieldCount));
 }
 
 RowReader::Outcome
@@ -128,15 +135,13 @@ PlannedRowReader::read(const Fields &fields, double arrivalTime, const RowHandle
     return Outcome::Taken;
 }
 
-bool PlannedRowReader::readPlain(std::string_view line, const RowHandler &handler)
+bool PlannedRowReader::takePlain(const double *numbers, const RowHandler &handler)
 {
-    if (m_numbers.empty() || !parseNumbers(line, m_numbers.size(), m_numbers.data()))
-        return false;
-    const double time = m_numbers[std::size_t(m_timeColumn)] * m_timeFactor;
+    const double time = numbers[m_timeColumn] * m_timeFactor;
     if (!std::isfinite(time))
         return false;
     for (int i = 0; i < m_valueColumns.size(); ++i)
-        m_values[std::size_t(i)] = m_numbers[std::size_t(m_valueColumns[i])];
+        m_values[std::size_t(i)] = numbers[m_valueColumns[i]];
     handler(time, m_values.data());
     return true;
 }

@@ -46,9 +46,13 @@ public:
     virtual int leftOutChannels() const { return 0; }
     //! Calls \a handler for each reading that this line completes. A line without a time gets \a arrivalTime.
     virtual Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) = 0;
-    /*! Reads a line of all its numbers in one pass, and calls \a handler if it completes a reading. Returns false for any other
-        line; its fields are then for read(). */
-    virtual bool readPlain(std::string_view line, const RowHandler &handler);
+    //! Returns how many numbers a plain line has: one in which each field is a number that is used. 0 if there are no such lines.
+    virtual int numbersOfPlainLine() const { return 0; }
+    /*! Takes the numbers of a plain line, in their order, and calls \a handler if they complete a reading. Returns false if they cannot be
+        taken; the fields of the line are then for read(). */
+    virtual bool takePlain(const double *numbers, const RowHandler &handler);
+    //! Reads a line in one pass and takes its numbers. Returns false if it is no plain line, or if they cannot be taken.
+    bool readPlain(std::string_view line, const RowHandler &handler);
     //! Calls \a handler for the readings that were waiting for further lines.
     virtual void finish(const RowHandler &handler);
 
@@ -64,6 +68,7 @@ private:
     StreamKind m_kind;
     Corvale_Qt::DetectorDescription m_frames;
     QString m_frameUnit;
+    std::vector<double> m_plain; //!< of the line that readPlain() reads
 };
 
 //! Reads lines of the form "t,v1,v2,...", or "v1,v2,..." if lines have no time.
@@ -74,7 +79,8 @@ public:
     //! Reads lines of which each holds one frame from the cells of a detector.
     TimedRowReader(const Corvale_Qt::DetectorDescription &frames, bool timed);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
-    bool readPlain(std::string_view line, const RowHandler &handler) override;
+    int numbersOfPlainLine() const override { return m_timed ? int(m_numbers.size()) : 0; }
+    bool takePlain(const double *numbers, const RowHandler &handler) override;
     bool isTimed() const override { return m_timed; }
 
 private:
@@ -88,7 +94,8 @@ class PlannedRowReader : public RowReader
 public:
     explicit PlannedRowReader(const ColumnPlan &plan);
     Outcome read(const Fields &fields, double arrivalTime, const RowHandler &handler) override;
-    bool readPlain(std::string_view line, const RowHandler &handler) override;
+    int numbersOfPlainLine() const override { return m_isPlain ? m_fieldCount : 0; }
+    bool takePlain(const double *numbers, const RowHandler &handler) override;
     bool isTimed() const override { return m_timeColumn >= 0; }
     int leftOutChannels() const override { return m_leftOut; }
 
@@ -98,8 +105,8 @@ private:
     const double m_timeFactor;
     const QVector<int> m_valueColumns;
     const int m_leftOut;
+    const bool m_isPlain; //!< whether each field is used
     std::vector<double> m_values;
-    std::vector<double> m_numbers; //!< of a line, if each of its fields is used; empty otherwise
 };
 
 } // namespace Monitor

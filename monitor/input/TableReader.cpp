@@ -5,4 +5,6 @@ namespace Monitor {
 
 TableReader::~TableReader() = default;
 
+void TableReader::setReadingAhead(bool) { }
+
 } // namespace Monitor

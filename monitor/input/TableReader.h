@@ -19,6 +19,9 @@ public:
     /*! Reads about that many further bytes. Returns false at the end of the file, when everything has been handed
         over, and after an error. */
     virtual bool read(int bytes) = 0;
+    /*! Sets whether a separate thread may read ahead for the calls of read() that follow, which is worth it for pieces of many lines; what
+        is handed over stays the same. Some readers do without. */
+    virtual void setReadingAhead(bool on);
     //! Goes back to the beginning of the file; the counts go on. Returns false, with errorString(), on failure.
     virtual bool rewind() = 0;
     /*! Goes on from another place of the file, an entry that a reader of this file gave as its readPoint(). The counts become

@@ -44,6 +44,7 @@ public:
     {
     }
     bool open(const QString &path) { return m_reader->open(path); }
+    void setReadingAhead(bool on) { m_reader->setReadingAhead(on); }
     const TableReader &reader() const { return *m_reader; }
 
     //! Reads a piece; nothing behind the last one.
@@ -203,13 +204,13 @@ private:
     double m_lastTime = 0.0;
 };
 
-/*! Reads all of a recording into an index, a large one in a separate thread, a few pieces ahead. Returns false if that was
-    cancelled. */
+/*! Reads all of a recording into an index, a large one in a separate thread, a few pieces ahead, which leaves the digits to yet another one.
+    Returns false if that was cancelled. */
 bool readAll(PieceReader &pieces, int bytesOfPiece, IndexMaker &maker, TapeIndexing &indexing)
 {
     constexpr int worthAThread = 64 * 1024, mostAhead = 3;
     const int ahead = bytesOfPiece >= worthAThread ? mostAhead : 0;
-
+    pieces.setReadingAhead(ahead > 0);
     OrderedWorker<Piece> worker([&pieces](Piece &piece) {
         pieces.read(piece);
     });

@@ -7,7 +7,8 @@
 
 using namespace Monitor;
 
-static QString readAll(const QString &path, int pieceSize = 5, const QString &import = {})
+static QString readAll(const QString &path, int pieceSize = 5, const QString &import = {},
+                       bool ahead = false)
 {
     TextSink sink;
     CsvReader reader(sink);
@@ -16,6 +17,7 @@ static QString readAll(const QString &path, int pieceSize = 5, const QString &im
     if (!ImportOptions::fromText(import, &options, &error))
         return error;
     reader.setImport(options);
+    reader.setReadingAhead(ahead);
     if (!reader.open(path))
         return reader.errorString();
     while (reader.read(pieceSize)) { }
@@ -227,6 +229,27 @@ private Q_SLOTS:
             QCOMPARE(reader.counts().bad(), counts.bad());
         }
         QVERIFY(entries > 10);
+    }
+
+    //! Another thread that reads digits changes nothing, wherever pieces end and whatever lies between the plain lines.
+    void readsAheadWhatItReads()
+    {
+        QByteArray text = "#corvale 2\n#channels a,b\n";
+        for (int i = 0; i < 600; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            text += number + (i % 7 == 0 ? " , -1.5e3,\r\n" : ",2.25," + number + '\n');
+            if (i % 50 == 0)
+                text += "oops,1\n\n#event " + number + "\n1,2,3,4\n+3,5," + number + "\n";
+            if (i == 300)
+                text += "#channels a,b,c\n301,1,2,3\n302,4,5,6\n#frame 303 2 2\n1,2\n3,4\n";
+            if (i == 400)
+                text += "#corvale 1\n#channels d,e\n";
+        }
+        const QString path = file(text + "700,1");
+        const QString expected = readAll(path);
+        QVERIFY(expected.contains("| 599: 2.25 599"));
+        for (const int size : {1, 100, 999, 100000})
+            QCOMPARE(readAll(path, size, {}, true), expected);
     }
 
     void readsWhatASingleChannelModelSaves()

@@ -16,6 +16,8 @@ namespace Monitor {
 namespace {
 
 constexpr double shortestShowInterval = 0.04; // s
+constexpr double longestPaintingInterval = 0.2; // s
+constexpr double mostPainting = 0.5; // of the time
 //! The model does not hold more readings than this, so that more need not wait.
 constexpr int mostToShow = 100000;
 constexpr int headersShownASecond = 5;
@@ -321,7 +323,8 @@ void Session::setShowInterval(double seconds)
 
 bool Session::isShowDue() const
 {
-    return m_clock.seconds() - m_shownAt >= m_showInterval;
+    const double afterPainting = std::min(m_painted / mostPainting, longestPaintingInterval);
+    return m_clock.seconds() - m_shownAt >= std::max(m_showInterval, afterPainting);
 }
 
 void Session::showWaiting()
@@ -331,6 +334,7 @@ void Session::showWaiting()
     if (m_toShow.isEmpty())
         return;
     m_shownAt = m_clock.seconds();
+    m_painted = 0.0;
     m_model.addReadings(m_toShow);
     m_toShow.clear(m_toShow.channels());
     showFrame();

@@ -24,7 +24,8 @@ namespace Monitor {
 
 /*! One source and its readings: the model that the window shows, the recording and the statistics. Recording and
     statistics get everything at once. The model and the log get no more than a person can follow: 25 insertions, 5 new
-    streams and 5 events per second. */
+    streams and 5 events per second. Where a picture takes long, the model gets its readings less often, down to 5 times a
+    second, so that painting leaves half of the time to the readings and to the person. */
 class Session : public QObject
 {
     Q_OBJECT
@@ -59,6 +60,8 @@ public:
     /*! Sets how many seconds readings are collected before the model gets them, as from an instrument that reports
         rarely; 0 for the shortest interval. */
     void setShowInterval(double seconds);
+    //! To be called with the seconds that painting what the model shows has taken.
+    void notePainting(double seconds) { m_painted += seconds; }
     //! Sets how much of the source is used; readings beyond the limit are ignored.
     void setLimit(const ReadingLimit &limit) { m_limit = limit; }
 
@@ -166,6 +169,7 @@ private:
     bool m_leftOutTold = false;
     double m_showInterval;
     double m_shownAt = 0.0;
+    double m_painted = 0.0; //!< seconds since then
     StreamStatistics m_statistics;
     qint64 m_gapsBefore = 0; //!< of the streams before the present one
     RunTimeline m_timeline;

@@ -37,6 +37,7 @@
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QDockWidget>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
@@ -285,6 +286,19 @@ void MonitorWindow::saveLayout()
     const StreamHeader &header = m_session.model().header();
     if (!header.channels.isEmpty())
         m_settings.setWindows(header.kind, m_displays->windows());
+}
+
+bool MonitorWindow::event(QEvent *event)
+{
+    if (event->type() != QEvent::UpdateRequest)
+        return QMainWindow::event(event);
+    QElapsedTimer timer;
+    timer.start();
+    const bool taken = QMainWindow::event(event); // paints all that is to be painted
+    const double seconds = double(timer.nsecsElapsed()) * 1e-9;
+    for (const Companions::Member &member : m_companions->members())
+        member.session->notePainting(seconds);
+    return taken;
 }
 
 void MonitorWindow::closeEvent(QCloseEvent *event)

@@ -47,6 +47,7 @@ public:
     void addNotice(NoticeLine *notice);
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 

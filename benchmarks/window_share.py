@@ -4,12 +4,15 @@
 
     benchmarks/window_share.py BUILD              the monitor, and plain windows of Qwt and QCustomPlot, one after the other
     benchmarks/window_share.py BUILD monitor      one of: monitor, qwt, qcustomplot
+    benchmarks/window_share.py BUILD monitor --hidden
+                                                  while its windows are not on the screen, unmapped as minimised ones are
 
 BUILD is the folder of a release build with benchmarks. All windows have the same size on a screen of their own (Xvfb) and read the
 same lines from a pipe: a minute at once, then each millisecond as it passes. The monitor draws legend, limits, gaps and, under the
 pointer, the cursor; the others draw axes, grid and curves. The share is that of the process, after its minute is full.
 """
 import argparse
+import contextlib
 import ctypes
 import ctypes.util
 import math
@@ -88,15 +91,25 @@ class Screen:
         os.close(write)
         with os.fdopen(read) as answer:
             self.name = ":" + answer.readline().strip()
+        self.library = ctypes.CDLL(ctypes.util.find_library("X11"))
+        self.library.XOpenDisplay.restype = ctypes.c_void_p
+        self.library.XDefaultRootWindow.restype = ctypes.c_ulong
+
+    @contextlib.contextmanager
+    def root(self):
+        """A connection to the screen, and its root window."""
+        display = ctypes.c_void_p(self.library.XOpenDisplay(self.name.encode()))
+        yield display, ctypes.c_ulong(self.library.XDefaultRootWindow(display))
+        self.library.XCloseDisplay(display)
 
     def move_pointer(self, x, y):
-        library = ctypes.CDLL(ctypes.util.find_library("X11"))
-        library.XOpenDisplay.restype = ctypes.c_void_p
-        display = ctypes.c_void_p(library.XOpenDisplay(self.name.encode()))
-        library.XDefaultRootWindow.restype = ctypes.c_ulong
-        root = ctypes.c_ulong(library.XDefaultRootWindow(display))
-        library.XWarpPointer(display, ctypes.c_ulong(0), root, 0, 0, 0, 0, x, y)
-        library.XCloseDisplay(display)
+        with self.root() as (display, root):
+            self.library.XWarpPointer(display, ctypes.c_ulong(0), root, 0, 0, 0, 0, x, y)
+
+    def hide_windows(self):
+        """Unmaps all windows, as a window manager does that minimises them."""
+        with self.root() as (display, root):
+            self.library.XUnmapSubwindows(display, root)
 
     def close(self):
         self.server.terminate()
@@ -116,8 +129,8 @@ def command(build, window, folder):
     return [build / "benchmarks/corvale_window_peer", window, size]
 
 
-def measure(build, window, seconds):
-    """The share of one core that a window takes, in percent."""
+def measure(build, window, seconds, hidden):
+    """The share of one core that a window takes, in percent; hidden if it is to be off the screen meanwhile."""
     screen = Screen()
     with tempfile.TemporaryDirectory() as folder:
         environment = dict(os.environ, DISPLAY=screen.name, QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=folder,
@@ -129,7 +142,10 @@ def measure(build, window, seconds):
             instrument.start()
             instrument.caught_up.wait()
             time.sleep(5)
-            screen.move_pointer(SIZE[0] // 2, SIZE[1] // 2)
+            if hidden:
+                screen.hide_windows()
+            else:
+                screen.move_pointer(SIZE[0] // 2, SIZE[1] // 2)
             time.sleep(5)
             before, begin = processor_time(process.pid), time.monotonic()
             time.sleep(seconds)
@@ -148,11 +164,12 @@ def main():
     parser.add_argument("build", type=Path)
     parser.add_argument("window", nargs="*", choices=[*WINDOWS, []], help="all by default")
     parser.add_argument("--seconds", type=float, default=20)
+    parser.add_argument("--hidden", action="store_true")
     arguments = parser.parse_args()
     shares = {}
     for window in arguments.window or WINDOWS:
-        shares[window] = measure(arguments.build.resolve(), window, arguments.seconds)
-        print(f"{window}: {shares[window]:.1f} % of a core", flush=True)
+        shares[window] = measure(arguments.build.resolve(), window, arguments.seconds, arguments.hidden)
+        print(f"{window}: {shares[window]:.2f} % of a core", flush=True)
     for peer in WINDOWS[1:]:
         if peer in shares and "monitor" in shares:
             print(f"the monitor takes {shares[peer] / shares['monitor']:.1f} times less than {peer}")

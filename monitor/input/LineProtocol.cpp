@@ -63,6 +63,7 @@ void LineProtocol::beginStream()
     finish();
     m_order.beginConnection();
     m_mayBeHeader = true;
+    m_statesTimes = false;
 }
 
 void LineProtocol::beginAcquisition()
@@ -144,6 +145,7 @@ void LineProtocol::takeFields(std::string_view line)
 {
     if (takePlainRow(line))
         return;
+    m_statesTimes = false;
     splitFields(line, &m_fields);
     if (m_hasFrames) {
         takeFrameRow();
@@ -183,6 +185,7 @@ bool LineProtocol::takePlainRow(std::string_view line)
     if (!isTaken)
         return false;
     m_otherCountRun = 0;
+    m_statesTimes = !m_hasFrames;
     return true;
 }
 

@@ -34,6 +34,8 @@ public:
     void beginStream();
     //! Sets the time in seconds of all following lines that have no time.
     void setArrivalTime(double seconds) { m_arrivalTime = seconds; }
+    //! Returns whether the last reading was a line of numbers, one of them its time; any other may have got that of its arrival.
+    bool statesTimes() const { return m_statesTimes; }
     //! Sets whether those times are only the numbers of the lines: readings without a time of their own have none then.
     void setArrivalCounted(bool on) { m_isArrivalCounted = on; }
     /*! Sets where the numbers of lines may have been read ahead, null for nowhere. They must be those of the lines that takeLine() gets from
@@ -86,6 +88,7 @@ private:
     LineCounts m_counts;
     double m_arrivalTime = 0.0;
     bool m_isArrivalCounted = false;
+    bool m_statesTimes = false;
     LineNumbers *m_ahead = nullptr;
     std::string_view m_line; //!< the line that is being taken; empty between lines
     RowReader::Fields m_fields;

@@ -342,6 +342,7 @@ int WindowRun::run()
     QApplication::exec();
     if (m_commandLine.diagnostics)
         std::fprintf(stderr, "corvale-monitor: %s\n", qPrintable(watch.summary()));
+    m_clock.setBackground(false); // what came last is read, and so recorded
     m_session->stopRecording();
     CompressionWait wait(m_session->compressor());
     connect(&termination, &TerminationSignal::raised, &wait, &QDialog::reject);

@@ -109,8 +109,10 @@ void ResultFeed::tick()
     noteLoss();
     if (m_clock.seconds() - m_toldAt < interval)
         return;
-    if (isNews())
-        flush();
+    if (!isNews())
+        return;
+    m_clock.stayAwake(); // clients are told at once, even if nobody sees the window
+    flush();
 }
 
 //! Remembers after which reading the source was lost: it stays the newest one until another comes, even if the source is there again.

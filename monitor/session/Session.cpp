@@ -362,7 +362,10 @@ double Session::rate() const
 //! Says which files could not be compressed.
 void Session::tellCompression()
 {
-    for (const QString &error : m_compressor->takeErrors())
+    const QStringList errors =
+        m_compressor
+            ->takeErrors(); // a loop over a temporary would copy the empty list at every tick
+    for (const QString &error : errors)
         Q_EMIT noted(QStringLiteral("WARNING %1").arg(error));
 }
 

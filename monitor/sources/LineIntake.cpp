@@ -46,6 +46,7 @@ void LineIntake::finish(Piece *piece)
 {
     piece->told = m_sink.take();
     piece->counts = m_protocol.counts();
+    piece->statesTimes = m_protocol.statesTimes();
 }
 
 } // namespace Monitor

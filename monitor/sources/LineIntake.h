@@ -23,6 +23,8 @@ public:
         double arrivalTime = 0.0; //!< of lines without a time, in seconds
         std::vector<Told> told;
         LineCounts counts; //!< of all lines up to its end
+        bool statesTimes =
+            false; //!< whether its arrival time is not needed; false also if that is not sure
     };
     //! What becomes of a last line without an end.
     enum class Rest {

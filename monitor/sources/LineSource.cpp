@@ -17,6 +17,7 @@ LineSource::LineSource(Clock &clock, QObject *parent)
     m_retryWake.setTimerType(Qt::PreciseTimer);
     connect(&clock, &Clock::tick, this, &LineSource::tick);
     connect(&m_retryWake, &QTimer::timeout, this, &LineSource::tick);
+    connect(&clock, &Clock::backgroundChanged, this, &LineSource::tick);
 }
 
 void LineSource::start()
@@ -32,6 +33,10 @@ void LineSource::poll() { }
 
 void LineSource::tick()
 {
+    const QPointer<LineSource> alive(this); // what hears of readings may delete the source
+    readGathered();
+    if (!alive)
+        return;
     if (m_retryAt && clock().seconds() >= *m_retryAt) {
         m_retryAt.reset();
         open();
@@ -56,7 +61,7 @@ void LineSource::connected()
 {
     m_retryAt.reset();
     m_heardAt.reset();
-    takeRest();
+    takeAllRest();
     tell(m_intake.begin());
     setState(State::Running, description());
 }
@@ -69,13 +74,46 @@ double LineSource::arrivalTime() const
 void LineSource::takeBytes(std::string_view bytes)
 {
     noteBytes(bytes);
+    if (mayWait() && m_gathered.size() + bytes.size() < livePieceSize) { // a flood is read at once
+        m_gathered.insert(m_gathered.end(), bytes.begin(), bytes.end());
+        return;
+    }
+    const QPointer<LineSource> alive(this);
+    takeAllRest();
+    if (alive)
+        tell(m_intake.read(bytes, arrivalTime()));
+}
+
+//! Reads all that came before what comes now.
+void LineSource::takeAllRest()
+{
+    const QPointer<LineSource> alive(this);
     takeRest();
-    tell(m_intake.read(bytes, arrivalTime()));
+    if (alive)
+        readGathered();
+}
+
+bool LineSource::mayWait() const
+{
+    return clock().isBackground() && m_statesTimes && m_intake.pending() == 0;
+}
+
+void LineSource::readGathered()
+{
+    if (m_gathered.empty())
+        return;
+    LineIntake::Piece piece = m_intake.read({m_gathered.data(), m_gathered.size()}, arrivalTime());
+    m_gathered.clear();
+    tell(std::move(piece));
 }
 
 void LineSource::takeAhead(std::vector<char> bytes, std::size_t size)
 {
     noteBytes({bytes.data(), size});
+    const QPointer<LineSource> alive(this);
+    readGathered();
+    if (!alive)
+        return;
     LineIntake::Piece piece;
     piece.bytes = std::move(bytes);
     piece.size = size;
@@ -96,7 +134,7 @@ void LineSource::noteBytes(std::string_view bytes)
 {
     // Only a connection that brings bytes is a good one; another may be closed again at once.
     m_backoff.reset();
-    clock().stayAwake();
+    clock().stayAwakeIfSeen();
     m_heardAt = clock().seconds();
     Q_EMIT bytesArrived(QByteArray::fromRawData(bytes.data(), int(bytes.size())));
 }
@@ -106,6 +144,7 @@ void LineSource::tell(LineIntake::Piece piece)
 {
     const QPointer<LineSource> alive(this);
     m_counts = piece.counts;
+    m_statesTimes = piece.statesTimes;
     m_spare = std::move(piece.bytes);
     for (const Told &told : piece.told) {
         if (const auto *header = std::get_if<StreamHeader>(&told))
@@ -123,7 +162,7 @@ void LineSource::tell(LineIntake::Piece piece)
 
 void LineSource::end(LineIntake::Rest rest)
 {
-    takeRest();
+    takeAllRest();
     tell(m_intake.end(rest));
 }
 

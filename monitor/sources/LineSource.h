@@ -14,7 +14,10 @@
 namespace Monitor {
 
 /*! A source of lines. It reads the lines, gives those without a time the seconds since start(), and connects again
-    after a lost connection; a subclass makes the connection. */
+    after a lost connection; a subclass makes the connection.
+
+    In the background, what comes is gathered from tick to tick, since a hundred lines at once cost less than ten by ten. Lines without a
+    time are read as they come, because their arrival dates them. */
 class LineSource : public Source
 {
     Q_OBJECT
@@ -47,13 +50,17 @@ protected:
     void connected();
     //! Returns the seconds since start(): the time of readings that come without one.
     double arrivalTime() const;
-    //! To be called with the bytes that arrive.
+    //! To be called with the bytes that arrive, which are read now or, in the background, at the next tick.
     void takeBytes(std::string_view bytes);
     /*! To be called with the first \a size bytes of a flood instead, whose lines are read in a separate thread while those of the piece
         before are used. The caller calls takeRest() before it returns to the event loop. */
     void takeAhead(std::vector<char> bytes, std::size_t size);
     //! To be called after takeAhead().
     void takeRest();
+    //! Returns whether nobody misses what comes before the next tick.
+    bool mayWait() const;
+    //! Reads the bytes that have waited for a tick.
+    void readGathered();
     //! Returns memory for bytes, which may have been used before; it may be empty.
     std::vector<char> takeSpare() { return std::exchange(m_spare, {}); }
     /*! To be called when the connection is gone or could not be made; \a text says what was tried and what came back.
@@ -72,12 +79,15 @@ private:
     void tick();
     bool isSilentTooLong() const;
     void noteBytes(std::string_view bytes);
+    void takeAllRest();
     void tell(LineIntake::Piece piece);
     void end(LineIntake::Rest rest);
 
     LineIntake m_intake;
     LineCounts m_counts; //!< up to what was told
     std::vector<char> m_spare;
+    std::vector<char> m_gathered; //!< bytes that came in the background and are not read yet
+    bool m_statesTimes = false; //!< whether the lines that were read last do
     Backoff m_backoff;
     std::optional<double> m_retryAt;
     //! Fires when the next attempt is due, since the ticks of a resting clock are too far apart.

@@ -57,7 +57,7 @@ void PluginSource::start()
 //! Takes what the threads of the plugin have delivered.
 void PluginSource::drain()
 {
-    clock().stayAwake();
+    clock().stayAwakeIfSeen();
     const PluginQueue::Content content = m_queue->takeAll();
     for (const PluginQueue::Item &item : content.items) {
         if (state() == State::Failed || state() == State::Finished)

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -58,6 +59,7 @@ void StandardInputSource::open()
     // An instrument goes on writing while the window is painted. Anything but a pipe refuses this.
     constexpr int roomOfPipe = 1024 * 1024;
     ::fcntl(m_descriptor, F_SETPIPE_SZ, roomOfPipe);
+    m_roomOfPipe = std::size_t(std::max(::fcntl(m_descriptor, F_GETPIPE_SZ), 0));
 #endif
     connected();
     m_notifier.setEnabled(true);
@@ -66,6 +68,30 @@ void StandardInputSource::open()
 void StandardInputSource::close()
 {
     m_notifier.setEnabled(false);
+    m_isResting = false;
+}
+
+void StandardInputSource::poll()
+{
+    if (!std::exchange(m_isResting, false))
+        return;
+    const QPointer<StandardInputSource> alive(this); // what hears of readings may close the source
+    m_notifier.setEnabled(true);
+    readSome();
+    if (alive)
+        readGathered();
+}
+
+/*! Leaves in the pipe what comes before the next tick, if it has room for several times as much as came in this turn. After a silence the
+    next bytes are awaited instead, since ticks may be rare by then. */
+void StandardInputSource::restUntilTick()
+{
+    constexpr std::size_t timesTheRoom = 4;
+    const bool hasRoom = m_cameNow > 0 && timesTheRoom * m_cameNow <= m_roomOfPipe;
+    if (!hasRoom || !m_notifier.isEnabled() || !mayWait())
+        return;
+    m_notifier.setEnabled(false);
+    m_isResting = true;
 }
 
 /*! Reads what has come, but not for long, so that a flood of lines leaves time for the window. After a long turn of the event
@@ -76,9 +102,12 @@ void StandardInputSource::readSome()
     const QPointer<StandardInputSource> alive(this); // what hears of readings may close the source
     QElapsedTimer timer;
     timer.start();
+    m_cameNow = 0;
     while (alive && readPiece() && !timer.hasExpired(longest)) { }
     if (alive)
         takeRest();
+    if (alive)
+        restUntilTick();
 }
 
 //! Reads one piece. Returns false if nothing more is there now.
@@ -93,6 +122,7 @@ bool StandardInputSource::readPiece()
     m_piece.resize(livePieceSize);
     const ssize_t size = ::read(m_descriptor, m_piece.data(), livePieceSize);
     if (size > 0) {
+        m_cameNow += std::size_t(size);
         takePiece(std::size_t(size));
         return true;
     }

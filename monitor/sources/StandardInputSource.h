@@ -26,6 +26,7 @@ public:
 protected:
     void open() override;
     void close() override;
+    void poll() override;
 
 private:
     //! What arrives on standard input, which is not known before its first bytes.
@@ -36,6 +37,7 @@ private:
     };
 
     void readSome();
+    void restUntilTick();
     bool readPiece();
     void takePiece(std::size_t size);
     void take(std::string_view bytes);
@@ -50,6 +52,9 @@ private:
     PgmReader m_reader;
     double m_lastTime; //!< of an image
     QSocketNotifier m_notifier;
+    std::size_t m_roomOfPipe = 0; //!< in bytes; 0 of anything but a pipe
+    std::size_t m_cameNow = 0; //!< bytes that were read in this turn of the event loop
+    bool m_isResting = false; //!< whether the notifier is off until the next tick
     std::vector<char> m_piece;
 };
 

@@ -47,6 +47,7 @@ MonitorStatusBar::MonitorStatusBar(Session &session, QWidget *parent)
     setSizeGripEnabled(false);
     setContentsMargins(Look::gap / 2, 0, Look::gap / 2, 0);
     connect(&session.clock(), &Clock::tick, this, &MonitorStatusBar::refreshIfDue);
+    connect(&session.clock(), &Clock::backgroundChanged, this, &MonitorStatusBar::refresh);
     connect(&session, &Session::pausedChanged, this, &MonitorStatusBar::refresh);
     connect(&session, &Session::recordingChanged, this, &MonitorStatusBar::refresh);
     connect(&session, &Session::staleChanged, this, &MonitorStatusBar::refresh);
@@ -99,7 +100,8 @@ QString MonitorStatusBar::clockText() const
 
 void MonitorStatusBar::refreshIfDue()
 {
-    if (m_session.clock().seconds() - m_refreshedAt >= refreshInterval)
+    const Clock &clock = m_session.clock();
+    if (!clock.isBackground() && clock.seconds() - m_refreshedAt >= refreshInterval)
         refresh();
 }
 

@@ -3,6 +3,7 @@
 
 #include "monitor/session/Companions.h"
 #include "monitor/window/AddSourceAction.h"
+#include "monitor/window/BackgroundWatch.h"
 #include "monitor/window/ClearUndo.h"
 #include "monitor/window/CompanionPanes.h"
 #include "monitor/window/DisplayTabs.h"
@@ -85,6 +86,7 @@ MonitorWindow::MonitorWindow(Session &session, const QString &settingsFile, QWid
     connect(&session, &Session::streamStarted, this, &MonitorWindow::restoreDisplay);
     connect(&session, &Session::sourceReplaced, this, &MonitorWindow::showTitle);
     new FocusRing(this);
+    new BackgroundWatch(session.clock(), this);
     connect(new FileDrop(this), &FileDrop::dropped, m_sources, &SourceSwitch::open);
     connect(m_sources, &SourceSwitch::optionsChanged, this, [this](const MonitorOptions &options) {
         m_displays->setMinimumSum(options.minimumSum);

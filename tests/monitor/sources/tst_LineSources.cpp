@@ -108,6 +108,43 @@ private Q_SLOTS:
         ::close(ends[0]);
     }
 
+    //! What comes while nobody sees it is read at a tick, unless its arrival dates it; nothing is left over at an end.
+    void theBackgroundWaitsForATick()
+    {
+        int ends[2];
+        QCOMPARE(::pipe(ends), 0);
+        ManualClock clock;
+        StandardInputSource source(clock, ends[0]);
+        SourceLog log(source);
+        source.start();
+        clock.advance(10.0); // later than all times below
+        clock.setBackground(true);
+        QVERIFY(say(ends[1], "#channels a\n0,1\n1,2\n"));
+        QTRY_COMPARE(log.times.size(), 2); // the first readings date a stream
+        QVERIFY(say(ends[1], "2,3\n"));
+        QCoreApplication::processEvents();
+        QVERIFY(say(ends[1], "3,4\n"));
+        QCoreApplication::processEvents();
+        QCOMPARE(log.times.size(), 2);
+        clock.advance(0.02);
+        QCOMPARE(log.times, (QVector<double>{0, 1, 2, 3}));
+        QVERIFY(say(ends[1], "4,5\n,6\n"));
+        QCoreApplication::processEvents();
+        clock.setBackground(false);
+        QCOMPARE(log.times.size(), 6);
+        clock.setBackground(true);
+        QVERIFY(say(ends[1], ",7\n"));
+        QTRY_COMPARE(log.times.size(), 7);
+        QVERIFY(say(ends[1], "100000,8\n"));
+        QTRY_COMPARE(log.times.size(), 8);
+        QVERIFY(say(ends[1], "100001,9\n"));
+        ::close(ends[1]);
+        clock.advance(0.02);
+        QTRY_COMPARE(log.times.size(), 9);
+        QTRY_COMPARE(log.stateNames(), QString("Connecting Running Finished"));
+        ::close(ends[0]);
+    }
+
     //! Images of 8 and 16 bits and as text, cut anywhere; the second says its time.
     //! Large pieces are read in a thread, while those before are used.
     void aFloodKeepsItsOrder()

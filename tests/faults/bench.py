@@ -28,6 +28,7 @@ class Bench:
     long: bool
     plant: Plant = field(default_factory=Plant)
     tries: int = 0
+    survived: int = 0
     faults: list = field(default_factory=list)
     lost: int = 0
     notes: dict = field(default_factory=dict)
@@ -40,15 +41,16 @@ class Bench:
         self.random = random.Random(SEED)
 
     @contextlib.contextmanager
-    def trying(self, what):
-        """One try, in a scratch folder of its own. A fault is kept, and the next try begins.
+    def trying(self, what, tries=1):
+        """One try, or several that are made together, in a scratch folder of their own. A fault is kept, and the next try begins.
 
         A monitor that is broken enough lets the driver's own reading and sending fail; this counts as a fault, too.
         """
-        self.tries += 1
+        self.tries += tries
         self.folder = Path(tempfile.mkdtemp(prefix="corvale-faults-"))
         try:
             yield
+            self.survived += tries
         except (Fault, OSError, ValueError) as fault:
             self.faults.append(f"{what}: {fault}")
             if self.plant.name != Plant.name:
@@ -89,7 +91,7 @@ class Bench:
     def summary(self, name):
         notes = "".join(f", {note} {value:.0f}" for note, value in self.notes.items())
         notes += "".join(f", {missing}" for missing in self.missing)
-        return f"{name} | {self.tries} tries | {self.tries - len(self.faults)} survived | {self.lost} lost{notes}"
+        return f"{name} | {self.tries} tries | {self.survived} survived | {self.lost} lost{notes}"
 
 
 def _self_test(program, name, drive, plants):

@@ -1,11 +1,19 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/RVXScope.h"
+#include "monitor/core/Clock.h"
+#include "monitor/core/RunReport.h"
 #include "monitor/readings/FitParameters.h"
+#include "monitor/session/Session.h"
+#include "monitor/sources/NoSource.h"
+#include "monitor/window/KeptCompanions.h"
+#include "monitor/window/KeptConnections.h"
 #include "monitor/window/KeptOptions.h"
+#include "monitor/window/ScopeMemory.h"
 #include "monitor/window/WindowSettings.h"
 #include "tests/support/FuzzTarget.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QDockWidget>
 #include <QFile>
 #include <QMainWindow>
@@ -17,6 +25,8 @@ using namespace Corvale_Qt;
 using namespace Monitor;
 
 namespace {
+
+const QString formerWindow = QStringLiteral("/w.xui");
 
 QMainWindow &window()
 {
@@ -38,6 +48,13 @@ RVXScope &scope()
     return *scope;
 }
 
+Session &session()
+{
+    static SystemClock clock;
+    static auto *session = new Session(clock, std::make_unique<NoSource>(clock));
+    return *session;
+}
+
 QByteArray sealed(const QByteArray &layout)
 {
     return (QCryptographicHash::hash(layout, QCryptographicHash::Sha1) + layout).toBase64();
@@ -52,6 +69,48 @@ std::string iniOf(const QByteArray &geometry, const QByteArray &docks)
         .toStdString();
 }
 
+//! The scope takes what was kept of it and can be kept again, and so can connections and the sources that were beside another.
+void tryMemory(WindowSettings &settings)
+{
+    const int connections = keptConnections(settings).size();
+    keepConnections(keptConnections(settings), settings);
+    FUZZ_REQUIRE(keptConnections(settings).size() == connections);
+    const QString source = session().source().description();
+    const QVector<NamedAddress> beside = keptCompanions(source, settings);
+    if (!beside.isEmpty())
+        keepCompanions(source, beside, settings);
+    FUZZ_REQUIRE(beside.isEmpty() || openCompanions(settings).size() == beside.size());
+    FUZZ_REQUIRE(keptCompanions(source, settings).size() == beside.size());
+    const ScopeMemory memory(session(), scope(), settings, nullptr);
+    StreamHeader header;
+    header.channels = {{QStringLiteral("a"), QStringLiteral("nA")}};
+    Q_EMIT session().streamStarted(header);
+    FUZZ_REQUIRE(scope().restoreState(scope().saveState()));
+}
+
+//! A report that a former run left is told of once, if it is one of this window.
+void tryReport(const QByteArray &content)
+{
+    static const bool isSet = [] {
+        static const QTemporaryDir state;
+        return qputenv("XDG_STATE_HOME", QFile::encodeName(state.path()))
+            && QDir().mkpath(RunReport::folder());
+    }();
+    FUZZ_REQUIRE(isSet);
+    QFile file(QDir(RunReport::folder()).filePath(QStringLiteral("run-left.run")));
+    if (!file.open(QFile::WriteOnly))
+        return;
+    file.write(content);
+    file.close();
+    for (const FormerRun &run : FormerRun::take(formerWindow)) {
+        FUZZ_REQUIRE(run.notes.value(QStringLiteral("window")) == formerWindow);
+        FUZZ_REQUIRE(run.crashed.isValid() == !run.report.isEmpty());
+        FUZZ_REQUIRE(!file.exists());
+        QFile::remove(run.report); // two runs never have the same name
+    }
+    FUZZ_REQUIRE(!file.exists() || FormerRun::take(formerWindow).isEmpty());
+}
+
 //! What a settings file says is within the limits of what it is for.
 void tryFile(const QByteArray &content)
 {
@@ -64,7 +123,7 @@ void tryFile(const QByteArray &content)
     file.write(content);
     file.close();
     {
-        const WindowSettings settings(path);
+        WindowSettings settings(path);
         FUZZ_REQUIRE(settings.timeSpan() >= 0.0 && settings.palette() >= 0);
         const MonitorOptions options = keptOptions(settings);
         FUZZ_REQUIRE(options.file.speed >= 0.0);
@@ -96,6 +155,7 @@ void tryFile(const QByteArray &content)
         settings.list(QStringLiteral("recent"));
         window().restoreGeometry(settings.geometry());
         window().restoreState(settings.docks());
+        tryMemory(settings);
     }
     QFile::remove(path);
 }
@@ -119,15 +179,29 @@ std::vector<std::string> fuzzSeeds()
                             "gaussian-fit-regression-window=5\ncenter-of-gravity=true\n"
                             "center-of-threshold=20\n";
     return {
-        iniOf(window().saveGeometry(), window().saveState()), scope().saveState().toStdString(),
+        iniOf(window().saveGeometry(), window().saveState()),
+        scope().saveState().toStdString(),
         "[Monitor]\nlimits=\"a;1;2;3;4\"\nrecent=sim:ic4, a.csv\nwindows-channels=@Invalid()\n",
         "[StatisticsSetupPage]\npeaks=99999999999\n[Monitor]\ntime-span=all\nstart-with=nothing\n",
-        fit};
+        fit,
+        "[Monitor]\nconnections=\"[\\\"halo\\\",\\\"tcp://10.0.0.7:5000\\\"]\"\n"
+        "trigger=\"[\\\"1\\\",\\\"0\\\",\\\"0.5\\\",\\\"0\\\",\\\"0.1\\\",\\\"0\\\",\\\"a\\\","
+        "\\\"nA\\\"]\"\n"
+        "beside=\"[\\\"No source is open\\\",\\\"halo\\\",\\\"a.csv\\\"]\"\n"
+        "scope-averaging=10\nscope-yScaleMode=1\nscope-positiveOnly=true\n",
+        "corvale-monitor 2.1.0, Qt 5.15.8, process 7, began at 2026-11-23T09:00:00Z\nsource: "
+        "sim:ic4\n"
+        "window: /w.xui\n\ncrash: signal 11 (SIGSEGV), 7 s after the start\nThe frames of the "
+        "stack\n"};
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char *>(data), int(size));
+    if (bytes.startsWith("corvale-monitor")) {
+        tryReport(bytes);
+        return 0;
+    }
     tryFile(bytes);
     tryScope(bytes);
     return 0;

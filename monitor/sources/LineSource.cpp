@@ -5,6 +5,7 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <cmath>
 #include <variant>
 
@@ -53,7 +54,7 @@ void LineSource::tick()
 
 bool LineSource::isSilentTooLong() const
 {
-    return m_longestSilence > 0.0 && state() == State::Running && m_heardAt
+    return m_longestSilence > 0.0 && state() == State::Running && m_heardAt && !isTakingLast()
         && clock().seconds() - *m_heardAt >= m_longestSilence;
 }
 
@@ -128,6 +129,32 @@ void LineSource::takeRest()
     const QPointer<LineSource> alive(this);
     while (alive && m_intake.pending() > 0)
         tell(m_intake.next());
+}
+
+void LineSource::takeLast(const QByteArray &bytes, std::function<void()> then)
+{
+    m_last = Last{bytes, 0, std::move(then)};
+    m_lastPieces.go();
+}
+
+//! Returns whether more is there.
+bool LineSource::takePieceOfLast()
+{
+    if (!m_last)
+        return false;
+    const QPointer<LineSource> alive(this); // what hears of readings may close the source
+    const QByteArray bytes = m_last->bytes;
+    const int begin = m_last->taken;
+    const int size = std::min(livePieceSize, bytes.size() - begin);
+    m_last->taken += size;
+    if (size > 0)
+        takeBytes({bytes.constData() + begin, std::size_t(size)});
+    if (!alive || begin + size < bytes.size())
+        return bool(alive);
+    const std::function<void()> then = std::move(m_last->then);
+    m_last.reset();
+    then();
+    return false;
 }
 
 void LineSource::noteBytes(std::string_view bytes)

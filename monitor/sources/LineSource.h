@@ -3,10 +3,12 @@
 
 #include "monitor/sources/Backoff.h"
 #include "monitor/sources/LineIntake.h"
+#include "monitor/sources/PieceByPiece.h"
 #include "monitor/sources/Source.h"
 
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -61,6 +63,11 @@ protected:
     bool mayWait() const;
     //! Reads the bytes that have waited for a tick.
     void readGathered();
+    /*! To be called with the bytes that are left when the connection is gone: they are taken a piece in each turn of the event loop, the
+        first one at once. Calls \a then after the last of them, for lost() or peerLeft(). */
+    void takeLast(const QByteArray &bytes, std::function<void()> then);
+    //! Returns whether bytes of takeLast() wait for the next turn.
+    bool isTakingLast() const { return m_last.has_value(); }
     //! Returns memory for bytes, which may have been used before; it may be empty.
     std::vector<char> takeSpare() { return std::exchange(m_spare, {}); }
     /*! To be called when the connection is gone or could not be made; \a text says what was tried and what came back.
@@ -76,10 +83,19 @@ protected:
     void ended();
 
 private:
+    //! The last bytes of a connection, of which some have been taken.
+    struct Last
+    {
+        QByteArray bytes;
+        int taken = 0;
+        std::function<void()> then;
+    };
+
     void tick();
     bool isSilentTooLong() const;
     void noteBytes(std::string_view bytes);
     void takeAllRest();
+    bool takePieceOfLast();
     void tell(LineIntake::Piece piece);
     void end(LineIntake::Rest rest);
 
@@ -88,6 +104,10 @@ private:
     std::vector<char> m_spare;
     std::vector<char> m_gathered; //!< bytes that came in the background and are not read yet
     bool m_statesTimes = false; //!< whether the lines that were read last do
+    std::optional<Last> m_last;
+    PieceByPiece m_lastPieces{this, [this] {
+                                  return takePieceOfLast();
+                              }};
     Backoff m_backoff;
     std::optional<double> m_retryAt;
     //! Fires when the next attempt is due, since the ticks of a resting clock are too far apart.

@@ -108,12 +108,10 @@ void TcpClientSource::socketFailed()
                         : tr("closed by the other side");
     });
     m_end.end();
-    while (m_up && m_socket.bytesAvailable() > 0) {
-        const QByteArray rest = m_socket.readAll();
-        takeBytes({rest.constData(), std::size_t(rest.size())});
-    }
     m_up = false;
-    lostBecause(came, endedByPeer && !wasReset);
+    takeLast(m_socket.readAll(), [this, came, inOrder = endedByPeer && !wasReset] {
+        lostBecause(came, inOrder);
+    });
 }
 
 //! Qt looks for names in threads and waits without end for the answer, which never comes if such a thread cannot start.

@@ -1,9 +1,27 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/TcpServerSource.h"
 
+#include "monitor/core/Clock.h"
 #include "monitor/sources/SocketSetup.h"
 
+#include <utility>
+
 namespace Monitor {
+
+namespace {
+
+//! Seconds for which a peer that goes on sending keeps the next one waiting.
+constexpr double longestFarewell = 2.0;
+
+} // namespace
+
+void TcpServerSource::Server::incomingConnection(qintptr descriptor)
+{
+    auto *peer = new QTcpSocket(this);
+    peer->setSocketDescriptor(descriptor);
+    setUpSocket(peer);
+    addPendingConnection(peer);
+}
 
 TcpServerSource::TcpServerSource(Clock &clock,
                                  const QHostAddress &address,
@@ -13,7 +31,7 @@ TcpServerSource::TcpServerSource(Clock &clock,
     , m_address(address)
     , m_port(port)
     , m_pieces(this, [this] {
-        return readPiece(m_peer);
+        return readPiece();
     })
 {
     connect(&m_server, &QTcpServer::newConnection, this, &TcpServerSource::peerArrived);
@@ -60,30 +78,63 @@ void TcpServerSource::close()
     dropPeer();
 }
 
+/*! Takes the next peer. One that is still connected loses its place: when an instrument restarts, its old connection may linger half
+    open. But what it has sent is read first, because it may have left right after sending a lot. */
 void TcpServerSource::peerArrived()
 {
-    while (QTcpSocket *peer = m_server.nextPendingConnection()) {
-        replacePeer();
-        m_peer = peer;
-        setUpSocket(peer);
-        connect(peer, &QTcpSocket::readyRead, this, [this] {
-            m_pieces.go();
-        });
-        m_end.watch(*peer);
-        connect(peer, &QTcpSocket::disconnected, this, [this, peer] {
-            peerGone(peer);
-        });
-        connected();
-        m_pieces.go();
+    if (isTakingLast() || !m_server.hasPendingConnections())
+        return;
+    if (!m_peer) {
+        takePeer(m_server.nextPendingConnection());
+        return;
     }
+    const QPointer<TcpServerSource> alive(this); // what hears of readings may close the source
+    const QPointer<QTcpSocket> former = m_peer;
+    const bool talks = former->bytesAvailable() > 0 || former->waitForReadyRead(0);
+    if (!alive || !m_peer || former != m_peer)
+        return; // it has left, and the next one has its place
+    if (!talks) {
+        replacePeer();
+        return;
+    }
+    m_hasTalked = true;
+    m_replaceAt = clock().seconds() + longestFarewell;
+    clock().stayAwake();
 }
 
-void TcpServerSource::peerGone(QTcpSocket *peer)
+//! Replaces a peer that has said everything, or does not stop.
+void TcpServerSource::poll()
 {
-    readAll(peer);
+    if (!m_peer || isTakingLast() || !m_server.hasPendingConnections())
+        return;
+    if (!std::exchange(m_hasTalked, false) || clock().seconds() >= m_replaceAt)
+        replacePeer();
+}
+
+void TcpServerSource::takePeer(QTcpSocket *peer)
+{
+    const QPointer<TcpServerSource> alive(this); // what hears of readings may close the source
+    m_peer = peer;
+    connect(peer, &QTcpSocket::readyRead, this, [this] {
+        m_pieces.go();
+    });
+    m_end.watch(*peer);
+    connect(peer, &QTcpSocket::disconnected, this, &TcpServerSource::peerGone);
+    connected();
+    if (alive)
+        m_pieces.go();
+    if (alive && m_peer && m_peer->state() == QAbstractSocket::UnconnectedState)
+        peerGone(); // while it waited for its turn
+    if (alive)
+        peerArrived();
+}
+
+void TcpServerSource::peerGone()
+{
+    const QByteArray rest = m_peer->readAll();
     const bool wasReset = m_end.wasReset();
-    const bool endedByPeer = peer->error() == QAbstractSocket::RemoteHostClosedError;
-    const LoggedText why = LoggedText::ofSystem(peer->errorString());
+    const bool endedByPeer = m_peer->error() == QAbstractSocket::RemoteHostClosedError;
+    const LoggedText why = LoggedText::ofSystem(m_peer->errorString());
     dropPeer();
     const LoggedText text = LoggedText::of([&] {
         QString how = tr("the connection broke (%1)").arg(why.now());
@@ -92,37 +143,32 @@ void TcpServerSource::peerGone(QTcpSocket *peer)
                            : tr("the peer closed the connection");
         return QStringLiteral("%1: %2").arg(description(), how);
     });
-    peerLeft(text, endedByPeer && !wasReset);
+    takeLast(rest, [this, text, inOrder = endedByPeer && !wasReset] {
+        peerLeft(text, inOrder);
+        peerArrived();
+    });
 }
 
-/*! Drops the peer whose place another one takes: when an instrument restarts, its old connection may linger half open.
-    What the peer has sent before is read first, because it may have come and gone within one turn of the event loop. */
 void TcpServerSource::replacePeer()
 {
-    if (!m_peer)
-        return;
-    m_peer->disconnect(this);
-    readAll(m_peer);
-    m_peer->waitForReadyRead(0); // takes what the system holds, and does not wait for more
-    readAll(m_peer);
+    const QByteArray rest = m_peer->readAll();
     dropPeer();
-    Q_EMIT noted(QStringLiteral("%1: a new peer replaces the old one").arg(description()));
+    takeLast(rest, [this] {
+        Q_EMIT noted(QStringLiteral("%1: a new peer replaces the old one").arg(description()));
+        peerArrived();
+    });
 }
 
 //! Returns whether more is there.
-bool TcpServerSource::readPiece(QTcpSocket *peer)
+bool TcpServerSource::readPiece()
 {
-    if (!peer || peer != m_peer || peer->bytesAvailable() == 0)
+    if (!m_peer || m_peer->bytesAvailable() == 0)
         return false;
-    const QByteArray bytes = peer->read(livePieceSize);
+    m_hasTalked = true;
+    const QByteArray bytes = m_peer->read(livePieceSize);
     const QPointer<TcpServerSource> alive(this); // what hears of readings may close the source
     takeBytes({bytes.constData(), std::size_t(bytes.size())});
-    return alive && peer == m_peer && peer->bytesAvailable() > 0;
-}
-
-void TcpServerSource::readAll(QTcpSocket *peer)
-{
-    while (readPiece(peer)) { }
+    return alive && m_peer && m_peer->bytesAvailable() > 0;
 }
 
 void TcpServerSource::dropPeer()

@@ -31,19 +31,29 @@ public:
 protected:
     void open() override;
     void close() override;
+    void poll() override;
 
 private:
+    //! Limits what peers send from the first byte on, since they may have to wait until the one before has been read.
+    class Server : public QTcpServer
+    {
+    protected:
+        void incomingConnection(qintptr descriptor) override;
+    };
+
     void peerArrived();
+    void takePeer(QTcpSocket *peer);
     void replacePeer();
-    void peerGone(QTcpSocket *peer);
-    bool readPiece(QTcpSocket *peer);
-    void readAll(QTcpSocket *peer);
+    void peerGone();
+    bool readPiece();
     void dropPeer();
 
     const QHostAddress m_address;
     const quint16 m_port;
-    QTcpServer m_server;
+    Server m_server;
     QPointer<QTcpSocket> m_peer;
+    bool m_hasTalked = false; //!< since the last tick of the clock
+    double m_replaceAt = 0.0; //!< the time at which a peer that still talks loses its place
     PieceByPiece m_pieces; //!< of what the peer sends
     SocketEnd m_end; //!< of the peer's connection
 };

@@ -54,6 +54,9 @@ class Watched:
         self.send_bytes(lines(self.sent, self.sent + count))
         self.sent += count
 
+    def connect_again(self):
+        """A pipe has one sender, which stays."""
+
     def readings(self):
         parts = sorted(self.bench.folder.glob("watched*.csv"), key=lambda part: part.stat().st_mtime_ns)
         return [index for part in parts for index in recorded(part.read_bytes())]
@@ -92,6 +95,12 @@ class WatchedPeer(Watched):
     def send_bytes(self, data):
         self.peer.sendall(data)
 
+    def connect_again(self):
+        """Leaves while the window still reads what was sent, and takes its next connection."""
+        self.peer.close()
+        self.peer = self.server.accept()[0]
+        self.send_bytes(header())
+
 
 def steady(bench):
     """Readings come at the rate."""
@@ -115,6 +124,8 @@ def flood(bench, names, watched=Watched):
             for _ in range(20 if bench.long else 2):
                 window.send_bytes(block)
             window.send_bytes(b"\n")
+            window.send(20)
+            window.connect_again()
             window.send(20)
         window.end(FLOOD_LIMIT, "flood")
 

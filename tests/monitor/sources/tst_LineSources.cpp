@@ -8,10 +8,12 @@
 #include "tests/monitor/support/SourceLog.h"
 #include "tests/support/TestMain.h"
 
+#include <QAbstractEventDispatcher>
 #include <QRegularExpression>
 #include <QTcpSocket>
 #include <QTemporaryFile>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
 #include <netinet/in.h>
@@ -145,7 +147,6 @@ private Q_SLOTS:
         ::close(ends[0]);
     }
 
-    //! Images of 8 and 16 bits and as text, cut anywhere; the second says its time.
     //! Large pieces are read in a thread, while those before are used.
     void aFloodKeepsItsOrder()
     {
@@ -500,7 +501,56 @@ private Q_SLOTS:
         fourth.disconnectFromHost();
         QVERIFY(server.connectPeer(fifth, "8,9\n9,10\n"));
         QTRY_COMPARE(server.log.times.size(), 10);
-        QVERIFY(server.log.text().contains("6: 7 | 7: 8 | event"));
+        QVERIFY(server.log.text().endsWith("6: 7 | 7: 8 | 8: 9 | 9: 10"));
+    }
+
+    void theNextPeerWaitsForTheRestOfTheFormer_data()
+    {
+        QTest::addColumn<bool>("leaves");
+        QTest::addColumn<int>("extra");
+        QTest::newRow("it has left") << true << 0;
+        QTest::newRow("it falls silent") << false << 0;
+        QTest::newRow("it does not stop") << false << 2;
+    }
+
+    //! The rest is read in pieces, so that no turn of the event loop takes long.
+    void theNextPeerWaitsForTheRestOfTheFormer()
+    {
+        QFETCH(bool, leaves);
+        QFETCH(int, extra);
+        constexpr int rows = 100, piece = 64 * 1024;
+        QByteArray lines;
+        for (int i = 0; i < rows; ++i)
+            lines += QByteArray::number(i) + ",1\n" + QByteArray(40000, '\n');
+        Server server;
+        int inTurn = 0, mostInTurn = 0;
+        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                &server.source, [&] { inTurn = 0; });
+        connect(&server.source, &Source::bytesArrived, &server.source,
+                [&](const QByteArray &bytes) {
+                    inTurn += bytes.size();
+                    mostInTurn = std::max(mostInTurn, inTurn);
+                });
+        server.source.start();
+        QTcpSocket former, next;
+        QVERIFY(server.connectPeer(former, lines) && former.waitForBytesWritten());
+        if (leaves)
+            former.disconnectFromHost();
+        QVERIFY(server.connectPeer(next, "99998,1\n99999,1\n"));
+        QTRY_COMPARE(server.log.times.size(), leaves ? rows + 2 : rows);
+        for (int i = rows; i < rows + extra; ++i) {
+            former.write(QByteArray::number(i) + ",1\n");
+            QTRY_COMPARE(server.log.times.size(), i + 1);
+            QCOMPARE(server.log.text().count("event"), 0);
+            server.clock.advanceSilently(1.0);
+            server.clock.advance(0.02);
+        }
+        if (extra == 0)
+            server.clock.advance(0.04);
+        QTRY_COMPARE(server.log.times.size(), rows + extra + 2);
+        QVERIFY(std::is_sorted(server.log.times.cbegin(), server.log.times.cend()));
+        QCOMPARE(server.source.state(), Source::State::Running);
+        QVERIFY2(mostInTurn <= 2 * piece, qPrintable(QString::number(mostInTurn)));
     }
 
     void aBusyPortIsTriedAgain()

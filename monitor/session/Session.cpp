@@ -362,9 +362,8 @@ double Session::rate() const
 //! Says which files could not be compressed.
 void Session::tellCompression()
 {
-    const QStringList errors =
-        m_compressor
-            ->takeErrors(); // a loop over a temporary would copy the empty list at every tick
+    // A loop over a list that is not const would copy even an empty one at every tick.
+    const QStringList errors = m_compressor->takeErrors();
     for (const QString &error : errors)
         Q_EMIT noted(QStringLiteral("WARNING %1").arg(error));
 }

@@ -62,9 +62,12 @@ void LineSource::connected()
 {
     m_retryAt.reset();
     m_heardAt.reset();
+    const QPointer<LineSource> alive(this);
     takeAllRest();
-    tell(m_intake.begin());
-    setState(State::Running, description());
+    if (alive)
+        tell(m_intake.begin());
+    if (alive)
+        setState(State::Running, description());
 }
 
 double LineSource::arrivalTime() const
@@ -187,20 +190,25 @@ void LineSource::tell(LineIntake::Piece piece)
     }
 }
 
-void LineSource::end(LineIntake::Rest rest)
+//! Reads what is left. Returns false if the source was deleted meanwhile.
+bool LineSource::end(LineIntake::Rest rest)
 {
+    const QPointer<LineSource> alive(this);
     takeAllRest();
-    tell(m_intake.end(rest));
+    if (alive)
+        tell(m_intake.end(rest));
+    return bool(alive);
 }
 
 void LineSource::lost(const LoggedText &text, bool inOrder)
 {
     if (!m_reconnecting) {
-        end(LineIntake::Rest::Read);
-        setState(inOrder ? State::Finished : State::Failed, text);
+        if (end(LineIntake::Rest::Read))
+            setState(inOrder ? State::Finished : State::Failed, text);
         return;
     }
-    end(LineIntake::Rest::Dropped);
+    if (!end(LineIntake::Rest::Dropped))
+        return;
     const double wait = m_backoff.next();
     m_retryAt = clock().seconds() + wait;
     constexpr double msPerSecond = 1000.0;
@@ -224,7 +232,8 @@ void LineSource::peerLeft(const LoggedText &text, bool inOrder)
         lost(text, inOrder);
         return;
     }
-    end(LineIntake::Rest::Dropped);
+    if (!end(LineIntake::Rest::Dropped))
+        return;
     m_heardAt.reset();
     setState(State::Connecting, LoggedText::of([&] {
                  return tr("%1; waiting for the next one").arg(text.now());
@@ -233,7 +242,8 @@ void LineSource::peerLeft(const LoggedText &text, bool inOrder)
 
 void LineSource::ended()
 {
-    end(LineIntake::Rest::Read);
+    if (!end(LineIntake::Rest::Read))
+        return;
     setState(State::Finished, LoggedText::of([this] {
                  return tr("reached the end of %1").arg(description());
              }));

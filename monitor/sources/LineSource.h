@@ -97,7 +97,7 @@ private:
     void takeAllRest();
     bool takePieceOfLast();
     void tell(LineIntake::Piece piece);
-    void end(LineIntake::Rest rest);
+    bool end(LineIntake::Rest rest);
 
     LineIntake m_intake;
     LineCounts m_counts; //!< up to what was told

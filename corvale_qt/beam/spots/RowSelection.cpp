@@ -164,7 +164,8 @@ void RowSelection::replace(QItemSelectionModel &selection,
     if (added.empty() && removed.empty())
         return;
     const QItemSelection selected = table.selectionOf(added);
-    m_announced = &selected;
+    // A selection model that a host keeps quiet tells nobody, and the next announcement at this place would be somebody else's.
+    m_announced = selection.signalsBlocked() ? nullptr : &selected;
     Q_EMIT selection.selectionChanged(selected, table.selectionOf(removed));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/MonitorWindow.h"
 
+#include "monitor/core/Clock.h"
 #include "monitor/session/Companions.h"
 #include "monitor/window/AddSourceAction.h"
 #include "monitor/window/BackgroundWatch.h"
@@ -38,7 +39,6 @@
 #include <corvale_qt/widgets/TimeSpanBox.h>
 
 #include <QDockWidget>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
@@ -294,10 +294,10 @@ bool MonitorWindow::event(QEvent *event)
 {
     if (event->type() != QEvent::UpdateRequest)
         return QMainWindow::event(event);
-    QElapsedTimer timer;
-    timer.start();
+    const Clock &clock = m_session.clock();
+    const double begin = clock.seconds();
     const bool taken = QMainWindow::event(event); // paints all that is to be painted
-    const double seconds = double(timer.nsecsElapsed()) * 1e-9;
+    const double seconds = clock.seconds() - begin;
     for (const Companions::Member &member : m_companions->members())
         member.session->notePainting(seconds);
     return taken;

@@ -52,7 +52,8 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
     m_table->setAccessibleName(tr("Limits of each channel"));
     m_table->setHorizontalHeaderLabels(
         {tr("Low alarm"), tr("Low warning"), tr("High warning"), tr("High alarm")});
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->setTabKeyNavigation(false); // Tab leads from cell to cell while one is edited
     fill();
     connect(m_table, &QTableWidget::cellChanged, this, &LimitsDialog::check);

@@ -69,6 +69,7 @@ void RVXMultichannelDeviceModel::exchangeChannels(const QVector<Channel> &channe
     Q_D(RVXMultichannelDeviceModel);
     const int count = allowedChannels(channels.size());
     std::vector<int> from;
+    from.reserve(std::size_t(count));
     for (int i = 0; i < count; ++i)
         from.push_back(d->isChannel(former.value(i)) ? former[i] - 1 : ChannelRings::noChannel);
     beginResetModel();

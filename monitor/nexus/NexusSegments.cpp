@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/nexus/NexusSegments.h"
 
+#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/RegularFile.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
@@ -33,6 +34,7 @@ public:
     void eventNoted(const QString &text) override { m_writer.addEvent(text); }
     void lineRefused(const RefusedLine &line) override
     {
+        const EnglishTexts english; // of what the log says
         if (refused.isEmpty())
             refused = line.text();
     }

@@ -2,6 +2,7 @@
 #include "monitor/window/SessionLines.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 #include "monitor/readings/StreamDetector.h"
 #include "monitor/session/Session.h"
@@ -69,8 +70,12 @@ void SessionLines::noteAssumptions(const StreamHeader &header)
 void SessionLines::noteRefused(const RefusedLine &line)
 {
     tellHeldBack();
-    if (m_refused.admits(m_clock.seconds()))
-        Q_EMIT written(QStringLiteral("WARNING ") + line.text());
+    if (!m_refused.admits(m_clock.seconds()))
+        return;
+    const auto text = LoggedText::of([&line] {
+        return line.text();
+    });
+    Q_EMIT written(QStringLiteral("WARNING ") + text.logged());
 }
 
 //! Writes what the source says of its state, in English as all of the log.

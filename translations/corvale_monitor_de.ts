@@ -532,10 +532,6 @@
 <context>
     <name>Monitor::FileSource</name>
     <message>
-        <source>Check the path and whether this user may read the file; a table has one line of names and one line for each time.</source>
-        <translation>Pfad prüfen und ob dieser Benutzer die Datei lesen darf; eine Tabelle hat eine Zeile Namen und eine Zeile für jeden Zeitpunkt.</translation>
-    </message>
-    <message>
         <source>the file is empty</source>
         <translation>die Datei ist leer</translation>
     </message>
@@ -554,6 +550,14 @@
     <message>
         <source>reading %1 failed: %2</source>
         <translation>Lesen von %1 misslungen: %2</translation>
+    </message>
+    <message>
+        <source>The file must be a recording, a table with one line of names and one line for each time, or HDF5.</source>
+        <translation>Die Datei muss eine Aufzeichnung, eine Tabelle mit einer Zeile Namen und einer Zeile für jeden Zeitpunkt oder HDF5 sein.</translation>
+    </message>
+    <message>
+        <source>Check the path and whether this user may read the file.</source>
+        <translation>Pfad prüfen und ob dieser Benutzer die Datei lesen darf.</translation>
     </message>
 </context>
 <context>
@@ -2039,10 +2043,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Nichts wiederholen (Rücktaste)</translation>
     </message>
     <message>
-        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
-        <translation>Klicken oder ziehen, um dorthin zu gehen; mit Umschalt ziehen, um ein Stück zu wiederholen. Tasten: links und rechts (mit Umschalt zehnmal so weit), Pos1, Ende, Bild auf und Bild ab zu Ereignissen und Lücken.</translation>
-    </message>
-    <message>
         <source>Pause the tape</source>
         <translation>Band anhalten</translation>
     </message>
@@ -2059,8 +2059,12 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Faktor der Geschwindigkeit; 1 ist so schnell, wie aufgezeichnet wurde. Von Messwerten ohne Zeiten zeigt 1 x %1 in der Sekunde</translation>
     </message>
     <message>
-        <source>The time of the reading that is shown, as the recording has it; its number where the recording has no times</source>
-        <translation>Die Zeit des gezeigten Messwerts, wie sie in der Aufzeichnung steht; seine Nummer, wo die Aufzeichnung keine Zeiten hat</translation>
+        <source>The time of the reading that is shown, as the recording has it; the time that passes in a gap; the number of the reading where the recording has no times</source>
+        <translation>Die Zeit des gezeigten Messwerts, wie sie in der Aufzeichnung steht; in einer Lücke die Zeit, die vergeht; die Nummer des Messwerts, wo die Aufzeichnung keine Zeiten hat</translation>
+    </message>
+    <message>
+        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and to where gaps begin and end.</source>
+        <translation>Klicken oder ziehen, um dorthin zu gehen; mit Umschalt ziehen, um ein Stück zu wiederholen. Tasten: links und rechts (mit Umschalt zehnmal so weit), Pos1, Ende, Bild auf und Bild ab zu Ereignissen und zu Anfang und Ende von Lücken.</translation>
     </message>
 </context>
 <context>
@@ -2076,6 +2080,10 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>reading %1 of %2</source>
         <translation>Messwert %1 von %2</translation>
+    </message>
+    <message>
+        <source>gap, %1</source>
+        <translation>Lücke, %1</translation>
     </message>
 </context>
 <context>
@@ -2846,6 +2854,60 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
             <numerusform>Eine Schicht</numerusform>
             <numerusform>Alle %n Schichten</numerusform>
         </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cell(s) is/are not wired</source>
+        <translation>
+            <numerusform>%n Zelle ist nicht verdrahtet</numerusform>
+            <numerusform>%n Zellen sind nicht verdrahtet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) belong(s) to no cell</source>
+        <translation>
+            <numerusform>%n Messwert gehört zu keiner Zelle</numerusform>
+            <numerusform>%n Messwerte gehören zu keiner Zelle</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2 left out</source>
+        <translation>%1: %2 ausgelassen</translation>
+    </message>
+    <message>
+        <source>readings with charge where the detector has no cell: %1; the worst, at %2 s: %3</source>
+        <translation>Messwerte mit Ladung, wo der Detektor keine Zelle hat: %1; der schlimmste, bei %2 s: %3</translation>
+    </message>
+    <message>
+        <source>longer than 2 MiB</source>
+        <translation>länger als 2 MiB</translation>
+    </message>
+    <message>
+        <source>more than 256 values</source>
+        <translation>mehr als 256 Werte</translation>
+    </message>
+    <message>
+        <source>a different number of values than the lines before</source>
+        <translation>eine andere Zahl von Werten als die Zeilen davor</translation>
+    </message>
+    <message>
+        <source>its time goes backwards</source>
+        <translation>ihre Zeit geht zurück</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>image %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>Bild %1 verworfen, %2: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>reading %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>Messwert %1 verworfen, %2: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>line %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>Zeile %1 verworfen, %2: &quot;%3&quot;</translation>
     </message>
 </context>
 <context>

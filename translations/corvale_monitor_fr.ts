@@ -532,10 +532,6 @@
 <context>
     <name>Monitor::FileSource</name>
     <message>
-        <source>Check the path and whether this user may read the file; a table has one line of names and one line for each time.</source>
-        <translation>Vérifier le chemin et le droit de lecture de cet utilisateur&#xa0;; une table a une ligne de noms et une ligne pour chaque instant.</translation>
-    </message>
-    <message>
         <source>the file is empty</source>
         <translation>le fichier est vide</translation>
     </message>
@@ -554,6 +550,14 @@
     <message>
         <source>reading %1 failed: %2</source>
         <translation>la lecture de %1 a échoué&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>The file must be a recording, a table with one line of names and one line for each time, or HDF5.</source>
+        <translation>Le fichier doit être un enregistrement, une table avec une ligne de noms et une ligne pour chaque instant, ou HDF5.</translation>
+    </message>
+    <message>
+        <source>Check the path and whether this user may read the file.</source>
+        <translation>Vérifier le chemin et le droit de lecture de cet utilisateur.</translation>
     </message>
 </context>
 <context>
@@ -2039,10 +2043,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Ne rien répéter (Retour arrière)</translation>
     </message>
     <message>
-        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
-        <translation>Cliquer ou glisser pour s&apos;y rendre, glisser avec Maj pour répéter un passage. Touches&#xa0;: gauche et droite (dix fois plus loin avec Maj), Début, Fin, Page haut et Page bas vers les événements et les trous.</translation>
-    </message>
-    <message>
         <source>Pause the tape</source>
         <translation>Mettre en pause</translation>
     </message>
@@ -2059,8 +2059,12 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Combien de fois plus vite que l&apos;enregistrement&#xa0;; pour des mesures sans temps, 1 x en montre %1 par seconde</translation>
     </message>
     <message>
-        <source>The time of the reading that is shown, as the recording has it; its number where the recording has no times</source>
-        <translation>Le temps de la mesure affichée, tel que dans l&apos;enregistrement&#xa0;; son numéro si l&apos;enregistrement n&apos;a pas de temps</translation>
+        <source>The time of the reading that is shown, as the recording has it; the time that passes in a gap; the number of the reading where the recording has no times</source>
+        <translation>Le temps de la mesure affichée, tel que dans l&apos;enregistrement&#xa0;; dans un trou, le temps qui passe&#xa0;; le numéro de la mesure si l&apos;enregistrement n&apos;a pas de temps</translation>
+    </message>
+    <message>
+        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and to where gaps begin and end.</source>
+        <translation>Cliquer ou glisser pour s&apos;y rendre, glisser avec Maj pour répéter un passage. Touches&#xa0;: gauche et droite (dix fois plus loin avec Maj), Début, Fin, Page haut et Page bas vers les événements et vers le début et la fin des trous.</translation>
     </message>
 </context>
 <context>
@@ -2076,6 +2080,10 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>reading %1 of %2</source>
         <translation>mesure %1 sur %2</translation>
+    </message>
+    <message>
+        <source>gap, %1</source>
+        <translation>trou, %1</translation>
     </message>
 </context>
 <context>
@@ -2846,6 +2854,60 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
             <numerusform>%n couche</numerusform>
             <numerusform>Toutes les %n couches</numerusform>
         </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cell(s) is/are not wired</source>
+        <translation>
+            <numerusform>%n cellule n&apos;est pas câblée</numerusform>
+            <numerusform>%n cellules ne sont pas câblées</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) belong(s) to no cell</source>
+        <translation>
+            <numerusform>%n mesure n&apos;appartient à aucune cellule</numerusform>
+            <numerusform>%n mesures n&apos;appartiennent à aucune cellule</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2 left out</source>
+        <translation>%1&#xa0;: %2 non pris en compte</translation>
+    </message>
+    <message>
+        <source>readings with charge where the detector has no cell: %1; the worst, at %2 s: %3</source>
+        <translation>mesures avec de la charge là où le détecteur n&apos;a pas de cellule&#xa0;: %1&#xa0;; la pire, à %2 s&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>longer than 2 MiB</source>
+        <translation>plus longue que 2 Mio</translation>
+    </message>
+    <message>
+        <source>more than 256 values</source>
+        <translation>plus de 256 valeurs</translation>
+    </message>
+    <message>
+        <source>a different number of values than the lines before</source>
+        <translation>un nombre de valeurs différent de celui des lignes précédentes</translation>
+    </message>
+    <message>
+        <source>its time goes backwards</source>
+        <translation>son temps recule</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>illisible</translation>
+    </message>
+    <message>
+        <source>image %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>image %1 rejetée, %2&#xa0;: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>reading %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>mesure %1 rejetée, %2&#xa0;: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>line %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>ligne %1 rejetée, %2&#xa0;: &quot;%3&quot;</translation>
     </message>
 </context>
 <context>

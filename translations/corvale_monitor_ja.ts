@@ -532,10 +532,6 @@
 <context>
     <name>Monitor::FileSource</name>
     <message>
-        <source>Check the path and whether this user may read the file; a table has one line of names and one line for each time.</source>
-        <translation>パスと、このユーザーの読み取り権限を確認してください。表は名前の行と時刻ごとの行からなります。</translation>
-    </message>
-    <message>
         <source>the file is empty</source>
         <translation>ファイルが空です</translation>
     </message>
@@ -554,6 +550,14 @@
     <message>
         <source>reading %1 failed: %2</source>
         <translation>%1 の読み取りに失敗しました: %2</translation>
+    </message>
+    <message>
+        <source>The file must be a recording, a table with one line of names and one line for each time, or HDF5.</source>
+        <translation>ファイルは記録、名前の行と時刻ごとの行からなる表、または HDF5 でなければなりません。</translation>
+    </message>
+    <message>
+        <source>Check the path and whether this user may read the file.</source>
+        <translation>パスと、このユーザーの読み取り権限を確認してください。</translation>
     </message>
 </context>
 <context>
@@ -2039,10 +2043,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>繰り返さない (Backspace)</translation>
     </message>
     <message>
-        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and gaps.</source>
-        <translation>クリックかドラッグでその位置へ移動、Shift を押しながらドラッグで区間を繰り返します。キー: 左右 (Shift で 10 倍)、Home、End、Page Up と Page Down でイベントと途切れへ。</translation>
-    </message>
-    <message>
         <source>Pause the tape</source>
         <translation>テープを一時停止</translation>
     </message>
@@ -2059,8 +2059,12 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>記録時の何倍の速さか。時刻のない測定値では 1 x で毎秒 %1 個を表示します</translation>
     </message>
     <message>
-        <source>The time of the reading that is shown, as the recording has it; its number where the recording has no times</source>
-        <translation>表示中の測定値の、記録にある時刻。記録に時刻がなければその番号</translation>
+        <source>The time of the reading that is shown, as the recording has it; the time that passes in a gap; the number of the reading where the recording has no times</source>
+        <translation>表示中の測定値の、記録にある時刻。途切れの間は経過する時刻。記録に時刻がなければ測定値の番号</translation>
+    </message>
+    <message>
+        <source>Click or drag to go there, drag with Shift to repeat a stretch. Keys: left and right (with Shift ten times as far), Home, End, Page Up and Page Down to events and to where gaps begin and end.</source>
+        <translation>クリックかドラッグでその位置へ移動、Shift を押しながらドラッグで区間を繰り返します。キー: 左右 (Shift で 10 倍)、Home、End、Page Up と Page Down でイベントと、途切れの始まりと終わりへ。</translation>
     </message>
 </context>
 <context>
@@ -2076,6 +2080,10 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>reading %1 of %2</source>
         <translation>測定値 %1 / %2</translation>
+    </message>
+    <message>
+        <source>gap, %1</source>
+        <translation>途切れ %1</translation>
     </message>
 </context>
 <context>
@@ -2830,6 +2838,58 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>
             <numerusform>全 %n レイヤー</numerusform>
         </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cell(s) is/are not wired</source>
+        <translation>
+            <numerusform>%n 個のセルが配線されていません</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reading(s) belong(s) to no cell</source>
+        <translation>
+            <numerusform>%n 個の測定値がどのセルにも属しません</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2 left out</source>
+        <translation>%1: %2 を除外</translation>
+    </message>
+    <message>
+        <source>readings with charge where the detector has no cell: %1; the worst, at %2 s: %3</source>
+        <translation>検出器にセルがない場所に電荷がある測定値: %1。最大のもの (%2 s): %3</translation>
+    </message>
+    <message>
+        <source>longer than 2 MiB</source>
+        <translation>2 MiB を超える長さ</translation>
+    </message>
+    <message>
+        <source>more than 256 values</source>
+        <translation>256 個を超える値</translation>
+    </message>
+    <message>
+        <source>a different number of values than the lines before</source>
+        <translation>前の行と値の数が異なる</translation>
+    </message>
+    <message>
+        <source>its time goes backwards</source>
+        <translation>時刻が戻っている</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>読み取れない</translation>
+    </message>
+    <message>
+        <source>image %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>画像 %1 を破棄 (%2): &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>reading %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>測定値 %1 を破棄 (%2): &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>line %1 dropped, %2: &quot;%3&quot;</source>
+        <translation>行 %1 を破棄 (%2): &quot;%3&quot;</translation>
     </message>
 </context>
 <context>

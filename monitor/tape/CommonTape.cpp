@@ -275,6 +275,7 @@ void CommonTape::begin()
     const double there = goesOn ? positionOf(0, source(0).place()) : firstPosition();
     for (int track = 0; track < count(); ++track) {
         std::vector<Source::PlacedOrigin> origins;
+        origins.reserve(std::size_t(m_times.parts(track)));
         for (int part = 0; part < m_times.parts(track); ++part)
             origins.push_back({m_times.zero() + m_times.origin(track, part), m_times.isDated()});
         source(track).setPlacedOrigins(origins);

@@ -18,8 +18,28 @@ constexpr EightPlaces eightPlaces{0, 1, 2, 3, 4, 5, 6, 7};
 
 static_assert(sizeof(EightParts) / sizeof(float) == SpotCover::slack + 1);
 
-/*! Covers as many pixels at once as \a Parts holds; those behind the last one of a row keep what they have. Must be inlined, so that
-    it becomes the instructions of the function that calls it. */
+//! What the pixels of a spot have in common.
+template<typename Parts>
+struct RimParts
+{
+    Parts slope;
+    Parts behind;
+};
+
+/*! Makes \a background what is left of as many pixels at once as \a Parts holds. This and what calls it must be inlined, so that they
+    become the instructions of the processor that the outermost function is for. */
+template<typename Parts>
+[[gnu::always_inline]] inline void
+coverParts(Parts &background, const float *alongX, float height, const RimParts<Parts> &rim)
+{
+    Parts gauss;
+    std::memcpy(&gauss, alongX, sizeof gauss);
+    gauss *= height;
+    const Parts inside = 1.0F - gauss, atRim = rim.behind - rim.slope * gauss;
+    background = background * (inside > atRim ? inside : atRim) + SpotCover::leastBackground;
+}
+
+//! Covers the pixels of a spot. Those behind the last one of a row keep what they have.
 template<typename Parts, typename Places>
 [[gnu::always_inline]] inline void
 coverInSteps(float *pixels, std::ptrdiff_t stride, const SpotCover &spot, const Places &places)
@@ -27,22 +47,25 @@ coverInSteps(float *pixels, std::ptrdiff_t stride, const SpotCover &spot, const 
     constexpr int step = int(sizeof(Parts) / sizeof(float));
     // Copied, since the compiler must assume that writing to a pixel changes the spot.
     const float *alongX = spot.alongX;
-    const Parts slope = Parts{} + spot.slope, behindRim = Parts{} + (1.0F + spot.offset);
+    const RimParts<Parts> rim{Parts{} + spot.slope, Parts{} + (1.0F + spot.offset)};
     for (int y = 0; y < spot.rowCount; ++y) {
         const SpotRow row = spot.rows[y];
         float *line = pixels + y * stride;
-        for (int x = row.first; x < row.behind; x += step) {
-            Parts background, gauss;
-            std::memcpy(&background, line + x, sizeof background);
-            std::memcpy(&gauss, alongX + x, sizeof gauss);
-            gauss *= row.height;
-            const Parts inside = 1.0F - gauss, atRim = behindRim - slope * gauss;
-            Parts covered =
-                background * (inside > atRim ? inside : atRim) + SpotCover::leastBackground;
-            if (x + step > row.behind)
-                covered = places < Places{} + (row.behind - x) ? covered : background;
+        int x = row.first;
+        for (; x + step <= row.behind; x += step) {
+            Parts covered;
+            std::memcpy(&covered, line + x, sizeof covered);
+            coverParts(covered, alongX + x, row.height, rim);
             std::memcpy(line + x, &covered, sizeof covered);
         }
+        if (x >= row.behind)
+            continue;
+        Parts before;
+        std::memcpy(&before, line + x, sizeof before);
+        Parts covered = before;
+        coverParts(covered, alongX + x, row.height, rim);
+        covered = places < Places{} + (row.behind - x) ? covered : before;
+        std::memcpy(line + x, &covered, sizeof covered);
     }
 }
 

@@ -65,7 +65,7 @@ bool touches(const SpotMapView::MapSpot &spot, const QRectF &area)
     spots cover them. */
 int bandHeight(int width)
 {
-    constexpr int pixelsInCache = 1 << 17;
+    constexpr int pixelsInCache = 1 << 18;
     return std::max(pixelsInCache / std::max(width, 1), 16);
 }
 

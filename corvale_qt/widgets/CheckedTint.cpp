@@ -1,22 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/widgets/CheckedTint_p.h"
+#include "corvale_qt/widgets/MixedColor_p.h"
 
 #include <QAbstractButton>
 #include <QEvent>
 #include <QScopedValueRollback>
 
 namespace Corvale_Qt {
-
-namespace {
-
-QColor halfway(const QColor &one, const QColor &other)
-{
-    return QColor::fromRgb((one.red() + other.red()) / 2,
-                           (one.green() + other.green()) / 2,
-                           (one.blue() + other.blue()) / 2);
-}
-
-} // namespace
 
 CheckedTint::CheckedTint(QAbstractButton *button)
     : QObject(button)
@@ -41,8 +31,9 @@ void CheckedTint::apply()
     QPalette own; // without colours of its own the button has those around it
     if (m_button->isChecked() && m_button->parentWidget()) {
         const QPalette &around = m_button->parentWidget()->palette();
-        own.setColor(QPalette::Button,
-                     halfway(around.color(QPalette::Button), around.color(QPalette::Highlight)));
+        own.setColor(
+            QPalette::Button,
+            mixedColor(around.color(QPalette::Button), around.color(QPalette::Highlight), 0.5));
     }
     const QScopedValueRollback<bool> applying(m_isApplying, true);
     m_button->setPalette(own);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/MapComparison_p.h"
 #include "corvale_qt/beam/spots/SpotLegend_p.h"
+#include "corvale_qt/widgets/MixedColor_p.h"
 
 #include <QLinearGradient>
 #include <QPainter>
@@ -16,16 +17,6 @@ constexpr double smallestOpacity = 0.1, largestOpacity = 0.7;
     of the largest dose makes that. */
 constexpr double brightestDifference = 0.5 / (largestOpacity - smallestOpacity);
 constexpr int digits = 3;
-
-QColor mixed(const QColor &background, const QColor &color, double opacity)
-{
-    const auto channel = [&](qreal below, qreal above) {
-        return below + (above - below) * opacity;
-    };
-    return QColor::fromRgbF(channel(background.redF(), color.redF()),
-                            channel(background.greenF(), color.greenF()),
-                            channel(background.blueF(), color.blueF()));
-}
 
 //! Returns a colour to which a part of another is added, as CompositionMode_Plus does.
 QColor sum(const QColor &color, const QColor &added, double opacity)
@@ -70,8 +61,8 @@ SpotLegend::Scale SpotLegend::doses() const
     const QColor background = m_view.backgroundColor(), color = m_view.spotColor();
     return {withUnit(0.0),
             tr("one spot: %1").arg(withUnit(double(m_view.doseScale()))),
-            {{0.0, mixed(background, color, smallestOpacity)},
-             {1.0, mixed(background, color, largestOpacity)}}};
+            {{0.0, mixedColor(background, color, smallestOpacity)},
+             {1.0, mixedColor(background, color, largestOpacity)}}};
 }
 
 SpotLegend::Scale SpotLegend::differences(const QColor &below, double opacity) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotShades_p.h"
+#include "corvale_qt/widgets/MixedColor_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -57,16 +58,6 @@ private:
     double m_factor;
     double m_change;
 };
-
-QRgb between(const QColor &color, const QColor &background, double part)
-{
-    const auto mix = [part](int one, int other) {
-        return qRound(one + (other - one) * part);
-    };
-    return qRgb(mix(color.red(), background.red()),
-                mix(color.green(), background.green()),
-                mix(color.blue(), background.blue()));
-}
 
 /*! Where a spot ends. A brush has separate steps; in the last of them it falls from the Gaussian to 0. */
 struct Rim
@@ -127,7 +118,8 @@ bool SpotShades::begin(const SpotStyle &style)
         return false;
     }
     for (int step = 0; step <= colorSteps; ++step)
-        m_colors[size_t(step)] = between(style.color, style.background, double(step) / colorSteps);
+        m_colors[size_t(step)] =
+            mixedColor(style.color, style.background, double(step) / colorSteps).rgb();
     return true;
 }
 

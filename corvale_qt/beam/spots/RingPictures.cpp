@@ -67,17 +67,16 @@ const RingPictures::Picture &RingPictures::picture(const SelectionRing &ring)
 RingPictures::Picture RingPictures::make(const SelectionRing &ring) const
 {
     const double steps = stepsInPixel * m_pixelRatio;
+    const int size = ring.shape / (stepsInPixel * stepsInPixel);
     const int place = ring.shape % (stepsInPixel * stepsInPixel);
     const int middle = ring.pixels.width() / 2 * stepsInPixel;
+    const QPoint centre(middle + place / stepsInPixel, middle + place % stepsInPixel);
     QImage image(ring.pixels.size(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(m_pixelRatio);
     image.fill(Qt::transparent);
     {
         QPainter painter(&image);
-        drawRing(painter,
-                 QPointF(middle + place / stepsInPixel, middle + place % stepsInPixel) / steps,
-                 ring.shape / (stepsInPixel * stepsInPixel) / steps,
-                 m_color);
+        drawRing(painter, QPointF(centre) / steps, size / steps, m_color);
     }
     image.setDevicePixelRatio(1.0);
     return {image, PixelMask(image, 1), PixelMask(image, 255)};

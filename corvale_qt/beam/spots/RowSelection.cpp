@@ -109,10 +109,19 @@ struct RowSelection::Table
         }
         for (; wanted != to.end(); ++wanted)
             added.append(rangeOf(*wanted));
-        const auto before = kept - ranges.begin();
+        const auto keptRanges = kept - ranges.begin();
         ranges.erase(kept, ranges.end());
         ranges += added;
-        std::inplace_merge(ranges.begin(), ranges.begin() + before, ranges.end(), isBefore);
+        // Merged from behind, where there is room now.
+        auto next = ranges.begin() + keptRanges;
+        auto place = ranges.end();
+        for (int i = added.size() - 1; i >= 0;) {
+            --place;
+            if (next != ranges.begin() && isBefore(added.at(i), *(next - 1)))
+                *place = std::move(*--next);
+            else
+                *place = added.at(i--);
+        }
     }
 };
 

@@ -16,7 +16,7 @@ void StaleTiles::add(const QRect &part)
 {
     const QRect tiles = tilesOf(part);
     for (int y = tiles.top(); y <= tiles.bottom(); ++y)
-        std::fill_n(m_tiles.begin() + y * m_size.width() + tiles.left(), tiles.width(), char(1));
+        std::fill_n(m_tiles.begin() + placeOf(tiles.left(), y), tiles.width(), char(1));
     m_isEmpty = m_isEmpty && tiles.isEmpty();
 }
 
@@ -30,7 +30,7 @@ bool StaleTiles::touches(const QRect &part) const
     const QRect tiles = tilesOf(part);
     for (int y = tiles.top(); y <= tiles.bottom(); ++y) {
         for (int x = tiles.left(); x <= tiles.right(); ++x) {
-            if (m_tiles[std::size_t(y * m_size.width() + x)])
+            if (m_tiles[std::size_t(placeOf(x, y))])
                 return true;
         }
     }
@@ -41,7 +41,7 @@ QVector<QRect> StaleTiles::rects() const
 {
     QVector<QRect> rects;
     for (int y = 0; y < m_size.height(); ++y) {
-        const auto row = m_tiles.begin() + y * m_size.width(), end = row + m_size.width();
+        const auto row = m_tiles.begin() + placeOf(0, y), end = row + m_size.width();
         for (auto first = std::find(row, end, 1); first != end;) {
             const auto behind = std::find(first, end, 0);
             const QRect tiles(int(first - row), y, int(behind - first), 1);
@@ -50,6 +50,11 @@ QVector<QRect> StaleTiles::rects() const
         }
     }
     return rects;
+}
+
+std::ptrdiff_t StaleTiles::placeOf(int column, int row) const
+{
+    return std::ptrdiff_t(row) * m_size.width() + column;
 }
 
 QRect StaleTiles::tilesOf(const QRect &part) const

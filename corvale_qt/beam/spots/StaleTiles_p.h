@@ -32,6 +32,8 @@ public:
 private:
     //! Returns the columns and rows of the tiles that \a part touches.
     QRect tilesOf(const QRect &part) const;
+    //! Returns where a tile lies among all.
+    std::ptrdiff_t placeOf(int column, int row) const;
 
     const QRect m_pixels;
     const QSize m_size; //!< in tiles

@@ -318,6 +318,13 @@ bool RVXAbstractDeviceDataModel::autoUpdate() const
     return d->autoUpdate;
 }
 
+//! Returns where autoUpdate() is kept, for models that ask for it at each reading.
+const bool &RVXAbstractDeviceDataModel::autoUpdateFlag() const
+{
+    Q_D(const RVXAbstractDeviceDataModel);
+    return d->autoUpdate;
+}
+
 void RVXAbstractDeviceDataModel::setAutoUpdate(bool on)
 {
     Q_D(RVXAbstractDeviceDataModel);

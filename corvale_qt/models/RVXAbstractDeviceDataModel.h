@@ -97,6 +97,9 @@ private Q_SLOTS:
     void collectSample();
 
 private:
+    friend class RVXSingleChannelDataModelPrivate;
+    const bool &autoUpdateFlag() const;
+
     Q_DECLARE_PRIVATE(RVXAbstractDeviceDataModel)
     const std::unique_ptr<RVXAbstractDeviceDataModelPrivate> d_ptr;
 };

@@ -18,6 +18,7 @@ class RVXSingleChannelDataModelPrivate : public LibraryBulkData
 public:
     explicit RVXSingleChannelDataModelPrivate(const RVXSingleChannelDataModel *model)
         : q(model)
+        , announcesEach(model->autoUpdateFlag())
         , times(int(RVXAbstractDeviceDataModel::maxBufferSize))
         , values(RVXAbstractDeviceDataModel::maxBufferSize)
     {
@@ -31,12 +32,24 @@ public:
     quint64 xVersion() const override { return times.version(); }
 
     bool has(int row) const { return row >= 1 && row <= int(values.size()); }
-    void store(double time, double value);
+    //! Returns whether a reading is stored and nothing else: it neither begins anew nor repeats, and nobody hears of it or of a row that goes.
+    bool isOnlyStored(double time) const
+    {
+        return time != 0.0 && !announcesEach && !values.full() && !times.endsWith(time);
+    }
+    // Inline, since a fast channel calls it for each reading.
+    Q_ALWAYS_INLINE void store(double time, double value)
+    {
+        values.push_back(value);
+        ++taken;
+        times.push_back(time);
+    }
     QVariant displayText(int row, int column) const;
     QVariant toolTip(int row, int column) const;
     bool write(QIODevice &file) const;
 
     const RVXSingleChannelDataModel *const q;
+    const bool &announcesEach;
     TimeRing times;
     SampleRing values;
     mutable BlockRanges ranges; // of the stored values
@@ -109,13 +122,6 @@ bool RVXSingleChannelDataModelPrivate::appendText(QByteArray &text, int row, int
     return true;
 }
 
-void RVXSingleChannelDataModelPrivate::store(double time, double value)
-{
-    values.push_back(value);
-    ++taken;
-    times.push_back(time);
-}
-
 QVariant RVXSingleChannelDataModelPrivate::displayText(int row, int column) const
 {
     if (row == 0 && column >= 1)
@@ -169,6 +175,16 @@ const RVXBulkPlotData *RVXSingleChannelDataModel::bulkPlotData() const
 }
 
 void RVXSingleChannelDataModel::AddData(double timestamp, double value)
+{
+    Q_D(RVXSingleChannelDataModel);
+    if (d->isOnlyStored(timestamp))
+        d->store(timestamp, value);
+    else
+        addWithCare(timestamp, value);
+}
+
+//! Adds a reading that may be more than stored. A stamp of 0 begins anew, and the newest stamp is not stored again.
+void RVXSingleChannelDataModel::addWithCare(double timestamp, double value)
 {
     Q_D(RVXSingleChannelDataModel);
     if (timestamp == 0.0)

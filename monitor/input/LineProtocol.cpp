@@ -40,8 +40,11 @@ bool areNamesOf(const QVector<Channel> &channels, const QStringList &names)
                       names.begin(),
                       names.end(),
                       [](const Channel &channel, const QString &name) {
+                          // Names are cut where they are read; with its unit, the name of a column may be longer.
                           return name == channel.name
-                              || name == channel.name + QLatin1Char('_') + channel.unit;
+                              || name
+                              == cleanText(channel.name + QLatin1Char('_') + channel.unit,
+                                           maxNameLength);
                       });
 }
 

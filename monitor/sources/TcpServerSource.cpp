@@ -89,9 +89,9 @@ void TcpServerSource::peerArrived()
         return;
     }
     const QPointer<TcpServerSource> alive(this); // what hears of readings may close the source
-    const QPointer<QTcpSocket> former = m_peer;
-    const bool talks = former->bytesAvailable() > 0 || former->waitForReadyRead(0);
-    if (!alive || !m_peer || former != m_peer)
+    const QTcpSocket *const former = m_peer;
+    const bool talks = m_peer->bytesAvailable() > 0 || m_peer->waitForReadyRead(0);
+    if (!alive || m_peer != former)
         return; // it has left, and the next one has its place
     if (!talks) {
         replacePeer();

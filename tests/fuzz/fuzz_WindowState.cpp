@@ -178,21 +178,31 @@ std::vector<std::string> fuzzSeeds()
                             "gaussian-fit-regression-threhold=-inf\n"
                             "gaussian-fit-regression-window=5\ncenter-of-gravity=true\n"
                             "center-of-threshold=20\n";
+    const std::string kept =
+        R"([Monitor]
+connections="[\"halo\",\"tcp://10.0.0.7:5000\"]"
+trigger="[\"1\",\"0\",\"0.5\",\"0\",\"0.1\",\"0\",\"a\",\"nA\"]"
+beside="[\"No source is open\",\"halo\",\"a.csv\"]"
+scope-averaging=10
+scope-yScaleMode=1
+scope-positiveOnly=true
+)";
+    const std::string report =
+        R"(corvale-monitor 2.1.0, Qt 5.15.8, process 7, began at 2026-11-23T09:00:00Z
+source: sim:ic4
+window: /w.xui
+
+crash: signal 11 (SIGSEGV), 7 s after the start
+The frames of the stack
+)";
     return {
         iniOf(window().saveGeometry(), window().saveState()),
         scope().saveState().toStdString(),
         "[Monitor]\nlimits=\"a;1;2;3;4\"\nrecent=sim:ic4, a.csv\nwindows-channels=@Invalid()\n",
         "[StatisticsSetupPage]\npeaks=99999999999\n[Monitor]\ntime-span=all\nstart-with=nothing\n",
         fit,
-        "[Monitor]\nconnections=\"[\\\"halo\\\",\\\"tcp://10.0.0.7:5000\\\"]\"\n"
-        "trigger=\"[\\\"1\\\",\\\"0\\\",\\\"0.5\\\",\\\"0\\\",\\\"0.1\\\",\\\"0\\\",\\\"a\\\","
-        "\\\"nA\\\"]\"\n"
-        "beside=\"[\\\"No source is open\\\",\\\"halo\\\",\\\"a.csv\\\"]\"\n"
-        "scope-averaging=10\nscope-yScaleMode=1\nscope-positiveOnly=true\n",
-        "corvale-monitor 2.1.0, Qt 5.15.8, process 7, began at 2026-11-23T09:00:00Z\nsource: "
-        "sim:ic4\n"
-        "window: /w.xui\n\ncrash: signal 11 (SIGSEGV), 7 s after the start\nThe frames of the "
-        "stack\n"};
+        kept,
+        report};
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)

@@ -177,16 +177,12 @@ const RVXBulkPlotData *RVXSingleChannelDataModel::bulkPlotData() const
 void RVXSingleChannelDataModel::AddData(double timestamp, double value)
 {
     Q_D(RVXSingleChannelDataModel);
-    if (d->isOnlyStored(timestamp))
+    if (d->isOnlyStored(timestamp)) {
         d->store(timestamp, value);
-    else
-        addWithCare(timestamp, value);
-}
+        return;
+    }
 
-//! Adds a reading that may be more than stored. A stamp of 0 begins anew, and the newest stamp is not stored again.
-void RVXSingleChannelDataModel::addWithCare(double timestamp, double value)
-{
-    Q_D(RVXSingleChannelDataModel);
+    // A stamp of 0 begins anew, and the newest stamp is not stored again.
     if (timestamp == 0.0)
         Clear();
     if (d->times.endsWith(timestamp))

@@ -70,7 +70,6 @@ public:
     QVariant deviceSpecificData(const QModelIndex &index, int role) const override;
 
 private:
-    void addWithCare(double timestamp, double value);
     void addVisibly(double timestamp, double value);
 
     const RVXBulkPlotData *bulkPlotData() const;

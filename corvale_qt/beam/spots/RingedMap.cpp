@@ -47,10 +47,11 @@ const QImage &RingedMap::image(const Scene &scene, const RowSpans &rows)
     m_mapKey = scene.map.cacheKey();
     m_pathKey = scene.path.cacheKey();
     findRings(scene, rows, stale);
-    if (!stale.isEmpty() && std::any_of(m_rings.begin(), m_rings.end(), isLarge))
+    if (stale.isEmpty() || m_image.isNull())
+        return m_image;
+    if (std::any_of(m_rings.begin(), m_rings.end(), isLarge))
         stale.addAll();
-    if (!stale.isEmpty() && !m_image.isNull())
-        draw(scene, stale);
+    draw(scene, stale);
     return m_image;
 }
 

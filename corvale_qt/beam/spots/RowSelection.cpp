@@ -142,7 +142,7 @@ void RowSelection::select(QItemSelectionModel &selection,
         && command.testFlag(QItemSelectionModel::Clear)) {
         if (!isKnown(selection, parent))
             read(selection, table);
-        if (std::size_t(m_ranges.size()) == m_rows.size() && table.lastColumn == m_lastColumn) {
+        if (m_areWhole && table.lastColumn == m_lastColumn) {
             replace(selection, table, chosen, command);
             return;
         }
@@ -211,22 +211,28 @@ bool RowSelection::isKnown(const QItemSelectionModel &selection, const QModelInd
 void RowSelection::read(const QItemSelectionModel &selection, const Table &table)
 {
     forget();
-    QItemSelection ranges = selection.selection();
-    if (!std::is_sorted(ranges.cbegin(), ranges.cend(), isBefore))
-        std::sort(ranges.begin(), ranges.end(), isBefore);
+    const QItemSelection ranges = selection.selection();
+    std::vector<std::pair<int, int>> order; // the first rows of the ranges, and their places
+    order.reserve(std::size_t(ranges.size()));
+    for (int place = 0; place < ranges.size(); ++place)
+        order.emplace_back(ranges.at(place).top(), place);
+    std::sort(order.begin(), order.end());
     bool areWhole = true;
-    for (const QItemSelectionRange &range : qAsConst(ranges)) {
+    for (const auto &[top, place] : order) {
+        const QItemSelectionRange &range = ranges.at(place);
         const bool isHeld = table.holds(range);
         areWhole = areWhole && isHeld && table.isWhole(range);
         if (!isHeld)
             continue;
-        if (m_rows.empty() || m_rows.back().last < range.top())
-            m_rows.push_back({range.top(), range.bottom()});
+        m_ranges.append(range);
+        if (m_rows.empty() || m_rows.back().last < top)
+            m_rows.push_back({top, range.bottom()});
         else // other columns of the same rows
             m_rows.back().last = std::max(m_rows.back().last, range.bottom());
     }
-    if (areWhole)
-        m_ranges = ranges;
+    m_areWhole = areWhole && std::size_t(m_ranges.size()) == m_rows.size();
+    if (!m_areWhole)
+        m_ranges.clear();
     m_isKnown = true;
     m_rowCount = table.model.rowCount(table.parent);
     m_lastColumn = table.lastColumn;

@@ -51,7 +51,8 @@ private:
     bool isKnown(const QItemSelectionModel &selection, const QModelIndex &parent) const;
 
     RowSpans m_rows;
-    QItemSelection m_ranges; //!< one for each of these rows, if all of them are selected as a whole
+    bool m_areWhole = false; //!< whether nothing is selected but whole rows, each once
+    QItemSelection m_ranges; //!< one for each of these rows, if they are whole
     bool m_isKnown = false;
     int m_rowCount = 0; //!< of the model
     int m_lastColumn = 0;

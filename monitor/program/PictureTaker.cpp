@@ -20,6 +20,8 @@ constexpr double settlingTime = 0.5; // s
 constexpr double patience = 20.0; // s
 //! A display that does not show the data within this time has nothing to show.
 constexpr double drawingPatience = 3.0; // s
+//! The turns of the event loop that these times have at least. On a busy machine time passes without any.
+constexpr int settlingTurns = 15, drawingTurns = 100;
 
 } // namespace
 
@@ -60,13 +62,15 @@ void PictureTaker::check()
     }
     if (m_dueSince < 0.0)
         m_dueSince = now;
+    m_session.clock().stayAwake(); // a tick each turn
     const double waited = now - m_dueSince;
+    ++m_turns;
     const bool failed = m_session.statistics().readings() == 0;
-    if (waited < settlingTime)
+    if (waited < settlingTime || m_turns < settlingTurns)
         return;
     if (m_window.displays().hasDrawn())
         take();
-    else if (failed || waited > drawingPatience)
+    else if (failed || (waited > drawingPatience && m_turns > drawingTurns))
         giveUp();
 }
 

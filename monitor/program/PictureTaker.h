@@ -42,6 +42,7 @@ private:
     const QString m_file;
     double m_startedAt;
     double m_dueSince = -1.0;
+    int m_turns = 0; //!< of the event loop since then
     bool m_limitReached = false;
 };
 

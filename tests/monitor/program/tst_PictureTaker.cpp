@@ -42,6 +42,23 @@ private Q_SLOTS:
         QCOMPARE(QImage(m_folder->filePath("picture.png")).size(), run.window.size());
     }
 
+    //! Time in which the program had no turn is none in which a display could draw.
+    void aBusyMachineIsWaitedFor()
+    {
+        Run run(m_folder->path());
+        run.session.setLimit(ReadingLimit(30, 0.0));
+        run.source->begin(StreamKind::Channels, 3);
+        for (int i = 0; i < 30; ++i) {
+            run.source->give();
+            run.clock.advance(0.02);
+        }
+        run.clock.advanceSilently(60.0);
+        run.clock.advance(0.02);
+        QCOMPARE(run.code, -1);
+        QTRY_VERIFY_WITH_TIMEOUT((run.clock.advance(0.1), run.code >= 0), 20000);
+        QVERIFY2(run.code == ExitGood, qPrintable(run.text));
+    }
+
     void silenceHasAnEnd()
     {
         Run run(m_folder->path());

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/PlotModeTabs_p.h"
-
 #include "corvale_qt/scope/PlotModes_p.h"
 
 #include <QCoreApplication>

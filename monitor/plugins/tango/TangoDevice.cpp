@@ -6,11 +6,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <mutex>
 #include <optional>
 #include <tango.h>
 #include <type_traits>
+#include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -294,11 +298,14 @@ class Listener : public Tango::CallBack
 public:
     Listener(TangoAttribute attribute, TangoEventQueue &queue)
         : m_attribute(std::move(attribute))
-        , m_queue(queue)
+        , m_queue(&queue)
     {
     }
     void push_event(Tango::EventData *event) override
     {
+        const std::lock_guard lock(m_mutex);
+        if (!m_queue)
+            return;
         try {
             if (event->err) {
                 takeErrors(event->errors);
@@ -306,10 +313,22 @@ public:
             }
             TangoReading reading;
             takeReading(m_attribute, *event->attr_value, &reading);
-            m_queue.add(std::move(reading));
+            m_queue->add(std::move(reading));
         } catch (const CORBA::Exception &) {
-            m_queue.noteGap(); // an event whose values cannot be taken out is one that is missing
+            m_queue->noteGap(); // an event whose values cannot be taken out is one that is missing
         }
+    }
+    //! Returns whether the library has said that events do not arrive any more.
+    bool wasSilent() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_wasSilent;
+    }
+    //! Leaves the queue alone from now on.
+    void detach()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_queue = nullptr;
     }
 
 private:
@@ -317,19 +336,53 @@ private:
     {
         const Tango::DevFailed failure(errors);
         if (hasReason(failure, Tango::API_MissedEvents)) {
-            m_queue.noteGap();
+            m_queue->noteGap();
         } else if (hasReason(failure, "API_EventTimeout")) {
-            m_queue.noteSilence();
+            m_wasSilent = true;
+            m_queue->noteSilence();
         } else {
             TangoReading failed;
             failed.fault = firstText(errors);
-            m_queue.add(std::move(failed));
+            m_queue->add(std::move(failed));
         }
     }
 
     const TangoAttribute m_attribute;
-    TangoEventQueue &m_queue;
+    mutable std::mutex m_mutex;
+    TangoEventQueue *m_queue; //!< null once it is detached
+    bool m_wasSilent = false;
 };
+
+//! What the library still refers to, and crashes over if it is asked to end it.
+struct Abandoned
+{
+    std::unique_ptr<Tango::DeviceProxy> proxy;
+    std::unique_ptr<Listener> listener;
+};
+
+#ifdef __GLIBC__
+//! Ends the process before the library does away with its channels, over which it crashes as well.
+void endWithoutLibrary(int status, void *)
+{
+    std::fflush(nullptr);
+    ::_exit(status);
+}
+#endif
+
+//! Keeps a subscription that cannot be ended until the program ends.
+void abandon(Abandoned subscription)
+{
+#ifdef __GLIBC__
+    // What is registered last is called first.
+    static std::once_flag once;
+    std::call_once(once, [] {
+        ::on_exit(endWithoutLibrary, nullptr);
+    });
+#endif
+    static auto *const all = new std::vector<Abandoned>; // threads may outlive main()
+    const std::lock_guard lock(subscriptionMutex());
+    all->push_back(std::move(subscription));
+}
 
 } // namespace
 
@@ -341,6 +394,7 @@ struct TangoDevice::Private
     std::unique_ptr<Tango::DeviceProxy> proxy;
     std::unique_ptr<Listener> listener;
     std::optional<int> subscription; //!< which the listener hears
+    std::unique_ptr<Listener> abandoned; //!< the listener of a subscription that cannot be ended
     Fault fault; //!< why there is no proxy
 };
 
@@ -359,6 +413,8 @@ TangoDevice::TangoDevice(const QString &name)
 TangoDevice::~TangoDevice()
 {
     unsubscribe();
+    if (d->abandoned)
+        abandon({std::move(d->proxy), std::move(d->abandoned)});
 }
 
 std::vector<TangoAttribute> TangoDevice::attributes(const QStringList &names, Fault *fault)
@@ -416,6 +472,13 @@ void TangoDevice::unsubscribe()
 {
     if (!d->subscription)
         return;
+    // After a restart of the server the library does not find the channel of a silent subscription, and does not look whether it has one.
+    if (d->listener->wasSilent()) {
+        d->listener->detach();
+        d->abandoned = std::move(d->listener);
+        d->subscription.reset();
+        return;
+    }
     const std::lock_guard lock(subscriptionMutex());
     Fault fault; // of which nobody wants to hear any more
     guarded(d->name, &fault, [&] {

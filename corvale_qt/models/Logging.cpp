@@ -3,6 +3,6 @@
 
 namespace Corvale_Qt {
 
-Q_LOGGING_CATEGORY(lcModels, "corvale.models")
+Q_LOGGING_CATEGORY(modelsLog, "corvale.models")
 
 } // namespace Corvale_Qt

@@ -8,6 +8,6 @@
 namespace Corvale_Qt {
 
 //! The category "corvale.models" of messages from models/; all levels are on unless QT_LOGGING_RULES says otherwise.
-Q_DECLARE_LOGGING_CATEGORY(lcModels)
+Q_DECLARE_LOGGING_CATEGORY(modelsLog)
 
 } // namespace Corvale_Qt

@@ -18,8 +18,8 @@ namespace {
 int allowedChannels(int count)
 {
     if (count > maxChannels)
-        qCWarning(lcModels) << "No more than" << maxChannels << "channels:" << count
-                            << "are too many";
+        qCWarning(modelsLog) << "No more than" << maxChannels << "channels:" << count
+                             << "are too many";
     return std::clamp(count, 0, maxChannels);
 }
 
@@ -84,9 +84,9 @@ void RVXMultichannelDeviceModel::setReadings(int column, const QVector<double> &
 {
     Q_D(RVXMultichannelDeviceModel);
     if (!d->isChannel(column) || readings.size() != d->visibleRows) {
-        qCWarning(lcModels) << readings.size() << "readings of column" << column
-                            << "do not belong to the" << d->visibleRows << "rows of"
-                            << d->rings.channels() << "channels";
+        qCWarning(modelsLog) << readings.size() << "readings of column" << column
+                             << "do not belong to the" << d->visibleRows << "rows of"
+                             << d->rings.channels() << "channels";
         return;
     }
     if (readings.isEmpty())
@@ -150,8 +150,8 @@ void RVXMultichannelDeviceModel::appendRows(const QVector<double> &times,
                                             const QVector<double> &values)
 {
     if (values.size() != qint64(times.size()) * NumberOfChannels())
-        qCWarning(lcModels) << values.size() << "values are not" << times.size() << "rows of"
-                            << NumberOfChannels() << "channels";
+        qCWarning(modelsLog) << values.size() << "values are not" << times.size() << "rows of"
+                             << NumberOfChannels() << "channels";
     else
         appendRows(times.constData(), values.constData(), times.size());
 }
@@ -279,8 +279,8 @@ void RVXMultichannelDeviceModel::putReadingsBefore(const std::shared_ptr<TakenRe
     if (!taken)
         return;
     if (taken->rings.channels() != d->rings.channels()) {
-        qCWarning(lcModels) << "Readings of" << taken->rings.channels()
-                            << "channels do not belong before those of" << d->rings.channels();
+        qCWarning(modelsLog) << "Readings of" << taken->rings.channels()
+                             << "channels do not belong before those of" << d->rings.channels();
         return;
     }
     beginResetModel();

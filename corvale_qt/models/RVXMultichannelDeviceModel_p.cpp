@@ -245,7 +245,7 @@ void RVXMultichannelDeviceModelPrivate::handOver(const Block &block,
                                                  bool all)
 {
     if (!toldOfOtherThread.exchange(true))
-        qCWarning(lcModels)
+        qCWarning(modelsLog)
             << "Rows come from another thread than the model's and are handed over to it:"
             << "call appendRows() by a queued connection";
     Q_ASSERT_X(false, "RVXMultichannelDeviceModel", "rows come from another thread");

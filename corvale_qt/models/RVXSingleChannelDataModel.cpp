@@ -258,7 +258,7 @@ bool RVXSingleChannelDataModel::SaveDataToFile(const QString &fileName) const
     const QString reason = file.errorString();
     file.close();
     if (!complete || file.error() != QFileDevice::NoError)
-        qCWarning(lcModels).noquote() << "Data file" << fileName << "is not complete:" << reason;
+        qCWarning(modelsLog).noquote() << "Data file" << fileName << "is not complete:" << reason;
     return true;
 }
 

@@ -11,7 +11,7 @@ namespace Corvale_Qt {
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcPlot, "corvale.plot")
+Q_LOGGING_CATEGORY(plotLog, "corvale.plot")
 
 constexpr double kLargestPlottable = 1e200;
 // The smallest fraction of the range, 0.0001, has ten steps; even these are normal numbers.
@@ -27,7 +27,7 @@ bool isPlottable(double value)
 bool PlotRange::set(double newMin, double newMax, const char *setter)
 {
     if (!isPlottable(newMin) || !isPlottable(newMax) || !(newMax - newMin > kSmallestSpan)) {
-        qCDebug(lcPlot) << setter << "ignored: no range from" << newMin << "to" << newMax;
+        qCDebug(plotLog) << setter << "ignored: no range from" << newMin << "to" << newMax;
         return false;
     }
     min = newMin;

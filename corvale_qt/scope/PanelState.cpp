@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/scope/PanelState_p.h"
-
 #include "corvale_qt/scope/PlotModes_p.h"
 #include "corvale_qt/scope/YRanges_p.h"
 
@@ -111,8 +110,7 @@ std::optional<PanelState> PanelState::fromBytes(const QByteArray &bytes, int ver
 
 bool PanelState::isPossible() const
 {
-    return isPlotMode(plotMode)
-        && (tabs & ~kAllTabs) == 0 && yScaleMode >= RVXScope::PercentRanges
+    return isPlotMode(plotMode) && (tabs & ~kAllTabs) == 0 && yScaleMode >= RVXScope::PercentRanges
         && yScaleMode <= RVXScope::AbsolutePositiveRanges && yScaleIndex >= 0
         && yScaleIndex < yRangeTexts(yScaleMode).size() && std::isfinite(range.first)
         && std::isfinite(range.second) && averagingEntry(averaging) >= 0 && periodEntry(period) >= 0

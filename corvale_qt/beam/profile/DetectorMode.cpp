@@ -63,8 +63,8 @@ void DetectorMode::mirror()
 std::optional<DetectorFrame> DetectorMode::frameOf(const QVector<double> &readings) const
 {
     if (readings.size() != m_layout.readings()) {
-        qCDebug(lcProfile) << "RVXSpectrogram::setData ignored:" << readings.size()
-                           << "readings for a detector with" << m_layout.readings();
+        qCDebug(profileLog) << "RVXSpectrogram::setData ignored:" << readings.size()
+                            << "readings for a detector with" << m_layout.readings();
         return {};
     }
     return DetectorFrame::of(m_layout, readings.constData(), readings.size());

@@ -3,6 +3,6 @@
 
 namespace Corvale_Qt {
 
-Q_LOGGING_CATEGORY(lcProfile, "corvale.beam")
+Q_LOGGING_CATEGORY(profileLog, "corvale.beam")
 
 } // namespace Corvale_Qt

@@ -8,6 +8,6 @@
 namespace Corvale_Qt {
 
 //! The category "corvale.beam" of the profile displays' messages.
-Q_DECLARE_LOGGING_CATEGORY(lcProfile)
+Q_DECLARE_LOGGING_CATEGORY(profileLog)
 
 } // namespace Corvale_Qt

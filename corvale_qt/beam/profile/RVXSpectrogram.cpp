@@ -102,15 +102,15 @@ void RVXSpectrogram::setName(const char *name)
 {
     Q_D(RVXSpectrogram);
     d->name = QString::fromUtf8(name);
-    qCDebug(lcProfile).noquote().nospace() << "Spectrogram created for " << d->name;
+    qCDebug(profileLog).noquote().nospace() << "Spectrogram created for " << d->name;
 }
 
 void RVXSpectrogram::setRange(double current, double charge)
 {
     Q_D(RVXSpectrogram);
     if (!isPlottable(current) || !isPlottable(charge) || current < 0 || charge < 0) {
-        qCDebug(lcProfile) << "RVXSpectrogram::setRange ignored: no full scale of" << current
-                           << "and" << charge;
+        qCDebug(profileLog) << "RVXSpectrogram::setRange ignored: no full scale of" << current
+                            << "and" << charge;
         return;
     }
     d->currentFullScale = current;
@@ -124,7 +124,7 @@ void RVXSpectrogram::setSampleRate(int rate)
     if (rate > 0)
         d->setSampleRate(rate);
     else
-        qCDebug(lcProfile) << "RVXSpectrogram::setSampleRate ignored:" << rate;
+        qCDebug(profileLog) << "RVXSpectrogram::setSampleRate ignored:" << rate;
 }
 
 void RVXSpectrogram::setScale(int index)

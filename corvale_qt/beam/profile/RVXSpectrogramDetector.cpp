@@ -58,7 +58,8 @@ void RVXSpectrogram::setLayout(const DetectorLayout &layout)
 {
     Q_D(RVXSpectrogram);
     if (!layout.isEmpty() && layout.kind() == DetectorKind::Channels) {
-        qCDebug(lcProfile) << "RVXSpectrogram::setLayout ignored: a list of channels has no places";
+        qCDebug(profileLog)
+            << "RVXSpectrogram::setLayout ignored: a list of channels has no places";
         return;
     }
     d->setDescribed(layout);
@@ -92,7 +93,7 @@ void RVXSpectrogram::setFrame(const DetectorFrame &frame, double timestamp)
     Q_D(RVXSpectrogram);
     if (frame.layout.isEmpty() || frame.layout.kind() == DetectorKind::Channels
         || frame.values.size() != frame.layout.cells()) {
-        qCDebug(lcProfile)
+        qCDebug(profileLog)
             << "RVXSpectrogram::setFrame ignored: no values on the cells of a detector";
         return;
     }
@@ -192,7 +193,7 @@ void RVXSpectrogram::setColorRange(double low, double high)
 {
     Q_D(RVXSpectrogram);
     if (!(low < high)) {
-        qCDebug(lcProfile) << "RVXSpectrogram::setColorRange ignored:" << low << "to" << high;
+        qCDebug(profileLog) << "RVXSpectrogram::setColorRange ignored:" << low << "to" << high;
         return;
     }
     ColorSettings colors = d->plot->colorSettings();

@@ -234,7 +234,7 @@ void RVXSpectrogramPrivate::setInverted()
 bool RVXSpectrogramPrivate::takesTime(double timestamp) const
 {
     if (!std::isfinite(timestamp)) {
-        qCDebug(lcProfile) << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
+        qCDebug(profileLog) << "RVXSpectrogram::setData ignored: time stamp" << timestamp;
         return false;
     }
     return timestamp != lastTimestamp;
@@ -253,7 +253,7 @@ void RVXSpectrogramPrivate::takeFrame(const QVector<double> &data, double timest
     TakenFrame taken{frameReadings(data.constData(), data.size()), {}, framesHandedOver, timestamp};
     if (layout == ProfileLayout::StripPair
         && stripFrameIsEmpty(scaled(taken.charges, readingFactor()))) {
-        qCDebug(lcProfile) << "2D incoming data is all 0";
+        qCDebug(profileLog) << "2D incoming data is all 0";
         if (!detector.verdictEnabled) // which says that there is no beam
             return;
     }
@@ -352,7 +352,7 @@ void RVXSpectrogramPrivate::remember(const SpectrogramCalc &newCalc, double time
 {
     if (sidebar) {
         if (timestamp < lastTimestamp) {
-            qCDebug(lcProfile).nospace()
+            qCDebug(profileLog).nospace()
                 << "Incoming timestamp " << timestamp << " is less than old timestamp "
                 << lastTimestamp << " so the Pixelated X/Y plot has been cleared.";
             history->clear();

@@ -260,8 +260,8 @@ void RVXSplitPlot::setNumberPlots(int n)
 {
     Q_D(RVXSplitPlot);
     if (n > kMostPlots)
-        qCDebug(lcProfile) << "RVXSplitPlot::setNumberPlots:" << n << "asked," << kMostPlots
-                           << "made";
+        qCDebug(profileLog) << "RVXSplitPlot::setNumberPlots:" << n << "asked," << kMostPlots
+                            << "made";
     qDeleteAll(d->plots);
     d->plots.clear();
     for (int i = 0; i < qMin(n, kMostPlots); ++i) {

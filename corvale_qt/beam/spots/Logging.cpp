@@ -3,6 +3,6 @@
 
 namespace Corvale_Qt {
 
-Q_LOGGING_CATEGORY(lcSpots, "corvale.beam")
+Q_LOGGING_CATEGORY(spotsLog, "corvale.beam")
 
 } // namespace Corvale_Qt

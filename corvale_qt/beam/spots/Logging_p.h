@@ -8,6 +8,6 @@
 namespace Corvale_Qt {
 
 //! The category of the debug output of spot maps and position errors, "corvale.beam".
-Q_DECLARE_LOGGING_CATEGORY(lcSpots)
+Q_DECLARE_LOGGING_CATEGORY(spotsLog)
 
 } // namespace Corvale_Qt

@@ -118,8 +118,8 @@ bool SpotMapViewPrivate::findBounds()
     if (square == bounds)
         return false;
     bounds = square;
-    qCDebug(lcSpots) << "original bounds x" << extent.left() << extent.right();
-    qCDebug(lcSpots) << "original bounds y" << extent.top() << extent.bottom();
+    qCDebug(spotsLog) << "original bounds x" << extent.left() << extent.right();
+    qCDebug(spotsLog) << "original bounds y" << extent.top() << extent.bottom();
     return true;
 }
 

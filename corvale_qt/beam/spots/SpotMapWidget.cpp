@@ -232,7 +232,7 @@ bool SpotMapWidget::eventFilter(QObject *watched, QEvent *event)
 void SpotMapWidget::updateScale(QRectF)
 {
     Q_D(SpotMapWidget);
-    qCDebug(lcSpots) << "update scale";
+    qCDebug(spotsLog) << "update scale";
     d->setScales();
     d->placeMap();
 }

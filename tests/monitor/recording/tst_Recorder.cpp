@@ -205,10 +205,19 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll().contains("is missing\n"));
     }
 
+    void aFrameThatWasCutIsWholeInTheNextFile_data()
+    {
+        QTest::addColumn<bool>("hasTimes");
+        QTest::newRow("with times") << true;
+        QTest::newRow("counted") << false;
+    }
+
     //! The disk is full in the middle of any row, and then the file is removed.
     void aFrameThatWasCutIsWholeInTheNextFile()
     {
+        QFETCH(bool, hasTimes);
         StreamHeader header;
+        header.hasTimes = hasTimes;
         header.setFrames(Corvale_Qt::detectorFromJson(
                              R"({"detector":1,"kind":"matrix","x":{"cells":2},"y":{"cells":3}})"),
                          {});
@@ -234,7 +243,9 @@ private Q_SLOTS:
             const QString after = readTable(path("a.csv"));
             QVERIFY2(!after.contains("refused"), qPrintable(after));
             for (int i = 0; i < 3; ++i) {
-                const QString frame = QString("%1: %2 2 3 4 5 6").arg(i).arg(i + 1);
+                const QString time =
+                    hasTimes ? QString::number(i) : QString(); // a file counts from 1
+                const QString frame = QString("%1: %2 2 3 4 5 6").arg(time).arg(i + 1);
                 QVERIFY2((before + after).contains(frame), qPrintable(frame + after));
             }
             QVERIFY(QFile::remove(path("a.csv")));

@@ -6,6 +6,10 @@
 
 #include <qwt_plot_picker.h>
 
+#include <QHash>
+
+#include <functional>
+
 using namespace Corvale_Qt;
 
 namespace {
@@ -31,50 +35,61 @@ struct Display : BeamDisplay
         with a tick and one at 5 mm without. A beam's second number is its height; "again" repeats the last time. */
     void act(const QString &script)
     {
-        for (const QString &step : script.split("; ")) {
-            const QString what = step.section(' ', 0, 0);
-            const QString word = step.section(' ', 1, 1);
-            const double one = word.toDouble();
-            const double two = step.section(' ', 2, 2).toDouble();
-            if (what == "frame" || what == "between" || what == "again") {
-                if (what == "frame")
-                    tick();
-                time += what == "again" ? 0 : 1;
-                const double height = two > 0 ? two : 1e-9;
-                widget.setData(isOnPixels ? Frames::pixels(height) : Frames::strips(one, height),
-                               time);
-            } else if (what == "strips" || what == "pixels") {
-                isOnPixels = what == "pixels";
-                choose(isOnPixels ? Detector::Pixels : Detector::Strips);
-            } else if (what == "dark") {
-                feed(QVector<double>(128, 0.0));
-            } else if (what == "tick") {
-                tick();
-                QCoreApplication::processEvents();
-            } else if (what == "enabled") {
-                widget.setEnabled(one != 0);
-            } else if (what == "sidebar") {
-                widget.sidebarEnabled(one != 0);
-            } else if (what == "threshold") {
-                box("threshold_QScienceSpinBox")->setValue(one);
-                check("checkBox_threshold", true);
-            } else if (what == "range") {
-                widget.setRange(one, two);
-            } else if (what == "rate") {
-                widget.setSampleRate(one);
-            } else if (what == "current") {
-                widget.currentEnabled(one != 0);
-            } else if (what == "scale") {
-                widget.setScale(word.toInt());
-            } else if (what == "entry") {
-                control<QComboBox>("comboBox_scaling")->setCurrentText(word);
-            } else {
-                qFatal("a display cannot %s", qPrintable(step));
-            }
+        for (const QString &line : script.split("; ")) {
+            const QStringList words = line.split(' ');
+            const auto deed = deeds.constFind(words[0]);
+            if (deed == deeds.constEnd())
+                qFatal("a display cannot %s", qPrintable(line));
+            (*deed)({words.value(1), words.value(1).toDouble(), words.value(2).toDouble()});
         }
     }
 
 private:
+    //! What follows the first word of a step: a word, which may be a number, and a second number.
+    struct Step
+    {
+        QString word;
+        double one;
+        double two;
+    };
+
+    void show(const Step &step, double later)
+    {
+        time += later;
+        const double height = step.two > 0 ? step.two : 1e-9;
+        widget.setData(isOnPixels ? Frames::pixels(height) : Frames::strips(step.one, height),
+                       time);
+    }
+    void chooseDetector(bool pixels)
+    {
+        isOnPixels = pixels;
+        choose(pixels ? Detector::Pixels : Detector::Strips);
+    }
+
+    const QHash<QString, std::function<void(const Step &)>> deeds = {
+        {"frame", [this](const Step &step) { tick(), show(step, 1); }},
+        {"between", [this](const Step &step) { show(step, 1); }},
+        {"again", [this](const Step &step) { show(step, 0); }},
+        {"strips", [this](const Step &) { chooseDetector(false); }},
+        {"pixels", [this](const Step &) { chooseDetector(true); }},
+        {"dark", [this](const Step &) { feed(QVector<double>(128, 0.0)); }},
+        {"tick", [this](const Step &) { tick(), QCoreApplication::processEvents(); }},
+        {"enabled", [this](const Step &step) { widget.setEnabled(step.one != 0); }},
+        {"sidebar", [this](const Step &step) { widget.sidebarEnabled(step.one != 0); }},
+        {"threshold",
+         [this](const Step &step) {
+             box("threshold_QScienceSpinBox")->setValue(step.one);
+             check("checkBox_threshold", true);
+         }},
+        {"range", [this](const Step &step) { widget.setRange(step.one, step.two); }},
+        {"rate", [this](const Step &step) { widget.setSampleRate(step.word.toInt()); }},
+        {"current", [this](const Step &step) { widget.currentEnabled(step.one != 0); }},
+        {"scale", [this](const Step &step) { widget.setScale(step.word.toInt()); }},
+        {"entry",
+         [this](const Step &step) {
+             control<QComboBox>("comboBox_scaling")->setCurrentText(step.word);
+         }},
+    };
     bool isOnPixels = false;
 };
 

@@ -164,7 +164,7 @@ private Q_SLOTS:
     void aMillimetreIsAMillimetre()
     {
         BeamInWindow w(m_settings);
-        double histogram[2], place[2], shown[2];
+        double histogram[2] = {}, place[2] = {}, shown[2] = {};
         for (const int step : {0, 1}) {
             w.show(3 + step, -2);
             QTRY_VERIFY(std::abs(w.profile->getCalc().meanX - 3 - step) < 0.1);

@@ -32,7 +32,7 @@ public:
     quint64 xVersion() const override { return times.version(); }
 
     bool has(int row) const { return row >= 1 && row <= int(values.size()); }
-    //! Returns whether a reading is stored and nothing else: it neither begins anew nor repeats, and nobody hears of it or of a row that goes.
+    //! Returns whether a reading only needs to be stored: it starts no new acquisition, repeats no stamp, and no row is announced or removed.
     bool isOnlyStored(double time) const
     {
         return time != 0.0 && !announcesEach && !values.full() && !times.endsWith(time);

@@ -146,7 +146,7 @@ private:
         // What precedes the part in this block belongs to another one, so reading cannot begin here.
         goOnWithinPiece();
     }
-    //! Gives a reading a block of its own behind those that came with it: a slow recording is to show each.
+    //! Begins another block for a reading that came together with others, so that a slow recording shows each.
     void setApart()
     {
         if (!m_hasFewReadings || m_block.rows == 0 || m_singleReadings >= mostSingleReadings)

@@ -539,7 +539,7 @@ private Q_SLOTS:
         QCOMPARE(read(), QString());
     }
 
-    //! Values end at the right of their column, in each column those of its own channels.
+    //! Each column is as wide as the values of its channels, which are aligned at its right edge.
     void theCursorHasColumns()
     {
         WalkedView view(12);

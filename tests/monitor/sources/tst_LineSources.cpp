@@ -76,6 +76,21 @@ bool say(int file, const char *text)
     return ::write(file, text, strlen(text)) == ssize_t(strlen(text));
 }
 
+//! A pipe that a source reads.
+struct Piped
+{
+    Piped() { source.start(); }
+    ~Piped() { ::close(ends[0]); }
+    bool say(const char *text) { return ::say(ends[1], text); }
+    void end() { ::close(ends[1]); }
+
+    int ends[2] = {-1, -1};
+    const bool isOpen = ::pipe(ends) == 0;
+    ManualClock clock;
+    StandardInputSource source{clock, ends[0]};
+    SourceLog log{source};
+};
+
 //! Breaks a connection off without closing it, as a machine does that was switched off and on again.
 void reset(QTcpSocket *peer)
 {
@@ -92,59 +107,49 @@ class tst_LineSources : public QObject
 private Q_SLOTS:
     void pipe()
     {
-        int ends[2];
-        QCOMPARE(::pipe(ends), 0);
-        ManualClock clock;
-        StandardInputSource source(clock, ends[0]);
-        SourceLog log(source);
-        source.start();
-        QVERIFY(say(ends[1], "#channels a,b\n0,1,2\n1,3"));
-        QTRY_COMPARE(source.counts().lines, qint64(2));
-        QVERIFY(say(ends[1], ",4\n\xff\x01garbage\n2,5,6\n3,7,8"));
-        QTRY_COMPARE(log.times.size(), 3);
-        QCOMPARE(log.sink.lines.removeAll("refused 4 count"), 1);
-        QCOMPARE(log.text(), QString("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
-        ::close(ends[1]); // the last line without a line end is complete here
-        QTRY_COMPARE(log.stateNames(), QString("Connecting Running Finished"));
-        QVERIFY(log.text().endsWith(" | 3: 7 8"));
-        ::close(ends[0]);
+        Piped p;
+        QVERIFY(p.isOpen);
+        QVERIFY(p.say("#channels a,b\n0,1,2\n1,3"));
+        QTRY_COMPARE(p.source.counts().lines, qint64(2));
+        QVERIFY(p.say(",4\n\xff\x01garbage\n2,5,6\n3,7,8"));
+        QTRY_COMPARE(p.log.times.size(), 3);
+        QCOMPARE(p.log.sink.lines.removeAll("refused 4 count"), 1);
+        QCOMPARE(p.log.text(), QString("start channels a b | 0: 1 2 | 1: 3 4 | 2: 5 6"));
+        p.end(); // the last line without a line end is complete here
+        QTRY_COMPARE(p.log.stateNames(), QString("Connecting Running Finished"));
+        QVERIFY(p.log.text().endsWith(" | 3: 7 8"));
     }
 
     //! What comes while nobody sees it is read at a tick, unless its arrival dates it; nothing is left over at an end.
     void theBackgroundWaitsForATick()
     {
-        int ends[2];
-        QCOMPARE(::pipe(ends), 0);
-        ManualClock clock;
-        StandardInputSource source(clock, ends[0]);
-        SourceLog log(source);
-        source.start();
-        clock.advance(10.0); // later than all times below
-        clock.setBackground(true);
-        QVERIFY(say(ends[1], "#channels a\n0,1\n1,2\n"));
-        QTRY_COMPARE(log.times.size(), 2); // the first readings date a stream
-        QVERIFY(say(ends[1], "2,3\n"));
+        Piped p;
+        QVERIFY(p.isOpen);
+        p.clock.advance(10.0); // later than all times below
+        p.clock.setBackground(true);
+        QVERIFY(p.say("#channels a\n0,1\n1,2\n"));
+        QTRY_COMPARE(p.log.times.size(), 2); // the first readings date a stream
+        QVERIFY(p.say("2,3\n"));
         QCoreApplication::processEvents();
-        QVERIFY(say(ends[1], "3,4\n"));
+        QVERIFY(p.say("3,4\n"));
         QCoreApplication::processEvents();
-        QCOMPARE(log.times.size(), 2);
-        clock.advance(0.02);
-        QCOMPARE(log.times, (QVector<double>{0, 1, 2, 3}));
-        QVERIFY(say(ends[1], "4,5\n,6\n"));
+        QCOMPARE(p.log.times.size(), 2);
+        p.clock.advance(0.02);
+        QCOMPARE(p.log.times, (QVector<double>{0, 1, 2, 3}));
+        QVERIFY(p.say("4,5\n,6\n"));
         QCoreApplication::processEvents();
-        clock.setBackground(false);
-        QCOMPARE(log.times.size(), 6);
-        clock.setBackground(true);
-        QVERIFY(say(ends[1], ",7\n"));
-        QTRY_COMPARE(log.times.size(), 7);
-        QVERIFY(say(ends[1], "100000,8\n"));
-        QTRY_COMPARE(log.times.size(), 8);
-        QVERIFY(say(ends[1], "100001,9\n"));
-        ::close(ends[1]);
-        clock.advance(0.02);
-        QTRY_COMPARE(log.times.size(), 9);
-        QTRY_COMPARE(log.stateNames(), QString("Connecting Running Finished"));
-        ::close(ends[0]);
+        p.clock.setBackground(false);
+        QCOMPARE(p.log.times.size(), 6);
+        p.clock.setBackground(true);
+        QVERIFY(p.say(",7\n"));
+        QTRY_COMPARE(p.log.times.size(), 7);
+        QVERIFY(p.say("100000,8\n"));
+        QTRY_COMPARE(p.log.times.size(), 8);
+        QVERIFY(p.say("100001,9\n"));
+        p.end();
+        p.clock.advance(0.02);
+        QTRY_COMPARE(p.log.times.size(), 9);
+        QTRY_COMPARE(p.log.stateNames(), QString("Connecting Running Finished"));
     }
 
     //! Large pieces are read in a thread, while those before are used.

@@ -295,6 +295,16 @@ private Q_SLOTS:
         QTRY_COMPARE(timer->interval(), 1000);
         clock.stayAwake();
         QCOMPARE(timer->interval(), 20);
+        // Readings that nobody sees need fewer ticks, unless somebody asks for all of them.
+        clock.now = 20.2;
+        clock.stayAwakeIfSeen();
+        for (const bool background : {true, false}) {
+            clock.setBackground(background);
+            QCOMPARE(timer->interval(), background ? 100 : 20);
+        }
+        clock.setBackground(true);
+        clock.stayAwake();
+        QCOMPARE(timer->interval(), 20);
 
         ManualClock asked;
         FileSource source(asked, m_path, {});

@@ -54,6 +54,13 @@ void print(const QString &name, const QString &measured, const QString &limit, c
     std::fflush(stdout);
 }
 
+QString textOf(double measured)
+{
+    constexpr double large = 1e3;
+    return measured >= large ? QString::number(measured, 'f', 0)
+                             : QString::number(measured, 'g', 4);
+}
+
 } // namespace
 
 double timesFaster(const Work &a, const Work &b, int rounds)
@@ -79,10 +86,12 @@ void report(const Goal &goal)
 {
     allMet = allMet && goal.isMet();
     const QString bound = goal.bound == Goal::AtLeast ? ">= %1" : "<= %1";
-    print(goal.name,
-          QString::number(goal.measured, 'g', 4),
-          bound.arg(goal.limit),
-          goal.isMet() ? "met" : "MISSED");
+    print(goal.name, textOf(goal.measured), bound.arg(goal.limit), goal.isMet() ? "met" : "MISSED");
+}
+
+void reportFigure(const QString &name, double measured)
+{
+    print(name, textOf(measured), {}, "");
 }
 
 void reportSkipped(const QString &name, const QString &reason)

@@ -5,8 +5,9 @@
 
 #include <functional>
 
-/*! A promise about the library's speed: a number that must not be below, or above, a limit. A number is a ratio of
-    times that were measured in the same process. Only corvale_beam_figures reports times, where a person waits. */
+/*! A promise about speed: a number that must not be below, or above, a limit. In corvale_qt_benchmarks a number is a ratio of
+    times that were measured in the same process. The other programs report times, where a person waits, and rates, which only
+    an idle machine tells. */
 struct Goal
 {
     enum Bound {
@@ -38,6 +39,8 @@ double medianSeconds(const Work &work, int rounds = usualRounds);
 
 //! Prints the goal, the measured number and the limit, and remembers whether the goal was met.
 void report(const Goal &goal);
+//! Prints a number that has no limit.
+void reportFigure(const QString &name, double measured);
 //! Prints why a goal could not be measured. This does not count as a failure.
 void reportSkipped(const QString &name, const QString &reason);
 //! Prints \a what as missed unless \a holds. A comparison is fair only if both sides give the same result.

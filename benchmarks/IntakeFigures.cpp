@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Measures how fast texts become readings: the parser alone, the replay of a file in the window, and the outline of a tape.
+#include "Goal.h"
 #include "MonitorFigures.h"
 #include "ThreadTime.h"
 #include "monitor/core/Clock.h"
@@ -13,7 +14,7 @@
 #include <QApplication>
 #include <QFile>
 
-#include <cstdio>
+#include <cmath>
 #include <memory>
 
 using namespace Monitor;
@@ -75,12 +76,13 @@ void parse(int channels, int digits)
                       });
     protocol.finish();
     const double seconds = threadSeconds() - start;
-    std::printf("parser, %3d channels, %2d digits  %7.0f MB/s, %lld readings, sum %.10g\n",
-                channels,
-                digits,
-                text.size() / seconds / mega,
-                sink.readings,
-                sink.sum);
+    require(sink.readings > 0 && std::isfinite(sink.sum), "19 parser: the readings");
+    report({QStringLiteral("19 parser alone, %1 channels, numbers of %2 digits, MB/s")
+                .arg(channels)
+                .arg(digits),
+            text.size() / seconds / mega,
+            Goal::AtLeast,
+            400.0});
 }
 
 void writeFile(const QString &path, qint64 bytes)
@@ -123,16 +125,13 @@ void measureReplay(const Figures &figures)
     });
     QElapsedTimer timer;
     timer.start();
-    const double start = threadSeconds();
     session.start();
     QApplication::exec();
-    const double seconds = threadSeconds() - start;
-    std::printf("replay of %.0f MB                %8.0f MB/s, %.0f for each second of processor "
-                "time, %lld bad\n",
-                bytes / mega,
-                bytes * 1e3 / double(timer.elapsed()) / mega,
-                bytes / seconds / mega,
-                session.source().counts().bad());
+    require(session.source().counts().bad() == 0, "19 CSV replay: every line is read");
+    report({"19 CSV file played as fast as possible, MB/s",
+            bytes * 1e3 / double(timer.elapsed()) / mega,
+            Goal::AtLeast,
+            200.0});
     QFile::remove(path);
 }
 
@@ -144,13 +143,9 @@ void measureOutline(const Figures &figures)
     QString error;
     QElapsedTimer timer;
     timer.start();
-    const double start = threadSeconds();
     const TapeIndex index = indexTape(path, ImportOptions(), &indexing, &error);
-    std::printf(
-        "outline of %.0f MB              %8.2f s, %.2f s of processor time, %lld readings\n",
-        double(QFile(path).size()) / mega,
-        double(timer.elapsed()) * 1e-3,
-        threadSeconds() - start,
-        index.rows());
+    const double seconds = double(timer.elapsed()) * 1e-3;
+    require(index.rows() > 0, "23 outline: the readings");
+    report({"23 outline of a recording of 1 GB, s", seconds, Goal::AtMost, 2.0});
     QFile::remove(path);
 }

@@ -2,6 +2,7 @@
 // Measures the monitor's window: time to start, rows per second from a pipe, delay of the event loop under a flood, memory.
 #include "MonitorFigures.h"
 
+#include "Goal.h"
 #include "LineFlood.h"
 #include "ThreadTime.h"
 #include "monitor/core/Clock.h"
@@ -18,13 +19,25 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 #include <vector>
 
 using namespace Monitor;
 
 namespace {
+
+constexpr double kilo = 1e3;
+
+QString subjectOf(int channels)
+{
+    return QStringLiteral("19 %1 channels, ").arg(channels);
+}
+
+//! Prints a missed goal if rows were lost.
+void requireAll(int channels, long long lost)
+{
+    require(lost == 0, subjectOf(channels) + "every row is read");
+}
 
 //! A window that shows lines from a flood until all of them were read.
 class Run
@@ -101,7 +114,10 @@ void firstFrame(const QElapsedTimer &sinceStart, const QString &settings)
     while (!window.displays().hasDrawn())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     window.grab();
-    std::printf("start to first painted frame   %8.0f ms\n", double(sinceStart.elapsed()));
+    report({"23 start to the first painted frame, ms",
+            double(sinceStart.elapsed()),
+            Goal::AtMost,
+            250.0});
 }
 
 //! Measures what the rows take without a window: what a window adds depends on how many pictures the machine leaves time for.
@@ -118,28 +134,27 @@ void rowsWithoutWindow(int channels, long long lines)
     const double worked = threadSeconds();
     QApplication::exec();
     const double seconds = threadSeconds() - worked;
-    std::printf("%3d channels, no window         %8.0f rows for each second of processor time of "
-                "the main thread, %lld lost\n",
-                channels,
-                double(lines) / seconds,
-                lines - session.statistics().readings());
+    reportFigure(subjectOf(channels)
+                     + "without a window, thousand rows for each second of processor time",
+                 double(lines) / seconds / kilo);
+    requireAll(channels, lines - session.statistics().readings());
 }
 
-//! Returns the processor time for each row.
-double
-rowsASecond(int channels, long long lines, const QString &settings, const QString &record = {})
+//! Feeds a window with as many lines as it takes, and returns the processor time of its thread for each row.
+double feed(int channels, long long lines, const QString &settings, const QString &record = {})
 {
     Run run(channels, lines, 0.0, settings);
     if (!record.isEmpty())
         run.record(record);
     const double seconds = run.untilTheEnd();
-    std::printf("%3d channels from a pipe%s   %8.0f rows/s, %8.0f for each second of processor "
-                "time, %lld lost\n",
-                channels,
-                record.isEmpty() ? "          " : ", recorded",
-                double(lines) / seconds,
-                double(lines) / run.processorSeconds(),
-                run.lost(lines));
+    requireAll(channels, run.lost(lines));
+    const QString name = subjectOf(channels)
+        + (record.isEmpty() ? "from a pipe" : "from a pipe, recorded") + ", thousand rows/s";
+    const double rate = double(lines) / seconds / kilo;
+    if (record.isEmpty())
+        report({name, rate, Goal::AtLeast, channels > 8 ? 125.0 : 2000.0});
+    else
+        reportFigure(name, rate);
     return run.processorSeconds() / double(lines);
 }
 
@@ -159,20 +174,15 @@ void eventLoopDelay(int channels, const QString &settings)
         last.start();
     });
     probe.start(interval);
-    const double took = run.untilTheEnd();
+    run.untilTheEnd();
     std::sort(delays.begin(), delays.end());
     const auto percentile = [&](double share) {
         return delays[std::size_t(share * double(delays.size() - 1))];
     };
-    std::printf(
-        "50 k/s of %3d channels, %4.1f s   median %.1f, 99th percentile %.1f, worst %.1f ms "
-        "late, %lld lost\n",
-        channels,
-        took,
-        percentile(0.5),
-        percentile(0.99),
-        delays.back(),
-        run.lost(static_cast<long long>(rate * seconds)));
+    requireAll(channels, run.lost(static_cast<long long>(rate * seconds)));
+    const QString name = subjectOf(channels) + "50 000 rows/s, delay of the event loop, ms: ";
+    reportFigure(name + "99th percentile", percentile(0.99));
+    reportFigure(name + "worst", delays.back());
 }
 
 } // namespace
@@ -186,19 +196,19 @@ void measureRows(const Figures &figures)
 {
     rowsWithoutWindow(8, 4000000);
     rowsWithoutWindow(128, 400000);
-    rowsASecond(8, 4000000, figures.settings());
-    rowsASecond(128, 400000, figures.settings());
+    feed(8, 4000000, figures.settings());
+    feed(128, 400000, figures.settings());
 }
 
 void measureRecording(const Figures &figures)
 {
     for (const auto &[channels, lines] : {std::pair(8, 2000000LL), std::pair(128, 200000LL)}) {
-        const double without = rowsASecond(channels, lines, figures.settings());
-        const double with =
-            rowsASecond(channels, lines, figures.settings(), figures.file("recorded.csv"));
-        std::printf("%3d channels, recording on      %8.2f times the processor time\n",
-                    channels,
-                    with / without);
+        const double without = feed(channels, lines, figures.settings());
+        const double with = feed(channels, lines, figures.settings(), figures.file("recorded.csv"));
+        report({subjectOf(channels) + "recorded, times the processor time of the window's thread",
+                with / without,
+                Goal::AtMost,
+                1.3});
     }
 }
 
@@ -213,6 +223,7 @@ void measureMemory(const Figures &figures)
     for (const long long lines : {200000LL, 10000000LL}) {
         Run run(8, lines, 0.0, figures.settings());
         run.untilTheEnd();
-        std::printf("memory after %8lld readings  %8.0f MB\n", lines, residentMegabytes());
+        reportFigure(QStringLiteral("memory after %1 readings of 8 channels, MB").arg(lines),
+                     residentMegabytes());
     }
 }

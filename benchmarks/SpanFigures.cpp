@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Measures what a frame costs at spans from a second to a week, from rows and from blocks of older readings: the processor time
-// of frames that follow the newest readings, and of the first frame after a jump to another time. Prints a line for each figure.
+// of frames that follow the newest readings, and of the first frame after a jump to another time. Prints "figure, measured, limit".
+#include "Goal.h"
 #include <corvale_qt/RVXMultichannelDeviceModel>
 #include <corvale_qt/RVXScopePlotView>
 #include <corvale_qt/ScopeMarkerStatistics>
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <ctime>
 #include <limits>
 #include <vector>
@@ -116,10 +116,8 @@ void measureSpans()
     constexpr int capacity = 100000;
     Instrument instrument(channels, rate, capacity, week);
     instrument.run(qint64(week * rate));
-    std::printf("a week of %d channels at %g Hz: history of %.0f MB\n",
-                channels,
-                rate,
-                double(instrument.model().historyMemoryInUse()) * 1e-6);
+    reportFigure("22 history of a week of 16 channels at 10 Hz, MB",
+                 double(instrument.model().historyMemoryInUse()) * 1e-6);
     Chart chart(instrument.model());
     chart.setBeginAtFirst(true);
     const std::pair<const char *, double> spans[] = {{"1 s", 1.0},
@@ -150,14 +148,12 @@ void measureSpans()
             }));
         }
         chart.goLive();
-        std::printf(
-            "span %-7s frame %6.2f ms, 99th percentile %6.2f ms; first after a jump %6.2f ms, "
-            "worst %6.2f ms\n",
-            name,
-            percentile(frames, 0.5),
-            percentile(frames, 0.99),
-            percentile(jumps, 0.5),
-            percentile(jumps, 1.0));
+        const QString goal = QStringLiteral("22 span of %1, ").arg(QLatin1String(name));
+        report({goal + "frame, ms", percentile(frames, 0.5), Goal::AtMost, 20.0});
+        report({goal + "first frame after a jump, worst of 20, ms",
+                percentile(jumps, 1.0),
+                Goal::AtMost,
+                50.0});
     }
     // Markers at both ends of the week: their numbers are read from blocks in each frame.
     chart.setTimeSpan(std::numeric_limits<double>::infinity());
@@ -171,9 +167,11 @@ void measureSpans()
             chart.drawFrame();
         }));
     }
-    std::printf("the same with markers 5.6 d apart, %d readings: frame %6.2f ms\n",
-                chart.markerStatistics().count,
-                percentile(frames, 0.5));
+    require(chart.markerStatistics().count > 0, "22 statistics between the markers");
+    report({"22 span of 7 d with markers 5.6 d apart, frame, ms",
+            percentile(frames, 0.5),
+            Goal::AtMost,
+            20.0});
 }
 
 void measureZoom()
@@ -194,11 +192,7 @@ void measureZoom()
             chart.drawFrame();
         }));
     }
-    std::printf("zooming %d x %d: frame %6.2f ms, 99th percentile %6.2f ms\n",
-                channels,
-                rows,
-                percentile(frames, 0.5),
-                percentile(frames, 0.99));
+    report({"22 zooming 64 x 100k, frame, ms", percentile(frames, 0.5), Goal::AtMost, 16.0});
 }
 
 void measureIngest()
@@ -211,8 +205,10 @@ void measureIngest()
         Instrument without(channels, 1000.0, 100000, 0.0);
         ratios.push_back(with.run(rows) / without.run(rows));
     }
-    std::printf("appending by the thousand, with history over without: %.2f\n",
-                percentile(ratios, 0.5));
+    report({"22 appending by the thousand with the history of a week, times without",
+            percentile(ratios, 0.5),
+            Goal::AtMost,
+            1.3});
 }
 
 } // namespace
@@ -222,9 +218,8 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_SCALE_FACTOR");
     const QApplication application(argc, argv);
-    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ); // a figure is seen when it is measured
     measureZoom();
     measureIngest();
     measureSpans();
-    return 0;
+    return allGoalsMet() ? 0 : 1;
 }

@@ -1,11 +1,14 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: LGPL-2.1-or-later
-"""Measures which share of one core a window takes while it shows 64 channels at 1 kHz over 60 s, 25 frames a second.
+"""Measures which share of one core a window takes while it shows 64 channels at 1 kHz over 60 s, 25 frames a second, and how often
+a window is woken without data.
 
-    benchmarks/window_share.py BUILD              the monitor, and plain windows of Qwt and QCustomPlot, one after the other
-    benchmarks/window_share.py BUILD monitor      one of: monitor, qwt, qcustomplot
-    benchmarks/window_share.py BUILD monitor --hidden
-                                                  while its windows are not on the screen, unmapped as minimised ones are
+    benchmarks/window_share.py BUILD              all of it, one after the other
+    benchmarks/window_share.py BUILD monitor      some of it: monitor, qwt, qcustomplot, hidden, silent
+
+monitor, qwt and qcustomplot are the monitor and plain windows of the other libraries. hidden is the monitor while its window is not on
+the screen, unmapped as a minimised one is, and silent is the monitor after its instrument has fallen silent. Prints "goal, measured,
+limit"; the exit code is 1 if a goal was missed.
 
 BUILD is the folder of a release build with benchmarks. All windows have the same size on a screen of their own (Xvfb) and read the
 same lines from a pipe: a minute at once, then each millisecond as it passes. The monitor draws legend, limits, gaps and, under the
@@ -31,7 +34,10 @@ SPAN = 60  # s
 WRITES = 25  # a second
 SIZE = (1600, 1000)
 TICKS = os.sysconf("SC_CLK_TCK")
-WINDOWS = ("monitor", "qwt", "qcustomplot")
+SHARES = ("monitor", "qwt", "qcustomplot", "hidden")
+SUBJECTS = (*SHARES, "silent")
+LIMITS = {"monitor": 15, "hidden": 1}  # %
+LEADS = {"qwt": 6, "qcustomplot": 3}
 
 
 def header():
@@ -52,9 +58,10 @@ def readings():
 class Instrument(threading.Thread):
     """Writes the readings into a pipe: a minute of the past at once, then as time passes."""
 
-    def __init__(self, pipe):
+    def __init__(self, pipe, falls_silent):
         super().__init__(daemon=True)
         self.pipe = pipe
+        self.falls_silent = falls_silent
         self.rows = readings()
         self.caught_up = threading.Event()
 
@@ -69,6 +76,8 @@ class Instrument(threading.Thread):
                 self.pipe.write(self.lines(first, min(first + RATE, sent)))
             self.pipe.flush()
             self.caught_up.set()
+            if self.falls_silent:
+                return
             begin = time.monotonic() - sent / RATE
             while True:
                 time.sleep(1 / WRITES)
@@ -122,57 +131,92 @@ def processor_time(pid):
     return (int(fields[11]) + int(fields[12])) / TICKS
 
 
-def command(build, window, folder):
+def share(pid, seconds):
+    """The share of one core that a process takes, in percent."""
+    before, begin = processor_time(pid), time.monotonic()
+    time.sleep(seconds)
+    return 100 * (processor_time(pid) - before) / (time.monotonic() - begin)
+
+
+def sleeps(pid):
+    """How often the threads of a process have gone to sleep until now."""
+    return sum(int(line.split()[1]) for task in Path(f"/proc/{pid}/task").iterdir()
+               for line in (task / "status").read_text().splitlines() if line.startswith("voluntary_ctxt_switches"))
+
+
+def wake_ups(pid, seconds):
+    """How often a second a process wakes. The answers of the display server to what was painted belong to the wake-up before them."""
+    rest = 0.05
+    last, changed, count, begin = sleeps(pid), -rest, 0, time.monotonic()
+    while (passed := time.monotonic() - begin) < seconds:
+        time.sleep(rest / 5)
+        now = sleeps(pid)
+        if now != last:
+            count += passed - changed > rest
+            last, changed = now, passed
+    return count / passed
+
+
+def command(build, subject, folder):
     size = f"{SIZE[0]}x{SIZE[1]}"
-    if window == "monitor":
-        return [build / "monitor/corvale-monitor", "--settings", f"{folder}/share.xui", "--size", size, "--span", f"{SPAN}s", "-"]
-    return [build / "benchmarks/corvale_window_peer", window, size]
+    if subject in LEADS:
+        return [build / "benchmarks/corvale_window_peer", subject, size]
+    return [build / "monitor/corvale-monitor", "--settings", f"{folder}/share.xui", "--size", size, "--span", f"{SPAN}s", "-"]
 
 
-def measure(build, window, seconds, hidden):
-    """The share of one core that a window takes, in percent; hidden if it is to be off the screen meanwhile."""
+def measure(build, subject, seconds):
+    """The share of one core that a window takes, in percent, or how often it is woken in a second if it gets no data."""
     screen = Screen()
     with tempfile.TemporaryDirectory() as folder:
         environment = dict(os.environ, DISPLAY=screen.name, QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=folder,
                            XDG_CONFIG_HOME=folder, XDG_CACHE_HOME=folder, QT_SCALE_FACTOR="1")
-        process = subprocess.Popen(command(build, window, folder), stdin=subprocess.PIPE, env=environment,
+        process = subprocess.Popen(command(build, subject, folder), stdin=subprocess.PIPE, env=environment,
                                    stderr=subprocess.DEVNULL)
         try:
-            instrument = Instrument(process.stdin)
+            instrument = Instrument(process.stdin, subject == "silent")
             instrument.start()
             instrument.caught_up.wait()
             time.sleep(5)
-            if hidden:
+            if subject == "hidden":
                 screen.hide_windows()
             else:
                 screen.move_pointer(SIZE[0] // 2, SIZE[1] // 2)
             time.sleep(5)
-            before, begin = processor_time(process.pid), time.monotonic()
-            time.sleep(seconds)
-            used = processor_time(process.pid) - before
+            measured = (share if subject in SHARES else wake_ups)(process.pid, seconds)
             if process.poll() is not None:
-                sys.exit(f"{window} ended with {process.returncode}")
-            return 100 * used / (time.monotonic() - begin)
+                sys.exit(f"{subject} ended with {process.returncode}")
+            return measured
         finally:
             process.kill()
             process.wait()
             screen.close()
 
 
+def report(goal, measured, bound, limit):
+    """Prints the row of a goal, and returns whether it was met."""
+    met = measured >= limit if bound == ">=" else measured <= limit
+    print(f"| {goal:62} | {measured:10.4g} | {bound} {limit:7} | {'met' if met else 'MISSED'} |", flush=True)
+    return met
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("build", type=Path)
-    parser.add_argument("window", nargs="*", choices=[*WINDOWS, []], help="all by default")
+    parser.add_argument("subject", nargs="*", choices=[*SUBJECTS, []], help="all by default")
     parser.add_argument("--seconds", type=float, default=20)
-    parser.add_argument("--hidden", action="store_true")
     arguments = parser.parse_args()
-    shares = {}
-    for window in arguments.window or WINDOWS:
-        shares[window] = measure(arguments.build.resolve(), window, arguments.seconds, arguments.hidden)
-        print(f"{window}: {shares[window]:.2f} % of a core", flush=True)
-    for peer in WINDOWS[1:]:
-        if peer in shares and "monitor" in shares:
-            print(f"the monitor takes {shares[peer] / shares['monitor']:.1f} times less than {peer}")
+    wanted = arguments.subject or SUBJECTS
+    measured = {subject: measure(arguments.build.resolve(), subject, arguments.seconds) for subject in SUBJECTS if subject in wanted}
+    met = []
+    for subject, value in measured.items():
+        if subject in LIMITS:
+            name = "hidden window" if subject == "hidden" else "window"
+            met.append(report(f"18 {name} of 64 channels at 1 kHz, % of a core", value, "<=", LIMITS[subject]))
+        elif subject in LEADS and "monitor" in measured:
+            met.append(report(f"18 the same, times less than a window of {subject}", value / measured["monitor"], ">=", LEADS[subject]))
+        elif subject == "silent":
+            met.append(report("18 window without data, wake-ups a second", round(value, 1), "<=", 1))
+    sys.exit(0 if all(met) else 1)
 
 
 if __name__ == "__main__":

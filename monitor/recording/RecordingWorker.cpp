@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingWorker.h"
 
-#include "monitor/core/ThreadStart.h"
 #include "monitor/recording/RecordingFile.h"
 #include "monitor/recording/RecordingRows.h"
 
+#include <deque>
 #include <utility>
 
 namespace Monitor {
@@ -14,17 +14,26 @@ namespace {
 //! As much as the thread takes at a time. An instrument that sends less in the time between two writes needs no thread.
 constexpr qint64 batchSize = qint64(128) * 1024;
 
+qint64 bytesOf(const std::deque<RecordingBatch> &batches)
+{
+    qint64 bytes = 0;
+    for (const RecordingBatch &batch : batches)
+        bytes += batch.size();
+    return bytes;
+}
+
 } // namespace
 
-RecordingWorker::~RecordingWorker()
+RecordingWorker::RecordingWorker()
+    : m_thread(
+        [this](const RecordingBatch &batch) {
+            work(batch);
+        },
+        [this](RecordingBatch &batch) {
+            batch.clear();
+            m_spare.push_back(std::move(batch));
+        })
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_isEnding = true;
-        m_wakeUp.notify_one();
-    }
-    if (m_thread.joinable())
-        m_thread.join();
 }
 
 void RecordingWorker::add(const ReadingBlock &readings, const ReadingShape &shape)
@@ -46,40 +55,33 @@ void RecordingWorker::add(RecordingBatch::Entry::Kind kind, const QByteArray &li
 //! Hands what was added to the thread, and waits while it is far behind.
 void RecordingWorker::seal()
 {
-    if (!hasThread()) {
+    if (!m_thread.start()) {
         workOnFilling();
         return;
     }
-    std::unique_lock<std::mutex> lock(m_mutex);
-    m_taken.wait(lock, [this] {
-        return m_sealedBytes < mostQueued;
+    m_thread.wait([](const auto &sealed) {
+        return bytesOf(sealed) < mostQueued;
     });
-    m_sealedBytes += m_filling.size();
-    m_sealed.push_back(std::move(m_filling));
-    m_filling = RecordingBatch();
-    if (!m_spare.empty()) {
-        m_filling = std::move(m_spare.back());
-        m_spare.pop_back();
-    }
-    m_wakeUp.notify_one();
+    m_thread.add(std::exchange(m_filling, m_thread.locked([this](const auto &) {
+        return takeSpare();
+    })));
 }
 
-//! Starts the thread if that was not possible until now.
-bool RecordingWorker::hasThread()
+//! Returns an empty batch.
+RecordingBatch RecordingWorker::takeSpare()
 {
-    return m_thread.joinable() || startThread(&m_thread, [this] {
-               run();
-           });
+    if (m_spare.empty())
+        return RecordingBatch();
+    RecordingBatch batch = std::move(m_spare.back());
+    m_spare.pop_back();
+    return batch;
 }
 
 void RecordingWorker::settle()
 {
-    {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        m_taken.wait(lock, [this] {
-            return m_sealed.empty();
-        });
-    }
+    m_thread.wait([](const auto &sealed) {
+        return sealed.empty();
+    });
     if (!m_filling.isEmpty())
         workOnFilling();
 }
@@ -97,27 +99,6 @@ void RecordingWorker::setFile(RecordingFile *file, bool writes, qint64 mostBytes
     m_mostBytes = mostBytes;
     m_isStuck = false;
     tellSize();
-}
-
-void RecordingWorker::run()
-{
-    std::unique_lock<std::mutex> lock(m_mutex);
-    for (;;) {
-        m_wakeUp.wait(lock, [this] {
-            return !m_sealed.empty() || m_isEnding;
-        });
-        if (m_isEnding)
-            return;
-        RecordingBatch &batch = m_sealed.front(); // stays where it is while others are added
-        lock.unlock();
-        work(batch);
-        lock.lock();
-        m_sealedBytes -= batch.size();
-        batch.clear();
-        m_spare.push_back(std::move(batch));
-        m_sealed.pop_front();
-        m_taken.notify_one();
-    }
 }
 
 void RecordingWorker::work(const RecordingBatch &batch)

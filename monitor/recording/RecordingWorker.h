@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/WorkThread.h"
 #include "monitor/recording/RecordingBatch.h"
 #include "monitor/recording/RecordingText.h"
 
 #include <atomic>
-#include <condition_variable>
-#include <deque>
-#include <mutex>
-#include <thread>
 #include <vector>
 
 namespace Monitor {
@@ -27,9 +24,9 @@ public:
     //! How many bytes may wait to become text, beside the readings that are added last; add() waits while there are more.
     static constexpr qint64 mostQueued = qint64(2) * 1024 * 1024;
 
-    RecordingWorker() = default;
+    RecordingWorker();
     //! Ends the thread. What waits is not written.
-    ~RecordingWorker();
+    ~RecordingWorker() = default;
     RecordingWorker(const RecordingWorker &) = delete;
     RecordingWorker &operator=(const RecordingWorker &) = delete;
 
@@ -54,8 +51,7 @@ public:
 
 private:
     void seal();
-    bool hasThread();
-    void run();
+    RecordingBatch takeSpare();
     void workOnFilling();
     void work(const RecordingBatch &batch);
     bool isFull() const;
@@ -63,16 +59,9 @@ private:
     void tellSize();
 
     RecordingBatch m_filling; //!< belongs to the owner until it is large enough for the thread
-
-    std::mutex m_mutex;
-    std::condition_variable m_wakeUp; //!< of the thread
-    std::condition_variable m_taken; //!< a batch was done
-    std::deque<RecordingBatch> m_sealed; //!< the first one is in work
-    qint64 m_sealedBytes = 0;
     std::vector<RecordingBatch> m_spare; //!< empty ones, whose memory is used again
-    bool m_isEnding = false;
 
-    // These belong to the thread while there are sealed batches, and otherwise to the owner.
+    // These belong to the thread while it has batches, and otherwise to the owner.
     RecordingText m_text;
     RecordingFile *m_file = nullptr;
     bool m_writes = false;
@@ -80,7 +69,7 @@ private:
 
     std::atomic<bool> m_isStuck = false;
     std::atomic<qint64> m_size = 0;
-    std::thread m_thread;
+    WorkThread<RecordingBatch> m_thread;
 };
 
 } // namespace Monitor

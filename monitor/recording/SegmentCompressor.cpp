@@ -2,7 +2,6 @@
 #include "monitor/recording/SegmentCompressor.h"
 
 #include "monitor/core/Text.h"
-#include "monitor/core/ThreadStart.h"
 #include "monitor/recording/DraftFile.h"
 
 #include <QFile>
@@ -10,6 +9,7 @@
 
 #include <cerrno>
 #include <sys/file.h>
+#include <utility>
 
 namespace Monitor {
 
@@ -92,6 +92,18 @@ bool convertSegment(const QString &path,
     return fault.isEmpty();
 }
 
+SegmentCompressor::SegmentCompressor()
+    : m_thread(
+        [this](Job &job) {
+            work(job);
+        },
+        [this](const Job &job) {
+            if (!job.error.isEmpty())
+                m_errors.append(job.error);
+        })
+{
+}
+
 SegmentCompressor::~SegmentCompressor()
 {
     finish();
@@ -99,85 +111,48 @@ SegmentCompressor::~SegmentCompressor()
 
 void SegmentCompressor::add(const QString &path, const SegmentConversion &conversion)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const bool hasThread = m_thread.joinable() || startThread(&m_thread, [this] {
-                               run();
-                           });
-    if (!hasThread) {
+    if (m_thread.start())
+        m_thread.add({path, conversion, {}});
+    else
         m_errors.append(staysText(path, conversion.form, Text::noThread()));
-        return;
-    }
-    m_pending.push_back({path, conversion});
-    m_wakeUp.notify_one();
 }
 
 QStringList SegmentCompressor::pending() const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    QStringList paths;
-    for (const Job &job : m_pending)
-        paths.append(job.path);
-    return paths;
+    return m_thread.locked([](const auto &jobs) {
+        QStringList paths;
+        for (const Job &job : jobs)
+            paths.append(job.path);
+        return paths;
+    });
 }
 
 void SegmentCompressor::finish()
 {
-    end();
+    m_thread.finish();
 }
 
 void SegmentCompressor::cancel()
 {
     m_isCancelled = true;
-    end();
+    m_thread.finish();
     m_isCancelled = false;
 }
 
-//! Lets the thread end once nothing is pending, and waits for that.
-void SegmentCompressor::end()
+void SegmentCompressor::work(Job &job)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_isEnding = true;
-        m_wakeUp.notify_one();
-    }
-    if (m_thread.joinable())
-        m_thread.join();
-    m_isEnding = false;
-}
-
-void SegmentCompressor::run()
-{
-    for (;;) {
-        Job job;
-        {
-            std::unique_lock<std::mutex> lock(m_mutex);
-            m_wakeUp.wait(lock, [this] {
-                return !m_pending.empty() || m_isEnding;
-            });
-            if (m_pending.empty())
-                return;
-            job = m_pending.front();
-        }
-        QString error;
-        m_progress = 0.0;
-        const bool converted =
-            convertSegment(job.path, job.conversion, &error, [this](double progress) {
-                m_progress = progress;
-                return !m_isCancelled;
-            });
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_pending.pop_front();
-        if (!converted)
-            m_errors.append(error);
-    }
+    m_progress = 0.0;
+    convertSegment(job.path, job.conversion, &job.error, [this](double progress) {
+        m_progress = progress;
+        return !m_isCancelled;
+    });
 }
 
 QStringList SegmentCompressor::takeErrors()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    QStringList errors;
-    errors.swap(m_errors);
-    return errors;
+    return m_thread.locked([this](const auto &) {
+        return std::exchange(m_errors, {});
+    });
 }
 
 } // namespace Monitor

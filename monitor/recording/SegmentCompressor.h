@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/WorkThread.h"
 #include "monitor/recording/SegmentForm.h"
 
 #include <QStringList>
 
 #include <atomic>
-#include <condition_variable>
-#include <deque>
-#include <mutex>
-#include <thread>
 
 namespace Monitor {
 
@@ -19,7 +16,7 @@ namespace Monitor {
 class SegmentCompressor
 {
 public:
-    SegmentCompressor() = default;
+    SegmentCompressor();
     //! Waits until all files are compressed.
     ~SegmentCompressor();
     SegmentCompressor(const SegmentCompressor &) = delete;
@@ -39,24 +36,20 @@ public:
     QStringList takeErrors();
 
 private:
-    void run();
-    void end();
-
     //! A file, and what is to become of it.
     struct Job
     {
         QString path;
         SegmentConversion conversion;
+        QString error; //!< empty if nothing went wrong
     };
 
-    mutable std::mutex m_mutex;
-    std::condition_variable m_wakeUp;
-    std::deque<Job> m_pending;
-    QStringList m_errors;
-    bool m_isEnding = false;
+    void work(Job &job);
+
+    QStringList m_errors; //!< is looked at while the thread changes nothing
     std::atomic<bool> m_isCancelled = false;
     std::atomic<double> m_progress = 0.0;
-    std::thread m_thread;
+    WorkThread<Job> m_thread;
 };
 
 /*! Brings a file into another form as SegmentCompressor does. \a goesOn is called with the progress, from 0 to 1, and cancels the

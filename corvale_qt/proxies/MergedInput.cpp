@@ -41,6 +41,12 @@ void MergedInput::unwire()
     d->announcer.abandon(*this);
 }
 
+//! Asks the model. Apart from has(), so that what is called for each point stays short.
+bool MergedInput::hasNow(int row) const
+{
+    return row < items->rowCount();
+}
+
 void MergedInput::retire()
 {
     unwire();
@@ -49,6 +55,13 @@ void MergedInput::retire()
     columns.clear();
     setParent(q);
     deleteLater();
+}
+
+double Channel::newestNumber() const
+{
+    const int newest = exists() ? input->rowCount() - 1 : 0;
+    return newest >= 1 ? input->plot()->doubleData(newest, column)
+                       : std::numeric_limits<double>::quiet_NaN();
 }
 
 void MergedInput::_q_sourceRowsAboutToBeInserted(const QModelIndex &, int, int last)

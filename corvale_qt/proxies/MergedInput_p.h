@@ -54,10 +54,7 @@ public:
         return items ? items->index(row, column) : QModelIndex();
     }
     //! Returns whether the model has \a row. Between changes the announced rows are trusted, so as not to ask for each point.
-    bool has(int row) const
-    {
-        return items && ((isSteady() && row <= rows) || row < items->rowCount());
-    }
+    bool has(int row) const { return items && ((isSteady() && row <= rows) || hasNow(row)); }
     /*! Returns a number of the model as it is, without looking again whether the model is there: only for a row that it has, as
         has() says. */
     double numberOf(int row, int column) const { return m_plot->doubleData(row, column); }
@@ -100,6 +97,7 @@ private:
     MergedInput *self() { return this; }
     //! Returns whether the model is connected and between two changes.
     bool isSteady() const { return m_wired && openChanges == 0; }
+    Q_NEVER_INLINE bool hasNow(int row) const;
 
     void _q_sourceRowsAboutToBeInserted(const QModelIndex &parent, int first, int last);
     void _q_sourceRowsInserted(const QModelIndex &parent, int first, int last);
@@ -162,6 +160,8 @@ struct Channel
     bool exists() const { return column >= 0 && column < input->ownColumns; }
     //! Returns the row of the input that is shown in \a row of the proxy; below 1 if the channel has no reading to show.
     int shownRow(int row) const { return exists() ? input->shownRow(row) : 0; }
+    //! Returns the number of the newest reading, which is repeated in the rows that the input does not have; NaN without one.
+    Q_NEVER_INLINE double newestNumber() const;
 };
 
 using MergedInputs = std::vector<std::unique_ptr<MergedInput>>;

@@ -15,7 +15,6 @@
 #include <QFile>
 #include <QMimeData>
 
-#include <limits>
 
 namespace Corvale_Qt {
 
@@ -435,9 +434,7 @@ double RVXMultichannelProxyModel::doubleData(int row, int column) const
         return 0.0;
     if (channel->exists() && channel->input->has(row))
         return channel->input->numberOf(row, channel->column);
-    const int shown = channel->shownRow(row);
-    return shown >= 1 ? channel->input->plot()->doubleData(shown, channel->column)
-                      : std::numeric_limits<double>::quiet_NaN();
+    return channel->newestNumber();
 }
 
 QwtSeriesData<QPointF> *

@@ -44,14 +44,23 @@ RowSpans without(const RowSpans &all, const RowSpans &others)
     return left;
 }
 
-bool isBefore(const QItemSelectionRange &one, const QItemSelectionRange &other)
-{
-    return one.top() < other.top();
-}
-
 bool isSame(const RowSpan &one, const RowSpan &other)
 {
     return one.first == other.first && one.last == other.last;
+}
+
+//! Returns the spans of \a all that are not among \a others. Both rise.
+RowSpans notAmong(const RowSpans &others, const RowSpans &all)
+{
+    RowSpans left;
+    auto other = others.begin();
+    for (const RowSpan &span : all) {
+        while (other != others.end() && other->first < span.first)
+            ++other;
+        if (other == others.end() || !isSame(*other, span))
+            left.push_back(span);
+    }
+    return left;
 }
 
 } // namespace
@@ -88,41 +97,6 @@ struct RowSelection::Table
     {
         return range.left() == 0 && range.right() == lastColumn;
     }
-
-    /*! Makes \a ranges, those of the rows \a from, those of the rows \a to. What is in both stays where it is, since its indexes need
-        not be looked up among those that the model keeps up to date. */
-    void change(QItemSelection &ranges, const RowSpans &from, const RowSpans &to) const
-    {
-        QItemSelection added;
-        auto wanted = to.begin();
-        auto range = ranges.begin(), kept = range;
-        for (const RowSpan &span : from) {
-            for (; wanted != to.end() && wanted->first < span.first; ++wanted)
-                added.append(rangeOf(*wanted));
-            if (wanted != to.end() && isSame(*wanted, span)) {
-                ++wanted;
-                if (kept != range)
-                    *kept = std::move(*range);
-                ++kept;
-            }
-            ++range;
-        }
-        for (; wanted != to.end(); ++wanted)
-            added.append(rangeOf(*wanted));
-        const auto keptRanges = kept - ranges.begin();
-        ranges.erase(kept, ranges.end());
-        ranges += added;
-        // Merged from behind, where there is room now.
-        auto next = ranges.begin() + keptRanges;
-        auto place = ranges.end();
-        for (int i = added.size() - 1; i >= 0;) {
-            --place;
-            if (next != ranges.begin() && isBefore(added.at(i), *(next - 1)))
-                *place = std::move(*--next);
-            else
-                *place = added.at(i--);
-        }
-    }
 };
 
 void RowSelection::select(QItemSelectionModel &selection,
@@ -158,24 +132,56 @@ void RowSelection::replace(QItemSelectionModel &selection,
     const bool selects = command & (QItemSelectionModel::Select | QItemSelectionModel::Toggle)
         && !command.testFlag(QItemSelectionModel::Deselect);
     const RowSpans before = std::exchange(m_rows, selects ? rows : RowSpans());
+    const RowSpans gone = notAmong(m_rows, before), come = notAmong(before, m_rows);
     {
         // Cleared first, there is nothing that the selection model could compare the rows with, and it shares none of the ranges.
         const QSignalBlocker quiet(&selection);
         selection.select(QItemSelection(), QItemSelectionModel::Clear);
-        table.change(m_ranges, before, rows);
+        dropRanges(gone);
+        addRanges(table, come);
         command.setFlag(QItemSelectionModel::Clear, false);
         selection.select(m_ranges, command);
     }
-    if (!selects)
-        m_ranges.clear();
-    // What is selected now is known: asking for it would copy thousands of ranges several times.
-    const RowSpans added = without(m_rows, before), removed = without(before, m_rows);
-    if (added.empty() && removed.empty())
+    if (gone.empty() && come.empty())
         return;
-    const QItemSelection selected = table.selectionOf(added);
+    // What is selected now is known: asking for it would copy thousands of ranges several times.
+    const QItemSelection selected = table.selectionOf(without(come, gone));
+    const QItemSelection deselected = table.selectionOf(without(gone, come));
+    if (selected.isEmpty() && deselected.isEmpty())
+        return;
     // A selection model that a host keeps quiet tells nobody, and the next announcement at this place would be somebody else's.
     m_announced = selection.signalsBlocked() ? nullptr : &selected;
-    Q_EMIT selection.selectionChanged(selected, table.selectionOf(removed));
+    Q_EMIT selection.selectionChanged(selected, deselected);
+}
+
+void RowSelection::addRanges(const Table &table, const RowSpans &spans)
+{
+    for (const RowSpan &span : spans) {
+        m_ranges.append(table.rangeOf(span));
+        m_tops.push_back(span.first);
+    }
+}
+
+void RowSelection::dropRanges(const RowSpans &spans)
+{
+    if (spans.empty())
+        return;
+    std::vector<bool> isGone(std::size_t(m_rowCount), false);
+    for (const RowSpan &span : spans)
+        isGone[std::size_t(span.first)] = true;
+    auto keptRange = m_ranges.begin(), range = keptRange;
+    auto keptTop = m_tops.begin();
+    for (const int top : m_tops) {
+        if (!isGone[std::size_t(top)]) {
+            *keptTop++ = top;
+            if (keptRange != range)
+                *keptRange = std::move(*range); // its indexes need not be looked up again
+            ++keptRange;
+        }
+        ++range;
+    }
+    m_ranges.erase(keptRange, m_ranges.end());
+    m_tops.erase(keptTop, m_tops.end());
 }
 
 const RowSpans &RowSelection::rows(const QItemSelectionModel &selection, const QModelIndex &parent)
@@ -200,6 +206,7 @@ void RowSelection::forget()
     m_isKnown = false;
     m_rows.clear();
     m_ranges.clear();
+    m_tops.clear();
 }
 
 bool RowSelection::isKnown(const QItemSelectionModel &selection, const QModelIndex &parent) const
@@ -225,14 +232,17 @@ void RowSelection::read(const QItemSelectionModel &selection, const Table &table
         if (!isHeld)
             continue;
         m_ranges.append(range);
+        m_tops.push_back(top);
         if (m_rows.empty() || m_rows.back().last < top)
             m_rows.push_back({top, range.bottom()});
         else // other columns of the same rows
             m_rows.back().last = std::max(m_rows.back().last, range.bottom());
     }
     m_areWhole = areWhole && std::size_t(m_ranges.size()) == m_rows.size();
-    if (!m_areWhole)
+    if (!m_areWhole) {
         m_ranges.clear();
+        m_tops.clear();
+    }
     m_isKnown = true;
     m_rowCount = table.model.rowCount(table.parent);
     m_lastColumn = table.lastColumn;

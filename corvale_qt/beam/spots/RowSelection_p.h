@@ -48,11 +48,18 @@ private:
                  const Table &table,
                  const RowSpans &rows,
                  QItemSelectionModel::SelectionFlags command);
+    //! Adds ranges behind the others.
+    void addRanges(const Table &table, const RowSpans &spans);
+    //! Removes ranges. What stays keeps its order.
+    void dropRanges(const RowSpans &spans);
     bool isKnown(const QItemSelectionModel &selection, const QModelIndex &parent) const;
 
     RowSpans m_rows;
     bool m_areWhole = false; //!< whether nothing is selected but whole rows, each once
-    QItemSelection m_ranges; //!< one for each of these rows, if they are whole
+    /*! One range for each span of these rows, if they are whole, in the order in which they were selected. Their indexes lie in memory in
+        that order, and the selection model goes over them several times. */
+    QItemSelection m_ranges;
+    std::vector<int> m_tops; //!< the first row of each range
     bool m_isKnown = false;
     int m_rowCount = 0; //!< of the model
     int m_lastColumn = 0;

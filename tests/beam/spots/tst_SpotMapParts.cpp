@@ -474,25 +474,28 @@ private Q_SLOTS:
 
     void keptRingsAreThoseDrawnAnew_data()
     {
-        columns<double, double>("ratio", "largest");
-        row("small", 1.0, 12.0);
-        row("wider than a word of bits", 1.0, 45.0);
-        row("some too large for a picture", 1.0, 140.0);
-        row("three device pixels to two", 1.5, 20.0);
-        row("doubled pixels", 2.0, 40.0);
+        columns<double, double, double>("ratio", "largest", "empty"); // in the middle
+        row("small", 1.0, 12.0, 0.0);
+        row("crowded at the edges, one of them within a byte of bits", 1.0, 8.0, 196.0);
+        row("wider than a word of bits", 1.0, 45.0, 0.0);
+        row("some too large for a picture", 1.0, 140.0, 0.0);
+        row("three device pixels to two", 1.5, 20.0, 0.0);
+        row("doubled pixels", 2.0, 40.0, 0.0);
     }
 
     //! Rings of all sizes, of which later ones hide many and some come and go, look as if each of them were drawn.
     void keptRingsAreThoseDrawnAnew()
     {
         QFETCH(double, ratio);
+        QFETCH(double, empty);
         QRandomGenerator random(7);
         QVector<Spot> all;
         for (int i = 0; i < 150; ++i) {
             // Some reach beyond the edges.
             const double sigma = (1 + random.bounded(5)) * cell<double>("largest") / 5;
-            all << Spot{float(random.bounded(220.0) - 10), float(random.bounded(170.0) - 10), 1,
-                        float(sigma)};
+            const double right = random.bounded(220.0 - empty) - 10 + empty;
+            all << Spot{float(i % 2 == 0 ? right : right - empty),
+                        float(random.bounded(170.0) - 10), 1, float(sigma)};
         }
         SpotList spots;
         spots.assign(all);

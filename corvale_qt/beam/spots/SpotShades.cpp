@@ -20,6 +20,13 @@ int roundedUp(double value)
     return whole + (value > whole ? 1 : 0);
 }
 
+//! Returns the pixels whose middle lies between two places in a picture.
+inline std::pair<int, int> pixelsBetween(double from, double to)
+{
+    const double behind = to + 0.5;
+    return {roundedUp(from - 0.5), int(behind) - 1};
+}
+
 //! Returns the pixels of a picture whose middle lies between two places, which may be far outside.
 inline std::pair<int, int> pixelsBetween(double from, double to, int pixels)
 {
@@ -37,13 +44,17 @@ double gaussian(double distance, double sigma)
 class GaussianSteps
 {
 public:
-    GaussianSteps(int first, double centre, double sigma)
+    //! \a change is that of a sigma.
+    GaussianSteps(int first, double centre, double sigma, double change)
+        : m_change(change)
     {
         const double distance = first + 0.5 - centre;
         m_value = gaussian(distance, sigma);
         m_factor = std::exp(-(distance + 0.5) / (sigma * sigma));
-        m_change = std::exp(-1.0 / (sigma * sigma));
     }
+
+    //! Returns by what the factor changes from pixel to pixel.
+    static double change(double sigma) { return std::exp(-1.0 / (sigma * sigma)); }
 
     float next()
     {
@@ -56,7 +67,7 @@ public:
 private:
     double m_value;
     double m_factor;
-    double m_change;
+    const double m_change;
 };
 
 /*! Where a spot ends. A brush has separate steps; in the last of them it falls from the Gaussian to 0. */
@@ -109,7 +120,7 @@ bool SpotShades::begin(const SpotStyle &style)
     const auto pixels =
         size_t(std::max(style.pixels.width(), 0)) * size_t(std::max(style.pixels.height(), 0));
     try {
-        m_background.assign(pixels + SpotCover::slack, 1.0F);
+        m_background.resize(pixels + SpotCover::slack);
         m_negative.clear();
         m_columns.resize(size_t(std::max(style.pixels.width(), 0)) + SpotCover::slack);
         m_rows.resize(size_t(std::max(style.pixels.height(), 0)));
@@ -120,18 +131,26 @@ bool SpotShades::begin(const SpotStyle &style)
     for (int step = 0; step <= colorSteps; ++step)
         m_colors[size_t(step)] =
             mixedColor(style.color, style.background, double(step) / colorSteps).rgb();
+    clear(QRect(QPoint(), style.pixels));
     return true;
 }
 
 void SpotShades::clear(const QRect &part)
 {
-    const int width = m_style.pixels.width();
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-        const auto first = size_t(y) * size_t(width) + size_t(part.left());
-        std::fill_n(m_background.begin() + std::ptrdiff_t(first), part.width(), 1.0F);
-        if (!m_negative.empty())
-            std::fill_n(m_negative.begin() + std::ptrdiff_t(first), part.width(), 0.0F);
-    }
+    if (part.isEmpty())
+        return;
+    const std::ptrdiff_t width = m_style.pixels.width();
+    const std::ptrdiff_t start = part.top() * width + part.left();
+    const auto fill = [&](std::vector<float> &pixels, float value) {
+        // To copy a line is faster than to fill it.
+        const auto first = pixels.begin() + start;
+        std::fill_n(first, part.width(), value);
+        for (int y = 1; y < part.height(); ++y)
+            std::copy_n(first, part.width(), first + y * width);
+    };
+    fill(m_background, 1.0F);
+    if (!m_negative.empty())
+        fill(m_negative, 0.0F);
 }
 
 SpotShades::Blob SpotShades::blobOf(const SpotMapView::MapSpot &spot) const
@@ -190,8 +209,12 @@ void SpotShades::add(const SpotMapView::MapSpot &spot, const QRect &part)
 void SpotShades::computeRows(const Blob &blob, const QRect &part)
 {
     const QPoint first = blob.pixels.topLeft();
-    GaussianSteps alongX(first.x(), blob.centre.x(), blob.sigmaX);
-    GaussianSteps alongY(first.y(), blob.centre.y(), blob.sigmaY);
+    const double change = GaussianSteps::change(blob.sigmaX);
+    GaussianSteps alongX(first.x(), blob.centre.x(), blob.sigmaX, change);
+    GaussianSteps alongY(first.y(),
+                         blob.centre.y(),
+                         blob.sigmaY,
+                         blob.sigmaY == blob.sigmaX ? change : GaussianSteps::change(blob.sigmaY));
     const int columns = part.right() - first.x() + 1, rows = part.bottom() - first.y() + 1;
     const int both = std::min(columns, rows);
     for (int i = 0; i < both; ++i) {
@@ -203,11 +226,15 @@ void SpotShades::computeRows(const Blob &blob, const QRect &part)
     for (int i = both; i < rows; ++i)
         m_rows[size_t(i)].height = blob.opacity * alongY.next();
     const double reach = blob.rim.reach * blob.rim.reach;
+    const int width = m_style.pixels.width();
+    const double widest = blob.rim.reach * blob.sigmaX + 1.0;
+    const bool isInside = blob.centre.x() >= widest && blob.centre.x() + widest <= width;
     for (int y = part.top(); y <= part.bottom(); ++y) {
         const double above = (y + 0.5 - blob.centre.y()) / blob.sigmaY;
         const double half = blob.sigmaX * std::sqrt(std::max(reach - above * above, 0.0));
+        const double from = blob.centre.x() - half, to = blob.centre.x() + half;
         const auto [left, right] =
-            pixelsBetween(blob.centre.x() - half, blob.centre.x() + half, m_style.pixels.width());
+            isInside ? pixelsBetween(from, to) : pixelsBetween(from, to, width);
         SpotRow &row = m_rows[size_t(y - first.y())];
         row.first = std::max(left, part.left()) - first.x();
         row.behind = std::min(right, part.right()) - first.x() + 1;
@@ -244,13 +271,18 @@ QRgb SpotShades::mixed(size_t pixel) const
 
 void SpotShades::paint(QImage &image, const QRect &part) const
 {
+    // Copied, since the compiler must assume that writing a pixel changes them.
+    const QRgb *const colors = m_colors.data();
+    const int right = part.right();
     for (int y = part.top(); y <= part.bottom(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         const size_t first = size_t(y) * size_t(m_style.pixels.width());
         const float *background = m_background.data() + first;
-        for (int x = part.left(); x <= part.right(); ++x)
-            line[x] = m_colors[size_t(qRound(background[x] * colorSteps))];
-        for (int x = part.left(); x <= part.right() && !m_negative.empty(); ++x) {
+        for (int x = part.left(); x <= right; ++x) {
+            const float place = background[x] * colorSteps + 0.5F; // to round; none is negative
+            line[x] = colors[int(place)];
+        }
+        for (int x = part.left(); x <= right && !m_negative.empty(); ++x) {
             if (m_negative[first + size_t(x)] != 0.0F)
                 line[x] = mixed(first + size_t(x));
         }

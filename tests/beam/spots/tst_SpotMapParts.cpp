@@ -457,7 +457,7 @@ private Q_SLOTS:
                     SpotList spots;
                     spots.assign({{30.3F, 29.6F, dose, sigma}, {29.0F, 30.0F, above, sigma}});
                     SpotStyle style = styleOf(spots);
-                    style.pixels *= 5;
+                    style.pixels = QSize(300, 270);
                     style.fullScaleDose = 6;
                     style.background = QColor(20, 60, 20);
                     auto painter = makePaintedLayer(makeImageBuffer(), drawSpots);

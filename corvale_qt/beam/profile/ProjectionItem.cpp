@@ -159,7 +159,7 @@ private:
                         : QRectF(m_canvas.left(), from, m_canvas.width(), kPart);
     }
 
-    static constexpr double kPart = 32; // pixels
+    static constexpr double kPart = 64; // pixels
     const QPolygonF &m_line;
     const QRectF m_canvas;
     const bool m_alongX;

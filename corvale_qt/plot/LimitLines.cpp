@@ -8,7 +8,9 @@
 #include <QPaintEngine>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace Corvale_Qt {
 
@@ -24,16 +26,20 @@ const QColor kAlarm(255, 80, 70);
 const QColor kWarning(255, 190, 60);
 constexpr int kDash = 4;
 constexpr int kGap = 2;
+constexpr int kDashes =
+    256; // of the picture; Qt begins anew for each repetition, which takes longer than the pixels
 
 //! Returns a brush whose pixels are the dashes of a horizontal line, as those of Qt::DashLine.
 QBrush dashes(const QColor &color)
 {
-    QImage dash(kDash + kGap, 1, QImage::Format_ARGB32_Premultiplied);
-    dash.fill(Qt::transparent);
-    for (int x = 0; x < kDash; ++x)
-        dash.setPixelColor(x, 0, color);
+    QImage picture(kDashes * (kDash + kGap), 1, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    for (int x = 0; x < picture.width(); ++x) {
+        if (x % (kDash + kGap) < kDash)
+            picture.setPixelColor(x, 0, color);
+    }
     QBrush brush;
-    brush.setTextureImage(dash);
+    brush.setTextureImage(picture);
     return brush;
 }
 
@@ -56,12 +62,18 @@ void drawLimit(QPainter *painter, const QLineF &line, bool isAlarm, bool isOnWhi
     const QColor &shadow = isOnWhite ? kShadowOnWhite : kShadow;
     constexpr double shadowWidth = 3.0;
     if (painter->paintEngine()->type() == QPaintEngine::Raster) {
-        const auto area = [&line](double width) {
-            return QRectF(line.x1(), line.y1() - 0.5 * width, line.dx(), width);
+        const auto area = [&line](double above, double height) {
+            return QRectF(line.x1(), line.y1() - above, line.dx(), height);
         };
-        painter->fillRect(area(shadowWidth), shadow);
-        painter->setBrushOrigin(area(1.0).topLeft());
-        painter->fillRect(area(1.0), isAlarm ? QBrush(kAlarm) : warningDashes(isOnWhite));
+        if (isAlarm) { // covers what is below
+            painter->fillRect(area(1.5, 1.0), shadow);
+            painter->fillRect(area(0.5, 1.0), kAlarm);
+            painter->fillRect(area(-0.5, 1.0), shadow);
+            return;
+        }
+        painter->fillRect(area(1.5, shadowWidth), shadow);
+        painter->setBrushOrigin(area(0.5, 1.0).topLeft());
+        painter->fillRect(area(0.5, 1.0), warningDashes(isOnWhite));
         return;
     }
     painter->setPen(QPen(shadow, shadowWidth, Qt::SolidLine, Qt::FlatCap));
@@ -81,10 +93,43 @@ LimitLines::LimitLines()
     setItemAttribute(QwtPlotItem::Legend, false);
 }
 
+bool LimitLines::Line::isBelow(const Line &other) const
+{
+    const auto fields = [](const Line &line) {
+        return std::make_tuple(line.y, line.isAlarm, line.x.minValue(), line.x.maxValue());
+    };
+    return fields(*this) < fields(other);
+}
+
+//! Returns the first of the lines, from the lowest on, that is not below another one.
+std::vector<int>::const_iterator LimitLines::find(const Line &line) const
+{
+    return std::lower_bound(m_fromBelow.begin(),
+                            m_fromBelow.end(),
+                            line,
+                            [this](int i, const Line &wanted) {
+                                return m_lines[i].isBelow(wanted);
+                            });
+}
+
+bool LimitLines::contains(const Line &line) const
+{
+    const auto found = find(line);
+    return found != m_fromBelow.end() && !line.isBelow(m_lines[*found]);
+}
+
 void LimitLines::add(const Line &line)
 {
-    if (!m_lines.contains(line))
-        m_lines.append(line);
+    if (contains(line))
+        return;
+    m_fromBelow.insert(find(line), m_lines.size());
+    m_lines.append(line);
+}
+
+void LimitLines::clear()
+{
+    m_lines.resize(0);
+    m_fromBelow.clear();
 }
 
 void LimitLines::draw(QPainter *painter,

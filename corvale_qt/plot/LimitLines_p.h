@@ -8,6 +8,8 @@
 
 #include <QVector>
 
+#include <vector>
+
 namespace Corvale_Qt {
 
 //! Draws limits as horizontal lines: warnings amber and dashed, alarms red and solid.
@@ -21,16 +23,16 @@ public:
         bool isAlarm = false;
         QwtInterval x; //!< invalid for the whole width of the canvas
 
-        bool operator==(const Line &other) const
-        {
-            return y == other.y && isAlarm == other.isAlarm && x == other.x;
-        }
+        //! Orders all lines that differ, by their height first.
+        bool isBelow(const Line &other) const;
     };
 
     LimitLines();
 
     //! Removes all lines.
-    void clear() { m_lines.resize(0); }
+    void clear();
+    //! Returns whether there is the same line.
+    bool contains(const Line &line) const;
     //! Adds a line, unless there is the same one.
     void add(const Line &line);
     const QVector<Line> &lines() const { return m_lines; }
@@ -41,7 +43,10 @@ public:
               const QRectF &canvasRect) const override;
 
 private:
-    QVector<Line> m_lines;
+    std::vector<int>::const_iterator find(const Line &line) const;
+
+    QVector<Line> m_lines; //!< in the order in which they are drawn
+    std::vector<int> m_fromBelow; //!< their places there, from the lowest line on
 };
 
 } // namespace Corvale_Qt

@@ -159,7 +159,7 @@ void ScopeLimits::show(LineOf lineOf)
             if (std::isnan(y))
                 continue;
             const LimitLines::Line line = lineOf(watch.key(), y, isAlarm(limit));
-            if (!drawn.lines().contains(line))
+            if (!drawn.contains(line))
                 missing.append(line);
         }
         // Most channels share their limits with another one, so that the model, which takes longer, need not be asked.

@@ -4,6 +4,7 @@
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
 #include "corvale_qt/plot/DenseCurve_p.h"
+#include "corvale_qt/plot/PixelPen_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/SampleXCache_p.h"
 
@@ -56,7 +57,7 @@ bool areFinite(const double *values, int count)
     NumberPair nothing{0.0, 0.0};
     int i = 0;
     for (; i + 2 <= count; i += 2)
-        nothing += pairAt(values + i) - pairAt(values + i);
+        nothing += pairAt(values + i) * 0.0; // no number but for finite ones
     if (i < count)
         nothing[0] += values[i] - values[i];
     return nothing[0] == 0.0 && nothing[1] == 0.0;
@@ -99,23 +100,6 @@ private:
 bool isFinite(double x, double y)
 {
     return std::isfinite(x) && std::isfinite(y);
-}
-
-//! Returns whether a painter's pen is at most one pixel wide, and sets the pixels of its line to one colour without blending.
-bool paintsThinOpaque(const QPainter &painter)
-{
-    const QPen &pen = painter.pen();
-    return QwtPainter::roundingAlignment(const_cast<QPainter *>(&painter))
-        && !painter.testRenderHint(QPainter::Antialiasing)
-        && painter.compositionMode() == QPainter::CompositionMode_SourceOver
-        && painter.opacity() == 1.0 && pen.style() != Qt::NoPen && pen.widthF() <= 1.0
-        && pen.brush().style() == Qt::SolidPattern && pen.color().alpha() == 255;
-}
-
-//! Returns whether a pixel of a painter's coordinates is more than one pixel of its device.
-bool isFiner(const QPainter &painter)
-{
-    return painter.device()->devicePixelRatioF() > 1.0;
 }
 
 } // namespace

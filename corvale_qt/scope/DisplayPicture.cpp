@@ -9,6 +9,7 @@
 #include <qwt_plot_canvas.h>
 
 #include <QFontInfo>
+#include <QList>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPicture>
@@ -55,14 +56,14 @@ QPalette darkPalette()
 }
 
 //! Returns the view itself, if the display is one, and those in it that can be seen.
-std::vector<RVXScopePlotView *> viewsIn(QWidget *display)
+QList<RVXScopePlotView *> viewsIn(QWidget *display)
 {
-    std::vector<RVXScopePlotView *> views;
+    QList<RVXScopePlotView *> views;
     if (auto *view = qobject_cast<RVXScopePlotView *>(display))
-        views.push_back(view);
+        views.append(view);
     for (RVXScopePlotView *view : display->findChildren<RVXScopePlotView *>()) {
         if (view->isVisibleTo(display))
-            views.push_back(view);
+            views.append(view);
     }
     return views;
 }
@@ -80,7 +81,8 @@ public:
         m_palette = m_display->palette();
         const bool isLight = colors == DisplayPicture::Colors::Light;
         m_display->setPalette(isLight ? lightPalette() : darkPalette());
-        for (RVXScopePlotView *view : viewsIn(m_display)) {
+        const QList<RVXScopePlotView *> views = viewsIn(m_display);
+        for (RVXScopePlotView *view : views) {
             m_canvases.push_back({view, view->hasLightCanvas()});
             view->setLightCanvas(isLight);
         }
@@ -170,7 +172,8 @@ private:
 //! Covers the scroll bars of charts, which stand for nothing on paper.
 void coverScrollBars(QPainter *painter, QWidget *display)
 {
-    for (const RVXScopePlotView *view : viewsIn(display)) {
+    const QList<RVXScopePlotView *> views = viewsIn(display);
+    for (const RVXScopePlotView *view : views) {
         const QScrollBar *bar = view->horizontalScrollBar();
         if (bar->isVisibleTo(display))
             painter->fillRect(QRect(bar->mapTo(display, QPoint()), bar->size()),
@@ -301,7 +304,8 @@ QFont DisplayPicturePrivate::titleFont() const
 std::vector<std::unique_ptr<PictureLegend>> DisplayPicturePrivate::legends() const
 {
     std::vector<std::unique_ptr<PictureLegend>> legends;
-    for (const RVXScopePlotView *view : viewsIn(display)) {
+    const QList<RVXScopePlotView *> views = viewsIn(display);
+    for (const RVXScopePlotView *view : views) {
         const bool hasChannels = view->plotMode() <= RVXScopePlotView::HistogramMode;
         if (!hasLegend || !hasChannels || showsWholeLegend(*view))
             continue;

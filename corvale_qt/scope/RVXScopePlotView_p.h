@@ -3,6 +3,7 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/plot/GridLines_p.h"
 #include "corvale_qt/scope/PlotModes_p.h"
 #include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeContext_p.h"
@@ -11,8 +12,6 @@
 #include "corvale_qt/scope/ScopePlotMode_p.h"
 #include "corvale_qt/scope/ScopeSurface_p.h"
 #include "corvale_qt/scope/UnitsWatch_p.h"
-
-#include <qwt_plot_grid.h>
 
 #include <QItemSelectionModel>
 #include <QLabel>
@@ -135,7 +134,7 @@ public:
     QVBoxLayout *const layout; //!< the viewport's
     QwtPlot *const plot;
     QwtPlotCanvas *const canvas;
-    QwtPlotGrid grid;
+    GridLines grid;
     RVXSpectrogram *const spectrogram;
     RVXPositionPlot *const positionPlot;
     RVXSplitPlot *const splitPlot;

@@ -3,6 +3,7 @@
 #include "corvale_qt/models/RVXMultichannelDeviceModel.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
+#include "corvale_qt/plot/GridLines_p.h"
 #include "corvale_qt/plot/PixelGrid_p.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/proxies/RVXAveragingProxyModel.h"
@@ -14,6 +15,8 @@
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_layout.h>
+#include <qwt_scale_div.h>
+#include <qwt_scale_map.h>
 
 using namespace Corvale_Qt;
 
@@ -300,6 +303,36 @@ class tst_CurvePictures : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    //! A grid that is filled as areas looks as one that Qwt draws, also where a pen is not as thin as a pixel.
+    void gridIsThatOfLines()
+    {
+        QwtScaleMap xMap, yMap;
+        xMap.setScaleInterval(0.0, 7.3);
+        xMap.setPaintInterval(3.0, 190.0);
+        yMap.setScaleInterval(-1.0, 2.2);
+        yMap.setPaintInterval(140.0, 2.0);
+        const QwtScaleDiv x(0.0, 7.3, {0.5, 1.5, 7.3}, {2.5}, {0.0, 3.0, 6.1});
+        const QwtScaleDiv y(-1.0, 2.2, {-0.9, 2.2}, {0.6}, {-1.0, 1.1});
+        const auto drawn = [&](QwtPlotGrid &&grid, const QPen &major, QPoint moved) {
+            grid.enableXMin(moved.isNull());
+            grid.enableYMin(true);
+            grid.setMajorPen(major);
+            grid.setMinorPen(QPen(Qt::darkGray, 0.0));
+            grid.updateScaleDiv(x, y);
+            QImage image(200, 150, QImage::Format_RGB32);
+            image.fill(Qt::black);
+            QPainter painter(&image);
+            painter.translate(moved);
+            grid.draw(&painter, xMap, yMap, QRectF(3, 2, 188, 139));
+            return image;
+        };
+        for (const QPen &pen : {QPen(Qt::red, 0.0), QPen(Qt::red, 1.0), QPen(Qt::red, 3.0),
+                                QPen(QColor(255, 0, 0, 90)), QPen(Qt::red, 1.0, Qt::DashLine)}) {
+            for (const QPoint moved : {QPoint(), QPoint(-4, 7)})
+                QVERIFY(drawn(GridLines(), pen, moved) == drawn(QwtPlotGrid(), pen, moved));
+        }
+    }
+
     void isThatOfAFrameDrawnAfresh_data()
     {
         QTest::addColumn<unsigned>("seed");

@@ -4,6 +4,7 @@
 #include "corvale_qt/beam/profile/NoBeamText_p.h"
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "corvale_qt/plot/AccessibleChart_p.h"
+#include "corvale_qt/plot/GridLines_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/plot/ScaleFractions_p.h"
@@ -14,7 +15,6 @@
 #include <qwt_interval.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
-#include <qwt_plot_grid.h>
 #include <qwt_scale_map.h>
 
 #include <QPainter>
@@ -258,7 +258,7 @@ PositionPlot::PositionPlot(QWidget *parent)
     followData(this, yLeft);
     followData(this, xBottom);
 
-    auto *grid = new QwtPlotGrid;
+    auto *grid = new GridLines;
     grid->enableXMin(true);
     grid->enableYMin(true);
     grid->setMajorPen(QColor(88, 88, 88));

@@ -6,11 +6,11 @@
 #include "corvale_qt/beam/spots/PositionErrorWords_p.h"
 #include "corvale_qt/beam/spots/QueuedNotice_p.h"
 #include "corvale_qt/models/StructureWatcher_p.h"
+#include "corvale_qt/plot/GridLines_p.h"
 #include "corvale_qt/plot/PlotAxis_p.h"
 
 #include "ui_RVXPositionErrorPlot.h"
 
-#include <qwt_plot_grid.h>
 #include <qwt_plot_shapeitem.h>
 #include <qwt_scale_map.h>
 #include <qwt_text.h>
@@ -126,7 +126,7 @@ void RVXPositionErrorPlotPrivate::setUpPlot()
     }
 
     // The plot deletes the items that are attached to it.
-    grid = new QwtPlotGrid;
+    grid = new GridLines;
     grid->setPen(QColor(215, 215, 215), 1.0);
     grid->attach(ui.qwtPlot);
     toleranceFrame = new QwtPlotShapeItem;

@@ -45,6 +45,40 @@ QIcon swatch(const QColor &colour, const QSize &size)
     return QIcon(picture);
 }
 
+QColor textColor(const QStyleOptionViewItem &option)
+{
+    QPalette::ColorGroup group = QPalette::Disabled;
+    if (option.state & QStyle::State_Enabled)
+        group = option.state & QStyle::State_Active ? QPalette::Normal : QPalette::Inactive;
+    const bool isSelected = option.state & QStyle::State_Selected;
+    return option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
+}
+
+//! Paints a line of text as styles paint that of a cell.
+void paintText(QPainter *painter,
+               const QStyleOptionViewItem &option,
+               const QRect &place,
+               const QString &text)
+{
+    const QFontMetricsF metrics(option.font);
+    QString shown = text;
+    double width = metrics.horizontalAdvance(shown);
+    if (width > place.width()) {
+        shown = metrics.elidedText(text, option.textElideMode, place.width());
+        width = metrics.horizontalAdvance(shown);
+    }
+    const QFontMetrics whole(option.font); // the line begins on a pixel
+    const QRect line = QStyle::alignedRect(Qt::LeftToRight,
+                                           option.displayAlignment,
+                                           {int(width), whole.height()},
+                                           place);
+    const bool isAtRight = option.displayAlignment & Qt::AlignRight;
+    const double left = isAtRight ? place.left() + place.width() - width : line.left();
+    painter->setFont(option.font);
+    painter->setPen(textColor(option));
+    painter->drawText(QPointF(left, line.top() + whole.ascent()), shown);
+}
+
 } // namespace
 
 ValueDelegate::ValueDelegate(const QAbstractItemModel &channels, QObject *parent)
@@ -59,14 +93,42 @@ void ValueDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIn
     QStyledItemDelegate::initStyleOption(option, index);
     option->font = font;
     option->backgroundBrush = QBrush();
-    const QColor text = option->widget ? option->widget->palette().color(QPalette::Text)
-                                       : option->palette.color(QPalette::Text);
-    option->palette.setColor(QPalette::Text, text);
+    useTextColor(option);
     if (index.column() == 0)
         drawName(option, index);
     else
         drawValue(option, index);
     option->fontMetrics = QFontMetrics(option->font);
+}
+
+void ValueDelegate::useTextColor(QStyleOptionViewItem *option)
+{
+    const QColor text = option->widget ? option->widget->palette().color(QPalette::Text)
+                                       : option->palette.color(QPalette::Text);
+    option->palette.setColor(QPalette::Text, text);
+}
+
+/*! Paints values itself, ten times a second: a style asks the model for all that a cell may have, and lays its text out twice. The style draws
+    the ground and the frame of the focus. */
+void ValueDelegate::paint(QPainter *painter,
+                          const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const
+{
+    if (index.column() == 0) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    QStyleOptionViewItem item = option;
+    item.index = index;
+    useTextColor(&item);
+    drawValue(&item, index);
+    item.displayAlignment =
+        QStyle::visualAlignment(item.direction,
+                                Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
+    const QStyle *const style = item.widget ? item.widget->style() : QApplication::style();
+    style->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &item, item.widget) + 1;
+    paintText(painter, item, item.rect.adjusted(margin, 0, -margin, 0), index.data().toString());
 }
 
 //! Shows the whole text of a cell that has no room for it.

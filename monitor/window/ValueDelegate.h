@@ -16,6 +16,9 @@ public:
     //! \a channels has the colour of each channel: column 0 is the time, column 1 the channel of row 0 of the table.
     ValueDelegate(const QAbstractItemModel &channels, QObject *parent);
 
+    void paint(QPainter *painter,
+               const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
     bool helpEvent(QHelpEvent *event,
                    QAbstractItemView *view,
                    const QStyleOptionViewItem &option,
@@ -27,6 +30,7 @@ protected:
 private:
     void drawName(QStyleOptionViewItem *option, const QModelIndex &index) const;
     static void drawValue(QStyleOptionViewItem *option, const QModelIndex &index);
+    static void useTextColor(QStyleOptionViewItem *option);
 
     const QPointer<const QAbstractItemModel> m_channels;
 };

@@ -7,6 +7,8 @@
 
 namespace Monitor {
 
+class ReadingBlock;
+
 /*! Count, mean, standard deviation, extremes and integral over time of one channel, in one pass and constant memory
     (Welford's update of the mean and the sum of squares). Readings that are not finite are ignored. */
 class RunningStatistics
@@ -14,6 +16,8 @@ class RunningStatistics
 public:
     //! Adds a reading; \a time is in seconds and must not decrease.
     void add(double time, double value);
+    /*! Adds the rows of a block from \a first to before \a end to the statistics of its channels, with the same numbers as add(). */
+    static void addRows(RunningStatistics *channels, const ReadingBlock &rows, int first, int end);
 
     qint64 count() const { return m_count; }
     //! Returns the mean; NaN without readings.
@@ -39,6 +43,8 @@ public:
     double coveredTime() const { return m_coveredTime; }
 
 private:
+    class FourChannels;
+
     qint64 m_count = 0;
     double m_mean = 0.0;
     double m_squares = 0.0;

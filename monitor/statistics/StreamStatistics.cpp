@@ -26,8 +26,10 @@ void StreamStatistics::addReadings(const ReadingBlock &readings)
     m_numbers.clear(m_header.channels.size());
     if (readings.channels() != m_header.valuesPerReading() || readings.isEmpty())
         return;
-    for (int row = 0; row < readings.size(); ++row)
-        noteReading(readings.time(row), readings.values(row));
+    const bool areFrames = m_header.hasFrames();
+    for (int row = 0; row < readings.size() && (areFrames || !m_shape.isEmpty()); ++row)
+        noteFrame(readings.time(row), readings.values(row));
+    addRows(areFrames ? m_numbers : readings);
     const double *last = readings.values(readings.size() - 1);
     m_lastValues.assign(last, last + readings.channels());
 }
@@ -39,28 +41,48 @@ const double *StreamStatistics::lastNumbers() const
     return m_header.hasFrames() ? m_frameNumbers.numbers().data() : m_lastValues.data();
 }
 
-void StreamStatistics::noteReading(double time, const double *values)
+//! Adds rows that have a number for each channel.
+void StreamStatistics::addRows(const ReadingBlock &rows)
 {
-    if (m_readings++ == 0)
-        m_firstTime = time;
-    else if (m_gapWatch.isGap(time - m_lastTime))
-        noteGap();
-    m_lastTime = time;
-    const double *ofChannels = values;
-    if (m_header.hasFrames()) {
-        m_frameNumbers.take(values);
-        ofChannels = m_frameNumbers.numbers().data();
-        m_numbers.append(time, ofChannels);
+    constexpr int rowsAtOnce = 16; // those of hundreds of channels stay in the processor's cache
+    int first = 0;
+    for (int row = 0; row < rows.size(); ++row) {
+        const bool isGap = isAfterGap(rows.time(row));
+        if (isGap || row - first == rowsAtOnce) {
+            RunningStatistics::addRows(m_channels.data(), rows, first, row);
+            first = row;
+        }
+        if (isGap)
+            noteGap();
+        m_limitLog.add(rows.time(row), rows.values(row));
     }
-    for (std::size_t i = 0; i < m_channels.size(); ++i)
-        m_channels[i].add(time, ofChannels[i]);
-    m_limitLog.add(time, ofChannels);
+    RunningStatistics::addRows(m_channels.data(), rows, first, rows.size());
+}
+
+//! Counts a reading. Returns whether others are missing before it.
+bool StreamStatistics::isAfterGap(double time)
+{
+    const bool isFirst = m_readings++ == 0;
+    if (isFirst)
+        m_firstTime = time;
+    const bool isGap = !isFirst && m_gapWatch.isGap(time - m_lastTime);
+    m_lastTime = time;
+    return isGap;
+}
+
+//! Computes the numbers and the moments of a frame.
+void StreamStatistics::noteFrame(double time, const double *values)
+{
+    const bool isOfCells = m_header.hasFrames();
+    if (isOfCells) {
+        m_frameNumbers.take(values);
+        m_numbers.append(time, m_frameNumbers.numbers().data());
+    }
     if (m_shape.isEmpty())
         return;
     m_frames.push_back({time,
-                        m_header.hasFrames()
-                            ? m_frameNumbers.moments()
-                            : FrameMoments::of(values, m_shape.rows, m_shape.columns)});
+                        isOfCells ? m_frameNumbers.moments()
+                                  : FrameMoments::of(values, m_shape.rows, m_shape.columns)});
     if (m_frames.size() > maxFrames)
         m_frames.pop_front();
 }

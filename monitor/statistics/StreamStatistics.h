@@ -63,8 +63,10 @@ public:
     const std::vector<double> &lastValues() const { return m_lastValues; }
 
 private:
+    void addRows(const ReadingBlock &rows);
+    bool isAfterGap(double time);
     void noteGap();
-    void noteReading(double time, const double *values);
+    void noteFrame(double time, const double *values);
 
     StreamHeader m_header;
     LimitLog m_limitLog;

@@ -10,6 +10,9 @@
 #include "tests/support/RealReadings.h"
 #include "tests/support/TestMain.h"
 
+#include <random>
+#include <vector>
+
 using namespace Monitor;
 
 namespace {
@@ -119,6 +122,49 @@ private Q_SLOTS:
         QCOMPARE(statistics.minimum(), 2.0);
         QCOMPARE(statistics.maximum(), 9.0);
         QCOMPARE(statistics.integral(), 34.5);
+    }
+
+    //! Four channels are counted together; the numbers are those of each alone, to the last bit, also around what is missing.
+    void rowsAreCountedAsOneByOne()
+    {
+        constexpr int channels = 9, rows = 200, gapBefore = 120;
+        StreamHeader header;
+        header.channels.resize(channels);
+        StreamStatistics statistics;
+        statistics.startStream(header);
+        std::vector<RunningStatistics> alone(channels);
+        std::mt19937 random(1);
+        ReadingBlock block(channels);
+        for (int row = 0; row < rows; ++row) {
+            const double time = 0.1 * row + (row < gapBefore ? 0.0 : 5.0);
+            double values[channels];
+            for (double &value : values)
+                value = double(random()) / 1e7 - 200.0;
+            if (row == 40)
+                values[5] = qQNaN();
+            if (row == 90)
+                values[2] = -qInf();
+            block.append(time, values);
+            for (int i = 0; i < channels; ++i) {
+                if (row == gapBefore)
+                    alone[i].interrupt();
+                alone[i].add(time, values[i]);
+            }
+            if (row % 70 != 69 && row != rows - 1)
+                continue;
+            statistics.addReadings(block);
+            block.clear(channels);
+        }
+        QCOMPARE(statistics.gaps(), qint64(1));
+        const auto numbers = [](const RunningStatistics &of) {
+            return QVector<double>{
+                double(of.count()), of.mean(), of.sigma(),    of.minimum(),
+                of.maximum(),       of.sum(),  of.integral(), of.coveredIntegral(),
+                of.coveredTime()};
+        };
+        for (int i = 0; i < channels; ++i)
+            QVERIFY2(numbers(statistics.channel(i)) == numbers(alone[i]),
+                     qPrintable(QString::number(i)));
     }
 
     void manyReadingsFarFromZero()

@@ -17,7 +17,7 @@ namespace {
 
 constexpr double shortestShowInterval = 0.04; // s
 constexpr double longestPaintingInterval = 0.2; // s
-constexpr double mostPainting = 0.5; // of the time
+constexpr double mostPainting = 0.4; // of the time
 //! The model does not hold more readings than this, so that more need not wait.
 constexpr int mostToShow = 100000;
 constexpr int headersShownASecond = 5;

@@ -528,7 +528,7 @@ private Q_SLOTS:
 
     void slowPicturesComeLessOften()
     {
-        for (const auto &[painting, pictures] : {std::pair(0.01, 25), {0.05, 10}, {9.0, 5}}) {
+        for (const auto &[painting, pictures] : {std::pair(0.01, 25), {0.05, 8}, {9.0, 5}}) {
             ScriptedSession s;
             s.begin(1);
             QSignalSpy shown(&s.session.model(), &QAbstractItemModel::rowsInserted);

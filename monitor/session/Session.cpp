@@ -273,8 +273,7 @@ void Session::takeReadings(const ReadingBlock &arrived)
         return;
     const ReadingBlock &readings = m_computed->extended(m_limit.take(arrived));
     m_statistics.addReadings(readings);
-    if (m_recorder)
-        m_recorder->addReadings(readings);
+    record(readings);
     m_alarms.update(m_statistics.limitLog());
     if (const auto part = m_timeline.takeBegunPart(readings, m_clock.seconds()))
         takeEvent(*part);
@@ -285,6 +284,17 @@ void Session::takeReadings(const ReadingBlock &arrived)
         return;
     m_source->holdAfter(readings.time(readings.size() - 1));
     Q_EMIT limitReached();
+}
+
+/*! Records readings. Where they come faster than they are written, that waits, and pictures would get a larger share of the work; so the time is
+    added to that until the next one. */
+void Session::record(const ReadingBlock &readings)
+{
+    if (!m_recorder)
+        return;
+    const double begin = m_clock.seconds();
+    m_recorder->addReadings(readings);
+    m_waited += m_clock.seconds() - begin;
 }
 
 //! Keeps what the model shows of these readings, and the last of them if it is a frame.
@@ -323,7 +333,8 @@ void Session::setShowInterval(double seconds)
 
 bool Session::isShowDue() const
 {
-    const double afterPainting = std::min(m_painted / mostPainting, longestPaintingInterval);
+    const double afterPainting =
+        std::min(m_painted / mostPainting + m_waited, longestPaintingInterval);
     return m_clock.seconds() - m_shownAt >= std::max(m_showInterval, afterPainting);
 }
 
@@ -335,6 +346,7 @@ void Session::showWaiting()
         return;
     m_shownAt = m_clock.seconds();
     m_painted = 0.0;
+    m_waited = 0.0;
     m_model.addReadings(m_toShow);
     m_toShow.clear(m_toShow.channels());
     showFrame();

@@ -150,6 +150,7 @@ private:
     void showWaiting();
     void showHeader();
     void showFrame();
+    void record(const ReadingBlock &readings);
     void takeToShow(const ReadingBlock &readings);
     void tellLeftOut();
     bool isShowDue() const;
@@ -170,6 +171,7 @@ private:
     double m_showInterval;
     double m_shownAt = 0.0;
     double m_painted = 0.0; //!< seconds since then
+    double m_waited = 0.0; //!< seconds since then, for the recording
     StreamStatistics m_statistics;
     qint64 m_gapsBefore = 0; //!< of the streams before the present one
     RunTimeline m_timeline;

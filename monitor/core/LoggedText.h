@@ -28,9 +28,11 @@ public:
         text.m_logged = make();
         return text;
     }
-    //! Returns what the system says of an error, in English for the log where that is known.
+    /*! Returns what the system or Qt says of an error, in both languages where it is a usual one; otherwise as it is, which is in
+        English or in the language of the desktop. */
     static LoggedText ofSystem(const QString &error);
 
+    bool isEmpty() const { return m_shown.isEmpty(); }
     QString shown() const { return m_shown; }
     QString logged() const { return m_logged; }
     //! Returns the text in the language in which texts are made at present.

@@ -43,8 +43,8 @@ QString whyText(const RefusedLine &line)
         return refusalText(line.refusal);
     // A reason for this one names the number of a declared detector, to which the limit of channels does not apply.
     if (line.refusal == Refusal::TooManyValues)
-        return line.reason;
-    return refusalText(line.refusal) + QStringLiteral(" (%1)").arg(line.reason);
+        return line.reason.now();
+    return refusalText(line.refusal) + QStringLiteral(" (%1)").arg(line.reason.now());
 }
 
 } // namespace

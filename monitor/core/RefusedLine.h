@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
+
 #include <QByteArray>
 #include <QMetaType>
-#include <QString>
 
 namespace Monitor {
 
@@ -37,9 +38,9 @@ struct RefusedLine
     QByteArray
         excerpt; //!< the beginning of the line, escaped; for an image the name of its file, for a
     //!< reading its time
-    QString reason; //!< what is wrong with the line, if more is known than its refusal
+    LoggedText reason; //!< what is wrong with the line, if more is known than its refusal
 
-    //! Returns one line for a log.
+    //! Returns one line for a person, in the language in which texts are made at present.
     QString text() const;
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/dialogs/ReportWindow.h"
 
+#include "monitor/core/LoggedText.h"
+
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QFile>
@@ -22,7 +24,8 @@ QString contentOf(const QString &path)
     QFile file(path);
     return file.open(QFile::ReadOnly)
         ? QString::fromUtf8(file.read(largestReport))
-        : ReportWindow::tr("%1 cannot be opened: %2").arg(path, file.errorString());
+        : ReportWindow::tr("%1 cannot be opened: %2")
+              .arg(path, LoggedText::ofSystem(file.errorString()).now());
 }
 
 } // namespace

@@ -167,7 +167,7 @@ QString SourceTest::report() const
         lines.append(QString());
         lines.append(
             Text::counted("Read as %n channel(s), layout %1:", nullptr, m_header.channels.size())
-                .arg(layoutName(m_header)));
+                .arg(kindText(layoutKind(m_header))));
         lines.append(m_readings);
     }
     return lines.join(QLatin1Char('\n'));

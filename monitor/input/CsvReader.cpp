@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/CsvReader.h"
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/ImportGuess.h"
 
@@ -218,7 +219,7 @@ qint64 CsvReader::textSize() const
 
 QString CsvReader::errorString() const
 {
-    return m_error.isEmpty() ? m_file.errorString() : m_error;
+    return m_error.isEmpty() ? LoggedText::ofSystem(m_file.errorString()).now() : m_error;
 }
 
 LineCounts CsvReader::counts() const

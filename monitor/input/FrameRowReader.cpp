@@ -23,7 +23,7 @@ bool readSide(std::string_view field, int *side)
 
 } // namespace
 
-bool FrameRowReader::Beginning::read(std::string_view text, double arrivalTime, QString *fault)
+bool FrameRowReader::Beginning::read(std::string_view text, double arrivalTime, LoggedText *fault)
 {
     std::vector<std::string_view> fields;
     splitFields(text, &fields);
@@ -33,16 +33,22 @@ bool FrameRowReader::Beginning::read(std::string_view text, double arrivalTime, 
     const std::size_t first = hasField ? 1 : 0;
     if ((!hasField && fields.size() != 2) || !readSide(fields[first], &rows)
         || !readSide(fields[first + 1], &columns)) {
-        *fault = Text::tr("it should be #frame TIME ROWS COLUMNS");
+        *fault = LoggedText::of([] {
+            return Text::tr("it should be #frame TIME ROWS COLUMNS");
+        });
         return false;
     }
     if (isTimed && (!parseNumber(fields[0], &time) || !std::isfinite(time))) {
-        *fault = Text::tr("the time is not a number");
+        *fault = LoggedText::of([] {
+            return Text::tr("the time is not a number");
+        });
         return false;
     }
     if (rows < 1 || columns < 1 || rows > DetectorLayout::maxSide
         || columns > DetectorLayout::maxSide) {
-        *fault = Text::tr("a frame has 1 to %1 rows and columns").arg(DetectorLayout::maxSide);
+        *fault = LoggedText::of([] {
+            return Text::tr("a frame has 1 to %1 rows and columns").arg(DetectorLayout::maxSide);
+        });
         return false;
     }
     return true;

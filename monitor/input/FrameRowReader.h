@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/input/RowReader.h"
 
 namespace Monitor {
@@ -20,7 +21,7 @@ public:
 
         /*! Reads "t rows columns", or "rows columns" for a frame at \a arrivalTime. Returns false, with what is wrong in
             \a fault, for any other text. */
-        bool read(std::string_view text, double arrivalTime, QString *fault);
+        bool read(std::string_view text, double arrivalTime, LoggedText *fault);
     };
 
     //! A reader of frames of one size.

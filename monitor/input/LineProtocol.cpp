@@ -204,7 +204,9 @@ void LineProtocol::beginFrame(std::string_view text)
     refuseOpenFrame();
     m_hasFrames = true;
     if (!allowed)
-        line.reason = Text::tr("only a stream that begins with #corvale 2 has frames");
+        line.reason = LoggedText::of([] {
+            return Text::tr("only a stream that begins with #corvale 2 has frames");
+        });
     if (!isReadable || !allowed) {
         refuse(line);
         if (m_frames)
@@ -230,7 +232,9 @@ void LineProtocol::takeFrameRow()
 {
     RefusedLine line = currentLine(Refusal::WrongCount);
     if (!m_frames || !m_frames->isOpen()) {
-        line.reason = Text::tr("it belongs to no frame");
+        line.reason = LoggedText::of([] {
+            return Text::tr("it belongs to no frame");
+        });
         refuse(line);
         return;
     }
@@ -244,7 +248,9 @@ void LineProtocol::takeFrameRow()
         line.refusal = Refusal::Unreadable;
         break;
     }
-    line.reason = Text::tr("row %1 of a frame, which is dropped").arg(row);
+    line.reason = LoggedText::of([row] {
+        return Text::tr("row %1 of a frame, which is dropped").arg(row);
+    });
     refuse(line);
 }
 
@@ -255,8 +261,9 @@ void LineProtocol::refuseOpenFrame()
         return;
     const bool toldAlready = m_frames->isSpoiled();
     m_frameLine.refusal = Refusal::WrongCount;
-    m_frameLine.reason =
-        Text::countedInEnglish("the frame ends after %n row(s)", nullptr, m_frames->rowsTaken());
+    m_frameLine.reason = LoggedText::of([this] {
+        return Text::counted("the frame ends after %n row(s)", nullptr, m_frames->rowsTaken());
+    });
     m_frames->drop();
     if (!toldAlready)
         refuse(m_frameLine);
@@ -456,9 +463,10 @@ void LineProtocol::deliver(double time, const double *values)
         header.hasTimes = m_rows->isTimed() || !m_isArrivalCounted;
         if (!header.detectorFault.isEmpty())
             m_sink.eventNoted(
-                QStringLiteral("the detector is not used: %1").arg(header.detectorFault));
+                QStringLiteral("the detector is not used: %1").arg(header.detectorFault.logged()));
         if (!header.limitsFault.isEmpty())
-            m_sink.eventNoted(QStringLiteral("limits are not used: %1").arg(header.limitsFault));
+            m_sink.eventNoted(
+                QStringLiteral("limits are not used: %1").arg(header.limitsFault.logged()));
         m_sink.streamStarted(header);
     }
     m_shapeProven = true;
@@ -480,9 +488,11 @@ RefusedLine LineProtocol::tooManyValues() const
 {
     RefusedLine line = currentLine(Refusal::TooManyValues);
     if (const int declared = m_metadata.declaredReadings())
-        line.reason = Text::tr("%1 values, but the detector has %2")
-                          .arg(int(m_fields.size()) - 1)
-                          .arg(declared);
+        line.reason = LoggedText::of([&] {
+            return Text::tr("%1 values, but the detector has %2")
+                .arg(int(m_fields.size()) - 1)
+                .arg(declared);
+        });
     return line;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/Metadata.h"
 
-#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/CleanText.h"
 #include "monitor/input/LineText.h"
@@ -31,7 +30,7 @@ QStringList cleanList(const QString &value)
 Metadata::Line Metadata::take(std::string_view line)
 {
     const QString text = QString::fromUtf8(line.data(), int(line.size())).trimmed();
-    m_fault.clear();
+    m_fault = {};
     const int space = text.indexOf(QLatin1Char(' '));
     const QString word = text.left(space);
     const QString value = space < 0 ? QString() : text.mid(space + 1).trimmed();
@@ -68,13 +67,15 @@ Metadata::Line Metadata::take(std::string_view line)
 Metadata::Line Metadata::takeDetector(const QString &text)
 {
     using Corvale_Qt::DetectorLines;
-    const EnglishTexts english; // of the fault, which is recorded
-    m_fault.clear();
+    m_fault = {};
     switch (m_detector.take(text)) {
     case DetectorLines::Line::Taken:
         return Line::Changed;
     case DetectorLines::Line::Wrong:
-        m_fault = cleanText(m_detector.fault().message(), maxTextLength);
+        m_fault = LoggedText::of([&] {
+            m_detector.take(text); // which changes nothing but the words of its fault
+            return cleanText(m_detector.fault().message(), maxTextLength);
+        });
         return Line::Unreadable;
     case DetectorLines::Line::Other:
         break;
@@ -129,20 +130,27 @@ Metadata::Line Metadata::takeRange(const QString &value)
 Metadata::Line Metadata::takeLimits(const QString &value)
 {
     constexpr int commas = 3;
-    const EnglishTexts english; // of the fault, which is recorded
     const QString head = value.section(QLatin1Char(','), 0, -commas - 1);
     const int space = head.lastIndexOf(QLatin1Char(' '));
     const QString name = cleanText(value.left(space), maxNameLength);
-    const auto limits = limitsFromText(value.mid(space + 1), &m_fault);
+    const QString numbers = value.mid(space + 1);
+    QString fault;
+    const auto limits = limitsFromText(numbers, &fault);
     const bool isNew = !m_limits.contains(name);
     if (space < 1 || name.isEmpty())
-        m_fault = Text::tr("#limits: the name of a channel and four numbers are needed");
+        m_fault = LoggedText::of([] {
+            return Text::tr("#limits: the name of a channel and four numbers are needed");
+        });
     else if (!limits)
-        m_fault = QLatin1String("#limits: ") + m_fault;
+        m_fault = LoggedText::of([&] {
+            limitsFromText(numbers, &fault);
+            return QLatin1String("#limits: ") + fault;
+        });
     else if (isNew && m_limits.size() >= StreamHeader::maxChannels)
-        m_fault = Text::tr("#limits: there are more names than channels");
+        m_fault = LoggedText::of([] {
+            return Text::tr("#limits: there are more names than channels");
+        });
     else {
-        m_fault.clear();
         m_limits.insert(name, *limits);
         return Line::Changed;
     }
@@ -154,7 +162,9 @@ void Metadata::describeLimits(StreamHeader *header) const
 {
     for (auto limits = m_limits.begin(); limits != m_limits.end(); ++limits) {
         if (!header->setLimits(limits.key(), limits.value()) && header->limitsFault.isEmpty())
-            header->limitsFault = Text::tr("the stream has no channel \"%1\"").arg(limits.key());
+            header->limitsFault = LoggedText::of([&] {
+                return Text::tr("the stream has no channel \"%1\"").arg(limits.key());
+            });
     }
 }
 
@@ -219,11 +229,7 @@ void Metadata::describeDetector(StreamHeader *header) const
     stream.y.cells = pixels.rows;
     const bool named =
         header->channels != StreamHeader::defaultChannels(header->kind, stream.readings);
-    const EnglishTexts english; // of the fault, which is recorded
-    DetectorFault fault;
-    header->setDetector(m_detector.layout(stream, &fault));
-    if (!fault.isEmpty())
-        header->detectorFault = cleanText(fault.message(), maxTextLength);
+    giveDetector(stream, header);
     const DetectorLayout &detector = header->detector;
     const int rows = detector.cells(DetectorLayout::Axis::Y);
     const int columns = detector.cells(DetectorLayout::Axis::X);
@@ -233,6 +239,19 @@ void Metadata::describeDetector(StreamHeader *header) const
         header->channels = StreamHeader::stripChannels(columns, rows);
     else if (header->kind == StreamKind::Pixels)
         header->channels = StreamHeader::pixelChannels(rows, columns);
+}
+
+//! Gives a header the detector that the lines make of these cells, or why they make none.
+void Metadata::giveDetector(const Corvale_Qt::DetectorDescription &stream,
+                            StreamHeader *header) const
+{
+    Corvale_Qt::DetectorFault fault;
+    header->setDetector(m_detector.layout(stream, &fault));
+    if (!fault.isEmpty())
+        header->detectorFault = LoggedText::of([&] {
+            m_detector.layout(stream, &fault);
+            return cleanText(fault.message(), maxTextLength);
+        });
 }
 
 StreamHeader Metadata::headerFor(const QVector<Channel> &columns, StreamKind kind) const
@@ -265,13 +284,8 @@ StreamHeader Metadata::headerForFrames(const Corvale_Qt::DetectorDescription &co
     takeAcquisition(&header);
     header.setFrames(DetectorLayout::fromDescription(counted),
                      m_units.size() == 1 ? m_units.first() : unit);
-    if (m_detector.isEmpty())
-        return header;
-    const EnglishTexts english; // of the fault, which is recorded
-    DetectorFault fault;
-    header.setDetector(m_detector.layout(counted, &fault));
-    if (!fault.isEmpty())
-        header.detectorFault = cleanText(fault.message(), maxTextLength);
+    if (!m_detector.isEmpty())
+        giveDetector(counted, &header);
     return header;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/readings/LimitTexts.h"
 #include "monitor/readings/StreamHeader.h"
 #include <corvale_qt/detector/DetectorLines.h>
@@ -32,7 +33,7 @@ public:
     //! Returns the text of the last Line::Event.
     const QString &event() const { return m_event; }
     //! Returns what was wrong with the last Line::Unreadable; empty if its value alone tells.
-    const QString &fault() const { return m_fault; }
+    const LoggedText &fault() const { return m_fault; }
     /*! Returns the header for a table of these channels, completed by what was declared: names, units, kind, start
         time and range, and the detector. \a kind holds if none was declared. */
     StreamHeader headerFor(const QVector<Channel> &channels, StreamKind kind) const;
@@ -57,6 +58,7 @@ private:
     Line takeLayout(const QString &value);
     Line takeDetector(const QString &text);
     void describeDetector(StreamHeader *header) const;
+    void giveDetector(const Corvale_Qt::DetectorDescription &stream, StreamHeader *header) const;
     void takeAcquisition(StreamHeader *header) const;
     Line takeRange(const QString &value);
     Line takeLimits(const QString &value);
@@ -80,7 +82,7 @@ private:
     NamedLimits m_limits;
     Corvale_Qt::DetectorLines m_detector;
     QString m_event;
-    QString m_fault;
+    LoggedText m_fault;
 };
 
 } // namespace Monitor

@@ -78,7 +78,7 @@ void PgmReader::restart()
     m_number.reset();
     m_highByte.reset();
     m_taken = 0;
-    m_fault.clear();
+    m_fault = {};
     m_image = PgmImage();
 }
 
@@ -100,12 +100,16 @@ void PgmReader::finish()
         takeTextByte('\n'); // the last number needs no line end
     const bool between = m_state == State::Magic && m_magic.empty();
     if (m_state == State::Text || m_state == State::Binary)
-        lose(Text::countedInEnglish("the image ends after %1 of %n value(s)",
-                                    nullptr,
-                                    qint64(m_image.values.size()))
-                 .arg(m_taken));
+        lose(LoggedText::of([this] {
+            return Text::counted("the image ends after %1 of %n value(s)",
+                                 nullptr,
+                                 qint64(m_image.values.size()))
+                .arg(m_taken);
+        }));
     else if (!between && !isLost())
-        lose(Text::tr("the image ends in its header"));
+        lose(LoggedText::of([] {
+            return Text::tr("the image ends in its header");
+        }));
     restart();
 }
 
@@ -126,7 +130,9 @@ void PgmReader::takeByte(unsigned char byte)
 void PgmReader::beginComment()
 {
     if (m_state == State::Largest && m_number) {
-        lose(Text::tr("a comment follows its largest value without a blank"));
+        lose(LoggedText::of([] {
+            return Text::tr("a comment follows its largest value without a blank");
+        }));
         return;
     }
     takeByte(' '); // it ends a number
@@ -155,7 +161,9 @@ void PgmReader::takeMagic(unsigned char byte)
         return;
     }
     if ((m_magic != "P2" && m_magic != "P5") || !isSpace(byte))
-        lose(Text::tr("it does not begin with P2 or P5, as grey images do"));
+        lose(LoggedText::of([] {
+            return Text::tr("it does not begin with P2 or P5, as grey images do");
+        }));
     else
         m_state = State::Columns;
 }
@@ -165,7 +173,9 @@ void PgmReader::takeHeaderByte(unsigned char byte)
     if (isDigit(byte))
         m_number = std::min(m_number.value_or(0) * 10 + (byte - '0'), tooLarge);
     else if (!isSpace(byte))
-        lose(Text::tr("its header has other characters than digits"));
+        lose(LoggedText::of([] {
+            return Text::tr("its header has other characters than digits");
+        }));
     else if (m_number)
         endNumber();
 }
@@ -180,7 +190,9 @@ void PgmReader::endNumber()
         return;
     }
     if (number < 1 || number > DetectorLayout::maxSide) {
-        lose(Text::tr("a frame has 1 to %1 rows and columns").arg(DetectorLayout::maxSide));
+        lose(LoggedText::of([] {
+            return Text::tr("a frame has 1 to %1 rows and columns").arg(DetectorLayout::maxSide);
+        }));
         return;
     }
     (m_state == State::Columns ? m_image.columns : m_image.rows) = number;
@@ -190,7 +202,9 @@ void PgmReader::endNumber()
 void PgmReader::beginRaster()
 {
     if (m_largest < 1 || m_largest > largestOfAll) {
-        lose(Text::tr("its largest value must be 1 to %1").arg(largestOfAll));
+        lose(LoggedText::of([] {
+            return Text::tr("its largest value must be 1 to %1").arg(largestOfAll);
+        }));
         return;
     }
     m_image.values.assign(std::size_t(m_image.rows) * std::size_t(m_image.columns), 0.0);
@@ -202,7 +216,9 @@ void PgmReader::takeTextByte(unsigned char byte)
     if (isDigit(byte))
         m_number = std::min(m_number.value_or(0) * 10 + (byte - '0'), tooLarge);
     else if (!isSpace(byte))
-        lose(Text::tr("value %1 is not a number").arg(m_taken + 1));
+        lose(LoggedText::of([this] {
+            return Text::tr("value %1 is not a number").arg(m_taken + 1);
+        }));
     else if (m_number)
         takeValue(*std::exchange(m_number, std::nullopt));
 }
@@ -226,7 +242,9 @@ std::size_t PgmReader::takeBinary(std::string_view bytes)
 void PgmReader::takeValue(int value)
 {
     if (value > m_largest && m_fault.isEmpty())
-        m_fault = Text::tr("value %1 is above %2, the largest").arg(m_taken + 1).arg(m_largest);
+        m_fault = LoggedText::of([this] {
+            return Text::tr("value %1 is above %2, the largest").arg(m_taken + 1).arg(m_largest);
+        });
     const int columns = m_image.columns;
     const int row = m_image.rows - 1 - int(m_taken) / columns;
     const int cell = row * columns + int(m_taken) % columns;
@@ -240,7 +258,7 @@ void PgmReader::takeValue(int value)
     restart();
 }
 
-void PgmReader::lose(const QString &fault)
+void PgmReader::lose(const LoggedText &fault)
 {
     m_faultHandler(fault);
     m_state = State::Lost;

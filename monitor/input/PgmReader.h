@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include <QString>
+#include "monitor/core/LoggedText.h"
 
 #include <functional>
 #include <optional>
@@ -30,7 +30,7 @@ public:
     //! Takes an image that is complete.
     using ImageHandler = std::function<void(const PgmImage &image)>;
     //! Takes the reason why an image was refused.
-    using FaultHandler = std::function<void(const QString &fault)>;
+    using FaultHandler = std::function<void(const LoggedText &fault)>;
 
     PgmReader(ImageHandler image, FaultHandler fault);
 
@@ -67,7 +67,7 @@ private:
     void takeTextByte(unsigned char byte);
     std::size_t takeBinary(std::string_view bytes);
     void takeValue(int value);
-    void lose(const QString &fault);
+    void lose(const LoggedText &fault);
 
     const ImageHandler m_imageHandler;
     const FaultHandler m_faultHandler;
@@ -79,7 +79,7 @@ private:
     int m_largest = 0;
     std::optional<int> m_highByte; //!< of a value of 16 bits
     std::size_t m_taken = 0; //!< values of the image so far
-    QString m_fault; //!< why the image will be refused at its end
+    LoggedText m_fault; //!< why the image will be refused at its end
     PgmImage m_image;
 };
 

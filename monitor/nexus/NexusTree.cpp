@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/nexus/NexusTree.h"
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/CleanText.h"
 #include "monitor/nexus/NexusWriter.h"
@@ -86,13 +87,17 @@ bool NexusTree::find(hid_t file, QString *error)
     }
     if (found.empty())
         *error = Text::tr("it has no NXentry and no NXdata, which tell what its numbers are");
-    QString firstFault;
+    LoggedText firstFault;
     for (NexusPlace &place : found) {
         QString fault;
         const std::unique_ptr<NexusEntry> entry = open(file, place, &fault);
         if (!entry) {
             const QString name = cleanText(place.entry, maxNameLength);
-            firstFault = firstFault.isEmpty() ? Text::tr("%1: %2").arg(name, fault) : firstFault;
+            if (firstFault.isEmpty())
+                firstFault = LoggedText::of([&] {
+                    open(file, place, &fault);
+                    return Text::tr("%1: %2").arg(name, fault);
+                });
             continue;
         }
         place.rows = entry->rows;
@@ -101,9 +106,9 @@ bool NexusTree::find(hid_t file, QString *error)
         places.push_back(place);
     }
     if (places.empty() && error->isEmpty())
-        *error = firstFault;
+        *error = firstFault.shown();
     else if (!firstFault.isEmpty())
-        notice = QStringLiteral("a part of the file is left out: %1").arg(firstFault);
+        notice = QStringLiteral("a part of the file is left out: %1").arg(firstFault.logged());
     return !places.empty();
 }
 

@@ -183,15 +183,15 @@ void HeadlessFeed::takeHeader(const StreamHeader &told)
         header.setDetector(m_commandLine.detector);
         if (!header.detectorFault.isEmpty())
             complain(tr("the detector is not used: %1. Choose another one with --detector FILE")
-                         .arg(header.detectorFault));
+                         .arg(header.detectorFault.logged()));
     }
     m_detectorUnused = m_detectorUnused || !header.detectorFault.isEmpty();
     m_channelsLeftOut = m_channelsLeftOut || header.leftOutChannels > 0;
     if (m_statistics.readings() > 0 && m_commandLine.task != CommandLine::Task::Headless)
         complain(tr("another acquisition begins; the statistics cover only the last one"));
-    const QString fault = m_computed.begin(header);
+    const LoggedText fault = m_computed.begin(header);
     if (!fault.isEmpty()) {
-        complain(fault);
+        complain(fault.logged());
         m_exitCode = m_exitCode == ExitGood ? ExitUsage : m_exitCode;
         end();
     }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/readings/ComputedStream.h"
 
-#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
 
 #include <algorithm>
@@ -31,27 +30,33 @@ ComputedStream::ComputedStream(const QVector<Corvale_Qt::ComputedChannel> &chann
 {
 }
 
-QString ComputedStream::begin(StreamHeader &header)
+LoggedText ComputedStream::begin(StreamHeader &header)
 {
     QStringList names;
     for (const Channel &channel : header.channels)
         names.append(channel.name);
-    const EnglishTexts english; // of the fault, which is recorded
     Corvale_Qt::ExpressionFault fault;
     m_expressions.compile(names, {}, &fault);
     if (m_channels.isEmpty())
-        return QString();
+        return {};
     if (header.kind != StreamKind::Channels)
-        return Text::tr("no channel is computed: the stream has %1, and --compute needs "
-                        "independent channels")
-            .arg(kindName(header.kind));
+        return LoggedText::of([&header] {
+            return Text::tr("no channel is computed: the stream has %1, and only independent "
+                            "channels can be computed with")
+                .arg(kindText(header.kind));
+        });
     if (header.channels.size() + m_channels.size() > StreamHeader::maxChannels)
-        return Text::tr(
-                   "no channel is computed: there would be more than %1; leave out some --compute")
-            .arg(StreamHeader::maxChannels);
+        return LoggedText::of([] {
+            return Text::
+                tr("no channel is computed: there would be more than %1 channels; compute fewer")
+                    .arg(StreamHeader::maxChannels);
+        });
     if (!m_expressions.compile(names, m_channels, &fault))
-        return Text::tr("no channel is computed: %1, %2")
-            .arg(m_channels[fault.channel].name, fault.message());
+        return LoggedText::of([&] {
+            m_expressions.compile(names, m_channels, &fault);
+            return Text::tr("no channel is computed: %1, %2")
+                .arg(m_channels[fault.channel].name, fault.message());
+        });
     m_inputs.assign(size_t(names.size()), std::vector<double>());
     for (const int input : m_expressions.inputs())
         m_inputs[size_t(input)].resize(chunk);
@@ -59,7 +64,7 @@ QString ComputedStream::begin(StreamHeader &header)
     for (const Corvale_Qt::ComputedChannel &channel : qAsConst(m_channels))
         header.channels.append({channel.name, channel.unit});
     header.computed = m_channels.size();
-    return QString();
+    return {};
 }
 
 const ReadingBlock &ComputedStream::extended(const ReadingBlock &readings)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
 #include <corvale_qt/proxies/ChannelExpressions.h>
@@ -20,7 +21,7 @@ public:
 
     /*! Begins a stream: adds the computed channels to \a header. If one of them makes no sense with this stream, none is added,
         and the text says why; it is empty otherwise. */
-    QString begin(StreamHeader &header);
+    LoggedText begin(StreamHeader &header);
     //! Returns the readings with those of the computed channels. The block is valid until the next call.
     const ReadingBlock &extended(const ReadingBlock &readings);
     /*! Returns for each channel of the stream, of which \a measured are measured, the column in which it stood beside the computed

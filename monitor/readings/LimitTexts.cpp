@@ -62,4 +62,22 @@ std::optional<ChannelLimits> limitsFromText(const QString &text, QString *fault)
     return std::nullopt;
 }
 
+QString passedLimitText(Corvale_Qt::LimitState state, const QString &channel, const QString &limit)
+{
+    using Corvale_Qt::LimitState;
+    switch (state) {
+    case LimitState::HighAlarm:
+        return Text::tr("ALARM: %1 above %2").arg(channel, limit);
+    case LimitState::LowAlarm:
+        return Text::tr("ALARM: %1 below %2").arg(channel, limit);
+    case LimitState::HighWarning:
+        return Text::tr("WARNING: %1 above %2").arg(channel, limit);
+    case LimitState::LowWarning:
+        return Text::tr("WARNING: %1 below %2").arg(channel, limit);
+    case LimitState::Normal:
+        break;
+    }
+    return channel;
+}
+
 } // namespace Monitor

@@ -57,17 +57,22 @@ DetectorLayout withVerdictLimits(const DetectorLayout &detector, const VerdictLi
     return DetectorLayout::fromDescription(description);
 }
 
-QString layoutName(const StreamHeader &header)
+StreamKind layoutKind(const StreamHeader &header)
 {
     switch (header.detector.kind()) {
     case Corvale_Qt::DetectorKind::Strips:
-        return kindName(StreamKind::Strips);
+        return StreamKind::Strips;
     case Corvale_Qt::DetectorKind::Matrix:
-        return kindName(StreamKind::Pixels);
+        return StreamKind::Pixels;
     case Corvale_Qt::DetectorKind::Channels:
         break;
     }
-    return kindName(header.kind);
+    return header.kind;
+}
+
+QString layoutName(const StreamHeader &header)
+{
+    return kindName(layoutKind(header));
 }
 
 } // namespace Monitor

@@ -22,8 +22,10 @@ Corvale_Qt::VerdictLimits verdictLimitsOn(const Corvale_Qt::DetectorLayout &dete
 Corvale_Qt::DetectorLayout withVerdictLimits(const Corvale_Qt::DetectorLayout &detector,
                                              const Corvale_Qt::VerdictLimits &chosen);
 
-/*! Returns how the readings are arranged, in the words of kindName(): as the detector arranges them if it is described, also where
-    the stream's own kind, which knows equal planes only, is that of channels. */
+/*! Returns how the readings are arranged: as the detector arranges them if it is described, also where the stream's own kind, which
+    knows equal planes only, is that of channels. */
+StreamKind layoutKind(const StreamHeader &header);
+//! Returns the same in the words of kindName().
 QString layoutName(const StreamHeader &header);
 
 } // namespace Monitor

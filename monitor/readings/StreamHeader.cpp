@@ -63,6 +63,21 @@ QString kindName(StreamKind kind)
     return QLatin1String(kindNames[int(kind)]);
 }
 
+QString kindText(StreamKind kind)
+{
+    switch (kind) {
+    case StreamKind::Strips:
+        return Text::tr("strips");
+    case StreamKind::Pixels:
+        return Text::tr("pixels");
+    case StreamKind::Spots:
+        return Text::tr("spots");
+    case StreamKind::Channels:
+        break;
+    }
+    return Text::tr("channels");
+}
+
 StreamKind kindFromName(const QString &name, bool *ok)
 {
     const auto found = std::find(std::begin(kindNames), std::end(kindNames), name);
@@ -75,28 +90,32 @@ void StreamHeader::setDetector(const Corvale_Qt::DetectorLayout &layout)
     using Axis = Corvale_Qt::DetectorLayout::Axis;
     if (!hasFrames())
         detector = {};
-    detectorFault.clear();
+    detectorFault = {};
     if (layout.isEmpty())
         return;
     if (layout.readings() != valuesPerReading()) {
-        detectorFault = Text::countedInEnglish("it has %n reading(s), the stream %1",
-                                               nullptr,
-                                               layout.readings())
-                            .arg(valuesPerReading());
+        detectorFault = LoggedText::of([&] {
+            return Text::counted("it has %n reading(s), the stream %1", nullptr, layout.readings())
+                .arg(valuesPerReading());
+        });
         return;
     }
     const bool isRowAfterRow =
         layout.kind() == Corvale_Qt::DetectorKind::Matrix && layout.description().wiring.isEmpty();
     if (frameRows > 0 && isRowAfterRow && layout.cells(Axis::Y) != frameRows) {
-        detectorFault = Text::tr("it has %1 x %2 cells, the frames %3 x %4")
-                            .arg(layout.cells(Axis::Y))
-                            .arg(layout.cells(Axis::X))
-                            .arg(frameRows)
-                            .arg(frameSize / frameRows);
+        detectorFault = LoggedText::of([&] {
+            return Text::tr("it has %1 x %2 cells, the frames %3 x %4")
+                .arg(layout.cells(Axis::Y))
+                .arg(layout.cells(Axis::X))
+                .arg(frameRows)
+                .arg(frameSize / frameRows);
+        });
         return;
     }
     if (hasFrames() && layout.kind() == Corvale_Qt::DetectorKind::Channels) {
-        detectorFault = Text::tr("its channels have no places");
+        detectorFault = LoggedText::of([] {
+            return Text::tr("its channels have no places");
+        });
         return;
     }
     if (hasFrames()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include <corvale_qt/detector/DetectorLayout.h>
 #include <corvale_qt/numerics/ChannelLimits.h>
 
@@ -23,6 +24,8 @@ enum class StreamKind {
 
 //! Returns "channels", "strips", "pixels" or "spots".
 QString kindName(StreamKind kind);
+//! Returns the kind for a person, for example "strips", in the language in which texts are made at present.
+QString kindText(StreamKind kind);
 //! Returns the kind of that name, StreamKind::Channels if there is none; \a ok tells whether there is one.
 StreamKind kindFromName(const QString &name, bool *ok);
 
@@ -57,10 +60,10 @@ struct StreamHeader
     double rangeHigh = 0.0;
     QVector<Corvale_Qt::ChannelLimits>
         limits; //!< of each channel, in its unit; empty if no channel has any
-    QString limitsFault; //!< why limits that the stream gives are not used; empty otherwise
+    LoggedText limitsFault; //!< why limits that the stream gives are not used; empty otherwise
     Corvale_Qt::DetectorLayout
         detector; //!< empty if the stream does not describe one; never empty for frames
-    QString
+    LoggedText
         detectorFault; //!< why the detector that the stream describes is not used; empty otherwise
 
     int frameSize = 0; //!< number of values of a frame; 0 if the readings are not frames

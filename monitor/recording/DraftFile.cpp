@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/DraftFile.h"
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -64,7 +64,7 @@ DraftFile::~DraftFile()
 
 bool DraftFile::fail(int errorNumber)
 {
-    m_error = QString::fromLocal8Bit(std::strerror(errorNumber));
+    m_error = LoggedText::ofSystem(qt_error_string(errorNumber)).now();
     return false;
 }
 

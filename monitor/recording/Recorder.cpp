@@ -2,7 +2,6 @@
 #include "monitor/recording/Recorder.h"
 
 #include "monitor/core/Clock.h"
-#include "monitor/core/EnglishTexts.h"
 #include "monitor/recording/RecordingWriter.h"
 
 #include <QDir>
@@ -42,7 +41,7 @@ bool Recorder::start()
     const QDateTime now = m_clock.wallTime();
     // What the former run has recorded is never replaced.
     const bool replaces = m_options.overwrite && !m_options.continues;
-    QString error;
+    LoggedText error;
     m_isRecording = open(m_options.continues ? m_names.next(now, 1) : m_names.first(now),
                          replaces ? Existing::Replace : Existing::Refuse,
                          &error);
@@ -50,21 +49,27 @@ bool Recorder::start()
     return m_isRecording;
 }
 
-bool Recorder::open(const QString &path, RecordingFile::Existing existing, QString *error)
+LoggedText Recorder::existsAlready(const QString &path)
+{
+    return LoggedText::of([&path] {
+        return tr("%1 exists already; choose another name, or allow overwriting (--overwrite)")
+            .arg(path);
+    });
+}
+
+bool Recorder::open(const QString &path, RecordingFile::Existing existing, LoggedText *error)
 {
     auto file = std::make_unique<RecordingFile>();
     const QString completed = completedPath(path, m_options.segments);
     if (completed != path && !m_options.overwrite && QFileInfo::exists(completed)) {
-        *error = tr("%1 exists already; choose another name, or allow overwriting (--overwrite)")
-                     .arg(completed);
+        *error = existsAlready(completed);
         return false;
     }
     if (!file->open(path, existing, m_options.mode)) {
         const bool exists = existing == RecordingFile::Existing::Refuse && QFileInfo::exists(path);
-        *error = exists
-            ? tr("%1 exists already; choose another name, or allow overwriting (--overwrite)")
-                  .arg(path)
-            : tr("%1 cannot be written: %2").arg(path, file->errorString());
+        *error = exists ? existsAlready(path) : LoggedText::of([&] {
+            return tr("%1 cannot be written: %2").arg(path, file->error().now());
+        });
         return false;
     }
     if (existing == RecordingFile::Existing::Replace)
@@ -115,8 +120,7 @@ bool Recorder::openNext()
     const double now = m_clock.seconds();
     if (now < m_nextFileNotBefore)
         return false;
-    const EnglishTexts english; // of the error, which is noted in the log
-    QString error;
+    LoggedText error;
     if (open(m_names.next(m_clock.wallTime(), m_filesBegun),
              RecordingFile::Existing::Refuse,
              &error)) {
@@ -124,16 +128,17 @@ bool Recorder::openNext()
         return true;
     }
     m_nextFileNotBefore = now + retryInterval;
-    Q_EMIT noted(QStringLiteral("WARNING recording: %1; it goes on in %2").arg(error, fileName()));
+    Q_EMIT noted(
+        QStringLiteral("WARNING recording: %1; it goes on in %2").arg(error.logged(), fileName()));
     return false;
 }
 
-void Recorder::setError(const QString &text)
+void Recorder::setError(const LoggedText &text)
 {
     const bool wasWell = m_error.isEmpty();
     m_error = text;
     if (wasWell && !text.isEmpty())
-        Q_EMIT failed(text);
+        Q_EMIT failed(text.logged());
     else if (!wasWell && text.isEmpty())
         Q_EMIT recovered();
 }
@@ -268,9 +273,16 @@ bool Recorder::writeWaiting()
         waiting.beginFile({});
         m_anyReading = true;
     }
-    setError(waiting.isEmpty() ? QString()
-                               : tr("%1: %2").arg(m_file->path(), m_file->errorString()));
+    setError(waiting.isEmpty() ? LoggedText() : writingError());
     return waiting.isEmpty();
+}
+
+//! Returns what the system says of the file.
+LoggedText Recorder::writingError() const
+{
+    return LoggedText::of([this] {
+        return tr("%1: %2").arg(m_file->path(), m_file->error().now());
+    });
 }
 
 //! Returns the size at which files are cut to the line. Those of a smaller size are only begun once a second; 0 for these and for none.
@@ -284,21 +296,25 @@ qint64 Recorder::cutSize() const
     file; what was written to the former one stays as it is. Returns false while no file can be opened. */
 bool Recorder::keepFileInPlace()
 {
-    const EnglishTexts english; // of what became of the file, which is recorded
-    const QString displacement = RecordingFile::text(m_file->displacement());
-    if (displacement.isEmpty())
+    const RecordingFile::Displacement displacement = m_file->displacement();
+    if (displacement == RecordingFile::Displacement::None)
         return true;
     const QString before = m_file->path();
     const QString path =
         QFileInfo::exists(before) ? m_names.next(m_clock.wallTime(), m_filesBegun) : before;
     QDir().mkpath(QFileInfo(path).absolutePath());
-    QString error;
+    const auto became = LoggedText::of([&] {
+        return RecordingFile::text(displacement);
+    });
+    LoggedText error;
     if (!open(path, RecordingFile::Existing::Refuse, &error)) {
-        setError(tr("%1 %2, and %3").arg(before, displacement, error));
+        setError(LoggedText::of([&] {
+            return tr("%1 %2, and %3").arg(before, became.now(), error.now());
+        }));
         return false;
     }
     const QString text =
-        QStringLiteral("recording: %1 %2; it goes on in %3").arg(before, displacement, path);
+        QStringLiteral("recording: %1 %2; it goes on in %3").arg(before, became.logged(), path);
     QByteArray event;
     appendRecordingEvent(&event, text);
     m_worker.text().waiting().beginFile(event);
@@ -332,7 +348,7 @@ bool Recorder::finish()
     const bool isInPlace = m_file->displacement() == RecordingFile::Displacement::None;
     const bool closed = m_file->close();
     if (!closed)
-        setError(tr("%1: %2").arg(m_file->path(), m_file->errorString()));
+        setError(writingError());
     else if (isInPlace)
         Q_EMIT fileCompleted(m_file->path());
     return closed && lostReadings() == 0;

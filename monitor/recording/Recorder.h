@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/readings/ReadingBlock.h"
 #include "monitor/readings/StreamHeader.h"
 #include "monitor/recording/RecordingFile.h"
@@ -59,7 +60,7 @@ public:
     Recorder(Clock &clock, const Options &options, QObject *parent = nullptr);
     ~Recorder() override;
 
-    //! Opens the first file. Returns false, with errorString(), if that fails.
+    //! Opens the first file. Returns false, with error(), if that fails.
     bool start();
     //! Begins another acquisition; the readings that follow have the channels of this header.
     void startStream(const StreamHeader &header);
@@ -82,14 +83,14 @@ public:
     //! Returns how many readings could not be recorded.
     qint64 lostReadings() const { return m_worker.lostReadings() + m_leftWaiting; }
     //! Returns what keeps the recorder from writing; empty while nothing does.
-    QString errorString() const { return m_error; }
+    const LoggedText &error() const { return m_error; }
 
 Q_SIGNALS:
     //! Emitted when a file was begun.
     void fileStarted(const QString &fileName);
     //! Emitted when a file was closed in its place, and nothing will be written to it any more.
     void fileCompleted(const QString &fileName);
-    //! Emitted when writing failed; the recorder goes on trying.
+    //! Emitted with the reason, in English for the log, when writing failed; the recorder goes on trying.
     void failed(const QString &text);
     //! Emitted when writing works again.
     void recovered();
@@ -102,13 +103,15 @@ private:
     bool flush();
     bool writeWaiting();
     qint64 cutSize() const;
-    bool open(const QString &path, RecordingFile::Existing existing, QString *error);
+    bool open(const QString &path, RecordingFile::Existing existing, LoggedText *error);
     void replaceComplete(const QString &path, const QString &completed);
+    static LoggedText existsAlready(const QString &path);
+    LoggedText writingError() const;
     bool openNext();
     bool keepFileInPlace();
     bool mayBeginFileForStream();
     void rotateIfDue();
-    void setError(const QString &text);
+    void setError(const LoggedText &text);
     void addHeaderIfDue();
     void beginWithHeader();
     void dateStream(const ReadingBlock &readings);
@@ -118,7 +121,7 @@ private:
     const Options m_options;
     const RecordingNames m_names;
     std::unique_ptr<RecordingFile> m_file;
-    QString m_error;
+    LoggedText m_error;
     bool m_isRecording = false;
     int m_filesBegun = 0;
     double m_fileStartedAt = 0.0;

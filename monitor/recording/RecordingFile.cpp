@@ -6,7 +6,6 @@
 #include <QFile>
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -25,9 +24,9 @@ bool RecordingFile::fail(int errorNumber)
     return false;
 }
 
-QString RecordingFile::errorString() const
+LoggedText RecordingFile::error() const
 {
-    return m_errorNumber == 0 ? m_error : QString::fromLocal8Bit(std::strerror(m_errorNumber));
+    return m_errorNumber == 0 ? m_error : LoggedText::ofSystem(qt_error_string(m_errorNumber));
 }
 
 bool RecordingFile::open(const QString &path, Existing existing, unsigned mode)
@@ -35,7 +34,7 @@ bool RecordingFile::open(const QString &path, Existing existing, unsigned mode)
     close();
     m_path = path;
     m_size = 0;
-    m_error.clear();
+    m_error = {};
     m_errorNumber = 0;
     // Without O_NONBLOCK, a pipe without a reader would block the program.
     const int flags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK
@@ -44,7 +43,9 @@ bool RecordingFile::open(const QString &path, Existing existing, unsigned mode)
     m_descriptor = ::open(name.constData(), flags | O_NOFOLLOW, mode_t(mode));
     if (m_descriptor < 0 && errno == ELOOP) {
         if (isForeignLink()) {
-            m_error = Text::tr("it is a link of another user");
+            m_error = LoggedText::of([] {
+                return Text::tr("it is a link of another user");
+            });
             return false;
         }
         m_descriptor = ::open(name.constData(), flags, mode_t(mode));
@@ -76,7 +77,9 @@ bool RecordingFile::lock()
     // On a file system without locks, recording without one is better than not recording.
     if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
         return true;
-    m_error = Text::tr("another recorder is writing to it, or it is being compressed");
+    m_error = LoggedText::of([] {
+        return Text::tr("another recorder is writing to it, or it is being compressed");
+    });
     return false;
 }
 

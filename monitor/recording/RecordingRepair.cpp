@@ -57,7 +57,7 @@ public:
         // Readings that were held back are refused together, also those of an earlier line.
         if (m_lost == 0) {
             m_firstLine = line.number;
-            m_why = line.reason.isEmpty() ? refusalText(line.refusal) : line.reason;
+            m_why = line.reason.isEmpty() ? refusalText(line.refusal) : line.reason.logged();
         }
         m_firstLine = qMin(m_firstLine, line.number);
         m_lastLine = qMax(m_lastLine, line.number);

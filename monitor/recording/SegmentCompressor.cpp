@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/SegmentCompressor.h"
 
+#include "monitor/core/EnglishTexts.h"
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 #include "monitor/recording/DraftFile.h"
 
@@ -31,7 +33,7 @@ QString faultOfSegment(QFile *file, const QString &target, bool replaces)
     if (info.exists() && (!info.isFile() || info.isSymLink()))
         return Text::tr("only regular files are compressed");
     if (!file->open(QIODevice::ReadOnly))
-        return file->errorString();
+        return LoggedText::ofSystem(file->errorString()).now();
     if (::flock(file->handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
         return Text::tr("a recorder is writing to it");
     return {};
@@ -78,6 +80,7 @@ bool convertSegment(const QString &path,
                     QString *error,
                     const SegmentConversion::GoesOn &goesOn)
 {
+    const EnglishTexts english; // of what the log says
     const QString target = completedPath(path, conversion.form);
     QFile file(path);
     QString fault = faultOfSegment(&file, target, conversion.replaces);
@@ -86,7 +89,7 @@ bool convertSegment(const QString &path,
     if (fault.isEmpty())
         fault = writeChecked(file, target, conversion, goesOn);
     if (fault.isEmpty() && isNamed(file, path) && !file.remove())
-        fault = file.errorString();
+        fault = LoggedText::ofSystem(file.errorString()).now();
     if (!fault.isEmpty())
         *error = staysText(path, conversion.form, fault);
     return fault.isEmpty();
@@ -111,10 +114,12 @@ SegmentCompressor::~SegmentCompressor()
 
 void SegmentCompressor::add(const QString &path, const SegmentConversion &conversion)
 {
-    if (m_thread.start())
+    if (m_thread.start()) {
         m_thread.add({path, conversion, {}});
-    else
-        m_errors.append(staysText(path, conversion.form, Text::noThread()));
+        return;
+    }
+    const EnglishTexts english;
+    m_errors.append(staysText(path, conversion.form, Text::noThread()));
 }
 
 QStringList SegmentCompressor::pending() const

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/session/Alarms.h"
 
+#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/NumberText.h"
 #include "monitor/core/Text.h"
+#include "monitor/readings/LimitTexts.h"
 #include <corvale_qt/units/SiPrefix.h>
 
 #include <algorithm>
@@ -28,23 +30,6 @@ QString quantity(double value, const QString &unit)
 Alarms::Alarms(QObject *parent)
     : QObject(parent)
 {
-}
-
-QString Alarms::text(LimitState state, const QString &channel, const QString &limit)
-{
-    switch (state) {
-    case LimitState::HighAlarm:
-        return tr("ALARM: %1 above %2").arg(channel, limit);
-    case LimitState::LowAlarm:
-        return tr("ALARM: %1 below %2").arg(channel, limit);
-    case LimitState::HighWarning:
-        return tr("WARNING: %1 above %2").arg(channel, limit);
-    case LimitState::LowWarning:
-        return tr("WARNING: %1 below %2").arg(channel, limit);
-    case LimitState::Normal:
-        break;
-    }
-    return {};
 }
 
 void Alarms::startStream(const StreamHeader &header)
@@ -80,6 +65,7 @@ void Alarms::update(LimitLog &log)
 
 void Alarms::take(const LimitLog::Change &change)
 {
+    const EnglishTexts english; // of the log
     const Channel &channel = m_header.channels[change.channel];
     if (change.state == LimitState::Normal) {
         const LimitExcursion &past = change.excursion;
@@ -108,7 +94,7 @@ void Alarms::take(const LimitLog::Change &change)
     }
     entry.isUnacknowledged = entry.isUnacknowledged || isAlarm(change.state);
     Q_EMIT noted((m_header.hasTimes ? tr("%1: %2 at t = %3 s") : tr("%1: %2 at reading %3"))
-                     .arg(text(change.state, channel.name, limit),
+                     .arg(passedLimitText(change.state, channel.name, limit),
                           quantity(change.reading, channel.unit),
                           QString::number(change.time, 'g', 10)));
 }
@@ -145,9 +131,11 @@ void Alarms::acknowledge()
 {
     if (!isUnacknowledged())
         return;
+    const EnglishTexts english; // of the log
     for (Entry &entry : m_entries) {
         if (entry.isUnacknowledged)
-            Q_EMIT noted(tr("acknowledged: %1").arg(text(entry.worst, entry.name, entry.limit)));
+            Q_EMIT noted(
+                tr("acknowledged: %1").arg(passedLimitText(entry.worst, entry.name, entry.limit)));
         entry.isUnacknowledged = false;
     }
     dropSettled();

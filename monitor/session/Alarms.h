@@ -47,9 +47,6 @@ public:
     //! Returns whether an alarm waits to be acknowledged.
     bool isUnacknowledged() const;
 
-    //! Returns a text like "ALARM: left_nA above 500 nA" for the log, in English.
-    static QString text(Corvale_Qt::LimitState state, const QString &channel, const QString &limit);
-
 Q_SIGNALS:
     //! entries() has changed.
     void changed();

@@ -162,11 +162,11 @@ StreamHeader Session::completed(const StreamHeader &told)
             takeEvent(
                 QStringLiteral("WARNING the detector is not used: %1. Choose another one in File > "
                                "Settings... or with --detector FILE")
-                    .arg(header.detectorFault));
+                    .arg(header.detectorFault.logged()));
     }
-    const QString fault = m_computed->begin(header);
-    if (!fault.isEmpty())
-        takeEvent(QStringLiteral("ERROR %1").arg(fault));
+    m_computedFault = m_computed->begin(header);
+    if (!m_computedFault.isEmpty())
+        takeEvent(QStringLiteral("ERROR %1").arg(m_computedFault.logged()));
     m_streamLimits = header.limits;
     applyLimits(&header);
     return header;
@@ -419,7 +419,7 @@ bool Session::startRecording(Recorder::Options options, QString *error)
     options.mode = m_recordingMode;
     auto recorder = std::make_unique<Recorder>(m_clock, options);
     if (!recorder->start()) {
-        *error = recorder->errorString();
+        *error = recorder->error().now();
         return false;
     }
     stopRecording();
@@ -469,7 +469,7 @@ bool Session::stopRecording()
                 ? QStringLiteral("recording to %1 ended; the file is being compressed").arg(name)
                 : QStringLiteral("recording to %1 ended").arg(name));
     } else {
-        const QString why = m_recorder->errorString();
+        const QString why = m_recorder->error().logged();
         m_incompleteRecordings.append(
             Text::countedInEnglish("the recording %1 is incomplete, %n reading(s) is/are missing%2",
                                    nullptr,

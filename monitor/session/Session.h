@@ -52,6 +52,8 @@ public:
     {
         return m_computedChannels;
     }
+    //! Returns why the present stream has none of them; empty if it has them.
+    const LoggedText &computedFault() const { return m_computedFault; }
     /*! Sets limits by the names of channels, which go before those of a stream; empty ones remove a limit of the stream. They
         hold at once and for the streams that follow. */
     void setLimits(const NamedLimits &limits);
@@ -191,6 +193,7 @@ private:
     Corvale_Qt::DetectorLayout m_detector;
     StreamHeader m_told; //!< of the present stream, as the source gave it
     QVector<Corvale_Qt::ComputedChannel> m_computedChannels;
+    LoggedText m_computedFault;
     std::unique_ptr<ComputedStream> m_computed = std::make_unique<ComputedStream>();
     double m_rangeLow = 0.0;
     double m_rangeHigh = 0.0;

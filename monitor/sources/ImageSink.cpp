@@ -29,7 +29,7 @@ void ImageSink::show(double time, bool hasTime, const PgmImage &image)
     Q_EMIT m_source.readingsArrived(block);
 }
 
-void ImageSink::refuse(Refusal refusal, const QString &fault, const QByteArray &name)
+void ImageSink::refuse(Refusal refusal, const LoggedText &fault, const QByteArray &name)
 {
     RefusedLine line;
     line.what = RefusedLine::What::Image;

@@ -19,7 +19,7 @@ public:
     //! Hands an image on as the frame of that time, in seconds; if it has no time, that is its number.
     void show(double time, bool hasTime, const PgmImage &image);
     //! Counts and reports an image that cannot be used; \a name says which one it is, \a fault why if the refusal does not.
-    void refuse(Refusal refusal, const QString &fault, const QByteArray &name);
+    void refuse(Refusal refusal, const LoggedText &fault, const QByteArray &name);
 
     //! Returns how many images were read and refused.
     const LineCounts &counts() const { return m_counts; }

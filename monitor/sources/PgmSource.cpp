@@ -86,7 +86,7 @@ PgmSource::PgmSource(Clock &clock,
           [this](const PgmImage &image) {
               take(image);
           },
-          [this](const QString &fault) {
+          [this](const LoggedText &fault) {
               refuse(fault);
           })
     , m_play(options.speed)
@@ -230,7 +230,7 @@ void PgmSource::takeWanted(double time, const PgmImage &image)
     m_waiting.push_back({shown, image});
 }
 
-void PgmSource::refuse(const QString &fault, Refusal refusal)
+void PgmSource::refuse(const LoggedText &fault, Refusal refusal)
 {
     m_images.refuse(refusal, fault, excerptOf(m_file.fileName()));
 }

@@ -45,7 +45,7 @@ private:
     void take(const PgmImage &image);
     void takeWanted(double time, const PgmImage &image);
     void playDue();
-    void refuse(const QString &fault, Refusal refusal = Refusal::Unreadable);
+    void refuse(const LoggedText &fault, Refusal refusal = Refusal::Unreadable);
     void finishWhenPlayed();
 
     const QString m_path;

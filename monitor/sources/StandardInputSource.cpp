@@ -2,13 +2,13 @@
 #include "monitor/sources/StandardInputSource.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/LoggedText.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <limits>
 #include <poll.h>
@@ -31,7 +31,7 @@ StandardInputSource::StandardInputSource(Clock &clock, int descriptor, QObject *
           [this](const PgmImage &image) {
               takeImage(image);
           },
-          [this](const QString &fault) {
+          [this](const LoggedText &fault) {
               m_images.refuse(Refusal::Unreadable, fault, kName);
           })
     , m_lastTime(-std::numeric_limits<double>::infinity())
@@ -132,8 +132,8 @@ bool StandardInputSource::readPiece()
     if (size == 0)
         endInput();
     else
-        lost(LoggedText::of([why = QString::fromLocal8Bit(std::strerror(errno))] {
-            return tr("reading standard input failed: %1").arg(why);
+        lost(LoggedText::of([why = LoggedText::ofSystem(qt_error_string(errno))] {
+            return tr("reading standard input failed: %1").arg(why.now());
         }));
     return false;
 }

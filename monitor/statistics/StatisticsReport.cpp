@@ -320,7 +320,7 @@ QJsonObject jsonDetector(const StatisticsReport &report)
 {
     const StreamHeader &header = report.statistics->header();
     return {{"description", header.detector.summary()},
-            {"fault", header.detectorFault},
+            {"fault", header.detectorFault.logged()},
             {"unwired_cells", header.detector.unwiredCells()},
             {"left_out_channels", header.leftOutChannels},
             {"left_out_readings", report.estimates.leftOut.count},
@@ -383,7 +383,7 @@ void writeLeftOut(QTextStream &out, const StatisticsReport &report)
         out << "WARNING   " << header.leftOutChannels << " columns beyond the first "
             << StreamHeader::maxChannels << " are left out\n";
     if (!header.detectorFault.isEmpty())
-        out << "WARNING   the detector is not used: " << header.detectorFault << "\n";
+        out << "WARNING   the detector is not used: " << header.detectorFault.logged() << "\n";
     if (report.leftOut.count() > 0)
         out << "WARNING   " << report.leftOut.text() << "\n";
 }

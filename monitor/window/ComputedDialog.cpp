@@ -85,7 +85,7 @@ QString ComputedDialog::explanation() const
             "There is no stream yet. Whether the expressions make sense is seen when one begins.");
     if (m_header.kind != StreamKind::Channels)
         return tr("This stream has %1. Channels are computed from independent channels only.")
-            .arg(kindName(m_header.kind));
+            .arg(kindText(m_header.kind));
     QStringList names;
     for (int i = 0; i < m_header.measured(); ++i)
         names << m_header.channels[i].name;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ExportActions.h"
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
@@ -116,7 +117,7 @@ void ExportActions::save(const QString &path, double left, double right)
         else if (!running->errorString().isEmpty())
             Q_EMIT m_session.noted(
                 QStringLiteral("ERROR %1 was not saved: %2. Save to another disk, or make room")
-                    .arg(path, running->errorString()));
+                    .arg(path, LoggedText::ofSystem(running->errorString()).logged()));
         else
             Q_EMIT m_session.noted(
                 QStringLiteral("%1 was not saved, because it was cancelled").arg(path));
@@ -132,10 +133,10 @@ void ExportActions::save(const QString &path, double left, double right)
         showProgress(running);
         return;
     }
-    QMessageBox::warning(
-        m_window,
-        tr("Save readings"),
-        tr("%1 cannot be written: %2. Choose another file.").arg(path, running->errorString()));
+    QMessageBox::warning(m_window,
+                         tr("Save readings"),
+                         tr("%1 cannot be written: %2. Choose another file.")
+                             .arg(path, LoggedText::ofSystem(running->errorString()).shown()));
     running->deleteLater();
 }
 

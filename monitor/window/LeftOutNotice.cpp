@@ -2,6 +2,7 @@
 #include "monitor/window/LeftOutNotice.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/readings/StreamHeader.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
 
@@ -28,8 +29,19 @@ void LeftOutNotice::noteInDisplays(const LoggedText &text)
 
 void LeftOutNotice::refresh()
 {
+    const StreamHeader &header = m_session.statistics().header();
     QStringList texts;
-    if (const int columns = m_session.statistics().header().leftOutChannels)
+    if (!header.detectorFault.isEmpty())
+        texts.append(tr("the detector is not used: %1; correct its description, or choose another "
+                        "one in File > Settings...")
+                         .arg(header.detectorFault.shown()));
+    if (!header.limitsFault.isEmpty())
+        texts.append(
+            tr("not all limits of the stream are used: %1; Measure > Limits sets them here")
+                .arg(header.limitsFault.shown()));
+    if (!m_session.computedFault().isEmpty())
+        texts.append(m_session.computedFault().shown());
+    if (const int columns = header.leftOutChannels)
         texts.append(Text::counted(
                          "%n column(s) beyond the first %1 is/are left out; a stream of frames may "
                          "have more",

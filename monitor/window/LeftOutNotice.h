@@ -9,7 +9,8 @@ namespace Monitor {
 class DisplayTabs;
 class Session;
 
-//! A notice while the displays lack a part of the readings: columns beyond those that are read, or cells without a wire.
+/*! A notice while the displays lack something that the stream or the operator has asked for: columns beyond those that are read,
+    cells without a wire, or a detector, limits and computed channels that make no sense. */
 class LeftOutNotice : public NoticeLine
 {
     Q_OBJECT

@@ -54,9 +54,9 @@ QVector<StatusField::Part> memberNotices(const Companions::Member &member)
     if (const auto connection = connectionNotice(session))
         notices.append(*connection);
     const Recorder *recorder = session.recorder();
-    if (recorder && !recorder->errorString().isEmpty())
+    if (recorder && !recorder->error().isEmpty())
         notices.append(
-            {Text::tr("RECORDING FAILS"), recorder->errorString(), NoticeState::Trouble});
+            {Text::tr("RECORDING FAILS"), recorder->error().shown(), NoticeState::Trouble});
     if (member.isLeftOutOfRecording())
         notices.append({Text::tr("NOT RECORDED"),
                         Text::tr("the file of this source could not be begun; the log says why. "

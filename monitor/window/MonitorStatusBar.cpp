@@ -3,6 +3,7 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/core/Text.h"
+#include "monitor/readings/LimitTexts.h"
 #include "monitor/session/Companions.h"
 #include "monitor/window/MemberNotices.h"
 
@@ -181,10 +182,10 @@ QVector<StatusField::Part> MonitorStatusBar::recordingNotices() const
     if (!recorder)
         return {};
     QVector<StatusField::Part> notices;
-    if (!recorder->errorString().isEmpty())
+    if (!recorder->error().isEmpty())
         notices.append({tr("RECORDING FAILS"),
                         tr("%1. Make room, or record to another disk; readings wait meanwhile")
-                            .arg(recorder->errorString()),
+                            .arg(recorder->error().shown()),
                         State::Trouble});
     const std::optional<double> space = m_space.secondsLeft();
     if (space && *space < littleSpace)
@@ -243,32 +244,13 @@ QVector<StatusField::Part> MonitorStatusBar::companionNotices() const
     return notices;
 }
 
-//! Returns what is beyond its limit, in the language of the window; the log has it in English.
-QString MonitorStatusBar::alarmText(const Alarms::Entry &entry)
-{
-    using Corvale_Qt::LimitState;
-    switch (entry.worst) {
-    case LimitState::HighAlarm:
-        return tr("ALARM: %1 above %2").arg(entry.name, entry.limit);
-    case LimitState::LowAlarm:
-        return tr("ALARM: %1 below %2").arg(entry.name, entry.limit);
-    case LimitState::HighWarning:
-        return tr("WARNING: %1 above %2").arg(entry.name, entry.limit);
-    case LimitState::LowWarning:
-        return tr("WARNING: %1 below %2").arg(entry.name, entry.limit);
-    case LimitState::Normal:
-        break;
-    }
-    return entry.name;
-}
-
 QVector<StatusField::Part> MonitorStatusBar::alarmNotice(const Session &session)
 {
     const QVector<Alarms::Entry> entries = session.alarms().entries();
     if (entries.isEmpty())
         return {};
     const Alarms::Entry &first = entries.first();
-    QString text = alarmText(first);
+    QString text = passedLimitText(first.worst, first.name, first.limit);
     if (!first.lasts())
         text = tr("%1 (over, F8 acknowledges)").arg(text);
     if (entries.size() > 1)

@@ -40,7 +40,6 @@ private:
     QVector<StatusField::Part> companionNotices() const;
     std::vector<Companions::Member> companions() const;
     QString sourceText() const;
-    static QString alarmText(const Alarms::Entry &entry);
     QString recordingText() const;
     void noteSpace();
 

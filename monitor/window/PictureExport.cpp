@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/PictureExport.h"
 
+#include "monitor/core/LoggedText.h"
 #include "monitor/core/Text.h"
 #include <corvale_qt/scope/DisplayPicture.h>
 
@@ -79,7 +80,7 @@ bool PictureExport::save(const DisplayPicture &picture, const QString &path, QSt
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         *error = Text::tr("%1 cannot be written: %2. Choose another file.")
-                     .arg(path, file.errorString());
+                     .arg(path, LoggedText::ofSystem(file.errorString()).now());
         return false;
     }
     bool drawn = false;
@@ -97,7 +98,7 @@ bool PictureExport::save(const DisplayPicture &picture, const QString &path, QSt
         return true;
     if (error->isEmpty())
         *error = Text::tr("%1 cannot be written: %2. Choose another file.")
-                     .arg(path, file.errorString());
+                     .arg(path, LoggedText::ofSystem(file.errorString()).now());
     return false;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/SourceDetector.h"
 
-#include "monitor/core/Text.h"
 #include "monitor/readings/DetectorPresets.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/WindowSettings.h"
@@ -22,14 +21,19 @@ keptDetector(const QString &source, const QString &usualFile, const WindowSettin
         return detector;
     Corvale_Qt::DetectorFault fault;
     detector.layout = detectorNamed(file, &fault);
-    detector.fault = fault.message();
-    if (!fault.isEmpty())
-        detector.note = Text::tr("ERROR the detector of %1 is not used: %2. Choose another one in "
-                                 "File > Settings... or with --detector FILE")
-                            .arg(file, detector.fault);
-    else if (!kept.isEmpty())
+    if (!fault.isEmpty()) {
+        detector.fault = LoggedText::of([&] {
+            detectorNamed(file, &fault);
+            return fault.message();
+        });
         detector.note =
-            Text::tr("the detector is that of %1, as before; --detector none forgets it").arg(file);
+            QStringLiteral("ERROR the detector of %1 is not used: %2. Choose another one in "
+                           "File > Settings... or with --detector FILE")
+                .arg(file, detector.fault.logged());
+    } else if (!kept.isEmpty())
+        detector.note =
+            QStringLiteral("the detector is that of %1, as before; --detector none forgets it")
+                .arg(file);
     return detector;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/core/LoggedText.h"
 #include <corvale_qt/detector/DetectorLayout.h>
 
 #include <QString>
@@ -13,8 +14,8 @@ class WindowSettings;
 struct SourceDetector
 {
     Corvale_Qt::DetectorLayout layout; //!< empty if nothing is replaced
-    QString fault; //!< why the file of the detector is not used; empty if it is
-    QString note; //!< a line for the log; empty if there is nothing to tell
+    LoggedText fault; //!< why the file of the detector is not used; empty if it is
+    QString note; //!< a line for the log, in English; empty if there is nothing to tell
 };
 
 /*! Returns the detector that was remembered for a source, and says so in its note; otherwise that of \a usualFile, which is

@@ -190,10 +190,10 @@ void SourceSwitch::setOptions(const MonitorOptions &options)
     if (detector.fault.isEmpty())
         m_session.setDetector(detector.layout);
     else
-        QMessageBox::warning(
-            m_window,
-            tr("Settings"),
-            tr("The detector stays as it was: %1. Choose another file.").arg(detector.fault));
+        QMessageBox::warning(m_window,
+                             tr("Settings"),
+                             tr("The detector stays as it was: %1. Choose another file.")
+                                 .arg(detector.fault.shown()));
     if (!detector.note.isEmpty())
         Q_EMIT m_session.noted(detector.note);
 }

@@ -42,9 +42,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
                 }
                 seen += '|';
             },
-            [&](const QString &fault) {
-                FUZZ_REQUIRE(!fault.isEmpty() && !fault.contains('\n'));
-                seen += fault.toStdString() + '|';
+            [&](const LoggedText &fault) {
+                FUZZ_REQUIRE(!fault.isEmpty() && !fault.logged().contains('\n'));
+                seen += fault.logged().toStdString() + '|';
             });
         for (std::size_t i = 0; i < bytes.size(); i += pieceSize)
             reader.feed(bytes.substr(i, pieceSize));

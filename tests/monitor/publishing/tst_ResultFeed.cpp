@@ -123,7 +123,7 @@ private Q_SLOTS:
         strips.x.cells = 8;
         strips.density = density;
         header.setDetector(Corvale_Qt::DetectorLayout::fromDescription(strips));
-        QCOMPARE(header.detectorFault, QString());
+        QCOMPARE(header.detectorFault.shown(), QString());
         s.source->begin(header);
         s.source->give(0.0, {0, 1, 4, 9, 9, 4, 1, 0});
         s.settle();

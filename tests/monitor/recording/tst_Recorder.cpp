@@ -57,7 +57,7 @@ static QString whatDiffersReadBack(const QString &path, const StreamHeader &head
     recording.recorder().startStream(header);
     recording.recorder().addReadings(sent);
     if (!isStarted || !recording.recorder().finish())
-        return "not recorded: " + recording.recorder().errorString();
+        return "not recorded: " + recording.recorder().error().shown();
     CsvReader reader(read);
     if (!reader.open(path))
         return "not read: " + reader.errorString();
@@ -292,7 +292,7 @@ private Q_SLOTS:
                 limit.set(size + rlim_t(more));
                 r.clock.advance(1.0);
             }
-            QVERIFY(recorder.errorString().contains("File too large"));
+            QVERIFY(recorder.error().shown().contains("File too large"));
             const QString written = readTable(path("a.csv"));
             QVERIFY(QFile::remove(path("a.csv")));
             limit.lift();
@@ -431,7 +431,7 @@ private Q_SLOTS:
         }
         limit.lift();
         QCOMPARE(failed.count(), 1); // once, however often it tries again
-        QVERIFY(recorder.errorString().contains("File too large"));
+        QVERIFY(recorder.error().shown().contains("File too large"));
         QCOMPARE(QFileInfo(r.options.path).size(), qint64(301));
         r.clock.advance(1.0);
         QCOMPARE(recovered.count(), 1);

@@ -66,7 +66,7 @@ private Q_SLOTS:
         Recording again(path("packed.csv"));
         again.options.segments = SegmentForm(form);
         QVERIFY(!again.begin());
-        QVERIFY(again.recorder().errorString().contains("packed" + suffix + " exists already"));
+        QVERIFY(again.recorder().error().shown().contains("packed" + suffix + " exists already"));
         // A recorder that may overwrite replaces the complete file, too.
         Recording told(path("packed.csv"), true);
         told.options.segments = SegmentForm(form);
@@ -113,7 +113,7 @@ private Q_SLOTS:
         putFile(path("a.csv"), "precious");
         Recording careful(path("a.csv"));
         QVERIFY(!careful.begin());
-        QVERIFY(careful.recorder().errorString().contains("exists already"));
+        QVERIFY(careful.recorder().error().shown().contains("exists already"));
         QCOMPARE(fileContents(path("a.csv")), QByteArray("precious"));
 
         Recording told(path("a.csv"), true);
@@ -124,7 +124,7 @@ private Q_SLOTS:
 
         Recording nowhere(path("no/such/folder/a.csv"), true);
         QVERIFY(!nowhere.begin());
-        QVERIFY(nowhere.recorder().errorString().contains("cannot be written"));
+        QVERIFY(nowhere.recorder().error().shown().contains("cannot be written"));
     }
 
     void namesFilesInAFolder()
@@ -250,7 +250,7 @@ private Q_SLOTS:
         r.clock.advance(1.0); // twice as early as promised
         QCOMPARE(r.notes.size(), 1);
         QVERIFY2(r.notes.first().contains(cell("said")), qPrintable(r.notes.first()));
-        QVERIFY(recorder.errorString().isEmpty());
+        QVERIFY(recorder.error().isEmpty());
         recorder.addReadings(block(3, 1));
         QVERIFY(recorder.finish());
 
@@ -273,7 +273,7 @@ private Q_SLOTS:
         first.recorder().addReadings(block(0, 1));
         first.clock.advance(1.0);
         QVERIFY(!second.begin());
-        QVERIFY(second.recorder().errorString().contains("another recorder"));
+        QVERIFY(second.recorder().error().shown().contains("another recorder"));
         QVERIFY(first.recorder().finish());
         QCOMPARE(readTable(path("a.csv")), QString("start channels left:nA right | 0: 0 0.5"));
         QVERIFY(second.begin());
@@ -408,7 +408,7 @@ private Q_SLOTS:
         putFile(path("precious"), "precious");
         Recording foreign(path("a.csv"), true);
         QVERIFY(!foreign.begin());
-        QVERIFY(foreign.recorder().errorString().contains("link of another user"));
+        QVERIFY(foreign.recorder().error().shown().contains("link of another user"));
         QCOMPARE(fileContents(path("precious")), QByteArray("precious"));
     }
 

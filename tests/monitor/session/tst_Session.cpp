@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/readings/LimitTexts.h"
 #include "monitor/recording/ZstdSegments.h"
 #include "monitor/sources/FileSource.h"
 #include "tests/monitor/support/ReadTable.h"
@@ -193,7 +194,7 @@ private Q_SLOTS:
         const auto entries = [&] {
             QStringList texts;
             for (const Alarms::Entry &entry : s.session.alarms().entries())
-                texts.append(Alarms::text(entry.worst, entry.name, entry.limit)
+                texts.append(passedLimitText(entry.worst, entry.name, entry.limit)
                              + (entry.lasts() ? "" : ", over")
                              + (entry.isUnacknowledged ? " !" : ""));
             return texts.join("; ");
@@ -375,7 +376,7 @@ private Q_SLOTS:
         const QStringList errors = log.filter("ERROR");
         QCOMPARE(errors.size(), 1);
         QVERIFY2(errors.first().contains("/dev/full"), qPrintable(errors.first()));
-        QVERIFY(s.session.recorder() && !s.session.recorder()->errorString().isEmpty());
+        QVERIFY(s.session.recorder() && !s.session.recorder()->error().isEmpty());
         QVERIFY(!s.session.stopRecording());
         QVERIFY(log.last().contains("incomplete, 20 readings are missing: "));
         QCOMPARE(s.session.incompleteRecordings().size(), 1);

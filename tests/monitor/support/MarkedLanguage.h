@@ -48,4 +48,11 @@ public:
         static const QRegularExpression english("\\b[A-Za-z]*[aeiou][a-z]+ [a-z]*[aeiou][a-z]+\\b");
         return texts.filter(english);
     }
+
+    //! Returns a text of this language in English.
+    static QString unaccented(QString text)
+    {
+        text = text.normalized(QString::NormalizationForm_D);
+        return text.remove(QRegularExpression("\\p{M}"));
+    }
 };

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/Text.h"
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
 #include "monitor/program/CompressionWait.h"
-#include "monitor/program/Language.h"
 #include "monitor/recording/SegmentCompressor.h"
 #include "monitor/recording/ZstdSegments.h"
 #include "monitor/window/Appearance.h"
@@ -14,6 +12,7 @@
 #include "monitor/window/StatusField.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/FocusWalk.h"
+#include "tests/monitor/support/InLanguage.h"
 #include "tests/monitor/support/MarkedLanguage.h"
 #include "tests/monitor/support/MenuWalk.h"
 #include "tests/monitor/support/Mnemonics.h"
@@ -26,13 +25,6 @@
 using namespace Monitor;
 
 namespace {
-
-//! Shows what is opened while it lives in one language.
-struct InLanguage
-{
-    explicit InLanguage(const QString &code) { installLanguage(code); }
-    ~InLanguage() { installLanguage("en"); }
-};
 
 //! Sets the size of all text while it lives; 0 leaves it.
 struct InPoints
@@ -63,25 +55,6 @@ void addLanguages()
         QTest::newRow(language) << QString(language);
 }
 
-/*! Hears which texts are asked for. It translates none, so that the translators behind it do. */
-class TextListener : public QTranslator
-{
-public:
-    TextListener() { QCoreApplication::installTranslator(this); }
-    ~TextListener() override { QCoreApplication::removeTranslator(this); }
-    QString translate(const char *context, const char *text, const char *, int) const override
-    {
-        m_heard.insert(qMakePair(QString::fromUtf8(context), QString::fromUtf8(text)));
-        return QString();
-    }
-    bool isEmpty() const override { return false; }
-    //! Returns the texts that were asked for, each with its context.
-    QSet<QPair<QString, QString>> heard() const { return m_heard; }
-
-private:
-    mutable QSet<QPair<QString, QString>> m_heard;
-};
-
 } // namespace
 
 /*! Looks at what no menu entry opens for a stream of strips: docks, the questions about a table, its tape, and a status line with
@@ -111,20 +84,6 @@ class tst_WindowAppearance : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    //! A number has its form in each language, however large it is, and an English one in files.
-    void numbersHaveTheirForms()
-    {
-        const auto gaps = [](qint64 number) { return Text::counted("%n gap(s)", nullptr, number); };
-        QCOMPARE(gaps(1), QString("1 gap"));
-        QCOMPARE(gaps(5000000001), QString("5000000001 gaps"));
-        const InLanguage german("de");
-        QCOMPARE(gaps(1), QString::fromUtf8("1 Lücke"));
-        QCOMPARE(gaps(5000000001), QString::fromUtf8("5000000001 Lücken"));
-        QCOMPARE(Text::countedInEnglish("%n line(s)", nullptr, 0), QString("0 lines"));
-        const EnglishTexts english;
-        QCOMPARE(gaps(2), QString("2 gaps"));
-    }
-
     void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
     void keysAndMnemonicsDoNotClash_data() { addLanguages(); }
@@ -185,67 +144,6 @@ private Q_SLOTS:
             clashes += clashesIn(&connection);
         }
         QCOMPARE(clashes.join("; "), QString());
-    }
-
-    /*! A text whose context the catalogs do not know would stay English. The lines of the log and what goes into files are
-        English on purpose. */
-    void everyTextIsFoundInTheCatalogs()
-    {
-        const InLanguage german("de");
-        QTranslator catalogs[2];
-        QVERIFY(catalogs[0].load(":/corvale_qt/translations/corvale_qt_de"));
-        QVERIFY(catalogs[1].load(":/corvale_monitor/translations/corvale_monitor_de"));
-        const TextListener listener;
-        SmallWindow w(file("texts.xui"));
-        QCOMPARE(w.action("settings")->text().remove('&'), QString("Einstellungen..."));
-        w.source->begin(StreamKind::Pixels, 64);
-        w.run(3);
-        w.settle();
-        ConnectDialog connection(w.clock, {});
-        SettingsDialog settings(MonitorOptions(), file("texts.xui"));
-        QStringList missing;
-        for (const auto &[context, text] : listener.heard()) {
-            const QByteArray inContext = context.toUtf8(), source = text.toUtf8();
-            const bool isOurs = context.startsWith("Corvale_Qt") || context.startsWith("Monitor");
-            const bool isLogged = context == "Monitor::SessionLines";
-            if (isOurs && !isLogged && !text.isEmpty()
-                && catalogs[0].translate(inContext, source).isEmpty()
-                && catalogs[1].translate(inContext, source).isEmpty())
-                missing.append(context + ": " + text);
-        }
-        QCOMPARE(missing.join("; "), QString());
-        QVERIFY(listener.heard().size() > 300);
-    }
-
-    //! The log has the events of a recording in the same words; only the state of the source is in the language of the window.
-    void recordingsAreTheSameInEveryLanguage()
-    {
-        const QString table = file("faults.csv");
-        putFile(table,
-                "#limits a ,,2,2.5\n#limits b 5,4\n#pitch x -1\n#dead "
-                "77\ntime_s,a_nA,b_nA\n0,1,2\n1,none,3\n2,3,5\n3,1,2\n");
-        const auto run = [&](const QString &language) {
-            const InLanguage inLanguage(language);
-            QFile::remove(file("said.csv"));
-            SmallWindow w(file(qPrintable(language + "-said.xui")));
-            w.window.sources().open(table);
-            w.record(file("said.csv"));
-            w.clock.advance(2.0);
-            QFile::remove(file("moved.csv"));
-            QFile::rename(file("said.csv"), file("moved.csv"));
-            w.clock.advance(3.0);
-            w.session.stopRecording();
-            const QString recorded = QString::fromUtf8(fileContents(file("moved.csv")))
-                + QString::fromUtf8(fileContents(file("said.csv")));
-            return recorded.split('\n')
-                + w.log().remove(QRegularExpression("[a-z]+-said.xui")).split('\n');
-        };
-        const QStringList english = run("en");
-        for (const char *fault :
-             {"the pitch is not a number", "four numbers are needed", "was removed or renamed"})
-            QVERIFY2(!english.filter(fault).isEmpty(), fault);
-        QCOMPARE(run("ja"), english);
-        QCOMPARE(run("de"), english);
     }
 
     //! Tape, legend, time span and panels leave the plot half of a small window.

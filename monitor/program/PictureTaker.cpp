@@ -2,6 +2,7 @@
 #include "monitor/program/PictureTaker.h"
 
 #include "monitor/core/Clock.h"
+#include "monitor/core/EnglishTexts.h"
 #include "monitor/session/Session.h"
 #include "monitor/window/DisplayTabs.h"
 #include "monitor/window/MonitorWindow.h"
@@ -52,6 +53,7 @@ void PictureTaker::check()
     const double now = m_session.clock().seconds();
     if (!isDue()) {
         const double silentSince = std::max(m_session.lastArrival(), m_startedAt);
+        const EnglishTexts english; // of what the terminal shows
         if (now - silentSince > patience)
             finish(ExitSourceLost,
                    tr("%1: no data for %2 s. %3")
@@ -83,9 +85,11 @@ void PictureTaker::take()
 
 void PictureTaker::giveUp()
 {
+    const EnglishTexts english; // of what the terminal shows
     const Source &source = m_session.source();
     if (source.state() == Source::State::Failed)
-        finish(ExitSourceLost, QStringLiteral("%1. %2").arg(source.stateText(), source.remedy()));
+        finish(ExitSourceLost,
+               QStringLiteral("%1. %2").arg(source.loggedStateText(), source.remedy()));
     else
         finish(ExitBadData,
                tr("%1: there is nothing to draw in its last reading; choose another display with "

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/program/WindowRun.h"
 
+#include "monitor/core/EnglishTexts.h"
 #include "monitor/core/LoopWatch.h"
 #include "monitor/input/SpotFile.h"
 #include "monitor/program/CompressionWait.h"
@@ -109,6 +110,19 @@ void WindowRun::chooseOptions()
         m_source = settings.list(QStringLiteral("recent")).value(0, m_source);
 }
 
+//! Makes the first source. Returns null, and says why, if the command line does not name one.
+std::unique_ptr<Source> WindowRun::makeSource(const FileSource::Options &file)
+{
+    if (m_source.isEmpty())
+        return std::make_unique<NoSource>(m_clock);
+    const EnglishTexts english; // of what the terminal shows
+    SourceFactory factory(m_clock, file);
+    std::unique_ptr<Source> source = factory.make(m_source);
+    if (!source)
+        leave(ExitUsage, factory.errorString());
+    return source;
+}
+
 bool WindowRun::openSession()
 {
     chooseOptions();
@@ -123,13 +137,9 @@ bool WindowRun::openSession()
         file.import = *import;
         m_importNote = importNote(file.import);
     }
-    SourceFactory factory(m_clock, file);
-    std::unique_ptr<Source> source =
-        m_source.isEmpty() ? std::make_unique<NoSource>(m_clock) : factory.make(m_source);
-    if (!source) {
-        leave(ExitUsage, factory.errorString());
+    std::unique_ptr<Source> source = makeSource(file);
+    if (!source)
         return false;
-    }
     const bool endless = m_options.file.loop || !qobject_cast<FileSource *>(source.get());
     m_session = std::make_unique<Session>(m_clock, std::move(source));
     m_session->setDetector(detectorOfSource());
@@ -166,6 +176,7 @@ bool WindowRun::openBeside()
         const std::optional<ImportOptions> import = importBeside(source.address);
         if (!import)
             return false; // the person does not want to open it
+        const EnglishTexts english; // of what the terminal and the log show
         QString error;
         std::unique_ptr<Source> made = sourceBeside(*m_session, source.address, *import, &error);
         if (made) {
@@ -189,6 +200,7 @@ bool WindowRun::openBeside()
 //! Opens what the results are published under, before the sources. Returns false if that fails.
 bool WindowRun::openPublications()
 {
+    const EnglishTexts english; // of what the terminal shows
     QString error;
     m_publications = Monitor::openPublications(m_commandLine.published, &error);
     if (!error.isEmpty())
@@ -241,6 +253,7 @@ bool WindowRun::openRecording()
         options.continues = m_formerRuns->wasRecordingTo(options.path);
     else if (m_formerRuns)
         options = m_formerRuns->interrupted(m_session->source()).value_or(options);
+    const EnglishTexts english; // of what the terminal and the log show
     QString error;
     if (options.path.isEmpty() || m_session->startRecording(options, &error))
         return true;
@@ -272,6 +285,7 @@ Corvale_Qt::DetectorLayout WindowRun::detectorOfSource()
 //! Reads the planned spots. Returns false if there is a list that cannot be used.
 bool WindowRun::openPlan()
 {
+    const EnglishTexts english; // of what the terminal shows
     SpotPlan plan;
     QString error;
     if (!m_commandLine.planned.isEmpty())

@@ -48,6 +48,7 @@ private:
     bool isPicture() const { return m_commandLine.task == CommandLine::Task::Screenshot; }
     void chooseOptions();
     bool openDressed();
+    std::unique_ptr<Source> makeSource(const FileSource::Options &file);
     bool openSession();
     bool openPlan();
     bool openRecording();

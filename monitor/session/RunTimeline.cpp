@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/session/RunTimeline.h"
 
+#include "monitor/core/NumberText.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -14,6 +16,14 @@ namespace {
 
 //! Seconds that two parts are apart at least.
 constexpr double shortestPause = 1e-3;
+
+//! Returns a time for a person, to the millisecond.
+QString timeText(double seconds)
+{
+    constexpr double milli = 1e3;
+    constexpr int digits = 12;
+    return numberText(std::round(seconds * milli) / milli, digits);
+}
 
 } // namespace
 
@@ -58,13 +68,11 @@ std::optional<QString> RunTimeline::takeBegunPart(const ReadingBlock &readings, 
     const double begin = readings.time(0) + m_offset;
     if (m_header.kind == StreamKind::Channels)
         m_separatedAt = 0.5 * (before + begin);
-    return QCoreApplication::translate(
-               "Monitor::RunTimeline",
-               "WARNING the instrument's clock started over: part %1 begins; its "
-               "%2 s are shown as %3 s, and what came before is kept")
-        .arg(++m_parts)
-        .arg(readings.time(0), 0, 'g', 10)
-        .arg(begin, 0, 'g', 10);
+    return QCoreApplication::translate("Monitor::RunTimeline",
+                                       "WARNING the instrument's clock started over: part %1 "
+                                       "begins. Its time %2 s is shown "
+                                       "as %3 s, and what came before is kept")
+        .arg(QString::number(++m_parts), timeText(readings.time(0)), timeText(begin));
 }
 
 const ReadingBlock &RunTimeline::place(const ReadingBlock &readings, double now)

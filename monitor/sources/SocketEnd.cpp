@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/sources/SocketEnd.h"
 
+#include "monitor/core/Text.h"
+
 #include <QTcpSocket>
 
 #include <fcntl.h>
@@ -20,6 +22,12 @@ void SocketEnd::watch(const QTcpSocket &socket)
 {
     end();
     m_descriptor = ::fcntl(int(socket.socketDescriptor()), F_DUPFD_CLOEXEC, 0);
+}
+
+QString SocketEnd::text(bool wasReset)
+{
+    return wasReset ? Text::tr("the other side reset the connection instead of closing it")
+                    : Text::tr("the other side closed the connection");
 }
 
 //! A connection that the other side has closed waits for this side to close it too; one that was reset is gone at once.

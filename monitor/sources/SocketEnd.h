@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include <QString>
+
 class QTcpSocket;
 
 namespace Monitor {
@@ -19,6 +21,8 @@ public:
     void watch(const QTcpSocket &socket);
     //! Returns whether the other side has reset the connection; false where the system does not tell.
     bool wasReset() const;
+    //! Returns how the other side has ended a connection, in the language in which texts are made at present.
+    static QString text(bool wasReset);
     //! Lets the connection go; call it wherever the socket is closed.
     void end();
 

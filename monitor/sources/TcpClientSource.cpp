@@ -102,10 +102,7 @@ void TcpClientSource::socketFailed()
     const bool endedByPeer = m_socket.error() == QAbstractSocket::RemoteHostClosedError;
     const LoggedText why = LoggedText::ofSystem(m_socket.errorString());
     const LoggedText came = LoggedText::of([&] {
-        if (!endedByPeer)
-            return why.now();
-        return wasReset ? tr("reset by the other side, which did not close the connection")
-                        : tr("closed by the other side");
+        return endedByPeer ? SocketEnd::text(wasReset) : why.now();
     });
     m_end.end();
     m_up = false;

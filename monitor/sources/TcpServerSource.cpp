@@ -137,10 +137,8 @@ void TcpServerSource::peerGone()
     const LoggedText why = LoggedText::ofSystem(m_peer->errorString());
     dropPeer();
     const LoggedText text = LoggedText::of([&] {
-        QString how = tr("the connection broke (%1)").arg(why.now());
-        if (endedByPeer)
-            how = wasReset ? tr("the peer reset the connection instead of closing it")
-                           : tr("the peer closed the connection");
+        const QString how = endedByPeer ? SocketEnd::text(wasReset)
+                                        : tr("the connection broke (%1)").arg(why.now());
         return QStringLiteral("%1: %2").arg(description(), how);
     });
     takeLast(rest, [this, text, inOrder = endedByPeer && !wasReset] {
@@ -154,7 +152,9 @@ void TcpServerSource::replacePeer()
     const QByteArray rest = m_peer->readAll();
     dropPeer();
     takeLast(rest, [this] {
-        Q_EMIT noted(QStringLiteral("%1: a new peer replaces the old one").arg(description()));
+        Q_EMIT noted(QStringLiteral(
+                         "%1: another program has connected and takes the place of the one before")
+                         .arg(description()));
         peerArrived();
     });
 }

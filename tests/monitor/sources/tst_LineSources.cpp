@@ -449,7 +449,7 @@ private Q_SLOTS:
         QTRY_COMPARE(server.log.times.size(), 2);
         reset(&sender);
         QTRY_COMPARE(server.source.state(), Source::State::Connecting);
-        QVERIFY2(server.source.stateText().contains("the peer reset the connection"),
+        QVERIFY2(server.source.stateText().contains("the other side reset the connection"),
                  qPrintable(server.source.stateText()));
 
         Instrument instrument;
@@ -461,7 +461,7 @@ private Q_SLOTS:
         QTRY_COMPARE(client.source.counts().lines, qint64(2));
         reset(instrument.peer);
         QTRY_COMPARE(client.source.state(), Source::State::Failed);
-        QVERIFY2(client.source.stateText().contains("reset by the other side"),
+        QVERIFY2(client.source.stateText().contains("the other side reset the connection"),
                  qPrintable(client.source.stateText()));
         QCOMPARE(client.log.times.size(), 2);
     }
@@ -477,7 +477,7 @@ private Q_SLOTS:
         // Nothing is wrong: the port is open for the next one.
         QTRY_COMPARE(server.source.state(), Source::State::Connecting);
         QVERIFY2(server.source.stateText().endsWith(
-                     ": the peer closed the connection; waiting for the next one"),
+                     ": the other side closed the connection; waiting for the next one"),
                  qPrintable(server.source.stateText()));
         QVERIFY(server.connectPeer(second, "2,3\n3,4\n"));
         QTRY_COMPARE(server.log.text(), QString("start channels ch1 | 0: 1 | 1: 2 | 2: 3 | 3: 4"));

@@ -37,6 +37,19 @@ QString droppedText(RefusedLine::What what)
     return Text::tr("line %1 dropped, %2: \"%3\"");
 }
 
+QString phraseOf(RefusedLine::What what)
+{
+    switch (what) {
+    case RefusedLine::What::Image:
+        return Text::tr("image %1, %2: \"%3\"");
+    case RefusedLine::What::Reading:
+        return Text::tr("reading %1, %2: \"%3\"");
+    case RefusedLine::What::Line:
+        break;
+    }
+    return Text::tr("line %1, %2: \"%3\"");
+}
+
 QString whyText(const RefusedLine &line)
 {
     if (line.reason.isEmpty())
@@ -52,6 +65,11 @@ QString whyText(const RefusedLine &line)
 QString RefusedLine::text() const
 {
     return droppedText(what).arg(number).arg(whyText(*this), QString::fromLatin1(excerpt));
+}
+
+QString RefusedLine::phrase() const
+{
+    return phraseOf(what).arg(number).arg(whyText(*this), QString::fromLatin1(excerpt));
 }
 
 } // namespace Monitor

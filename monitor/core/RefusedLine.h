@@ -40,8 +40,10 @@ struct RefusedLine
     //!< reading its time
     LoggedText reason; //!< what is wrong with the line, if more is known than its refusal
 
-    //! Returns one line for a person, in the language in which texts are made at present.
+    //! Returns that it was dropped, and why, in one line and in the language in which texts are made at present.
     QString text() const;
+    //! Returns the same as a part of a sentence: "line 3, not readable: "1,x"".
+    QString phrase() const;
 };
 
 } // namespace Monitor

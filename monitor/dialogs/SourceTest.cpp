@@ -76,7 +76,7 @@ void SourceTest::start(const QString &text, const FileSource::Options &options)
     connect(m_source.get(), &Source::stateChanged, this, &SourceTest::takeState);
     connect(m_source.get(), &Source::lineRefused, this, [this](const RefusedLine &line) {
         if (m_refused.isEmpty())
-            m_refused = line.text();
+            m_refused = line.phrase();
     });
     m_startedAt = m_clock.seconds();
     m_source->start();

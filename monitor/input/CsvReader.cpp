@@ -76,7 +76,9 @@ bool CsvReader::read(int bytes)
         return passDamage();
     m_failed = piece.hasFailed || (m_frames && m_frames->isDamaged());
     if (m_failed && m_frames && m_frames->isDamaged())
-        m_error = Text::tr("the compressed file is damaged; --check says what is lost");
+        m_error =
+            Text::tr("the compressed file is damaged; --check says what is lost, and --repair "
+                     "saves what can be read");
     const bool isOver = piece.text.isEmpty() || piece.isLast || m_failed;
     m_spare = std::move(piece);
     if (isOver)

@@ -27,6 +27,14 @@ QStringList cleanList(const QString &value)
 
 } // namespace
 
+//! Keeps what \a make returns as what is wrong with a line.
+template<typename Make>
+Metadata::Line Metadata::wrong(Make make)
+{
+    m_fault = LoggedText::of(make);
+    return Line::Unreadable;
+}
+
 Metadata::Line Metadata::take(std::string_view line)
 {
     const QString text = QString::fromUtf8(line.data(), int(line.size())).trimmed();
@@ -37,8 +45,11 @@ Metadata::Line Metadata::take(std::string_view line)
     if (word == QLatin1String("#corvale")) {
         *this = Metadata();
         m_version = value == QLatin1String("2") ? versionWithFrames : 1;
-        const bool known = m_version > 1 || value == QLatin1String("1");
-        return known ? Line::Stream : Line::Unreadable;
+        if (m_version > 1 || value == QLatin1String("1"))
+            return Line::Stream;
+        return wrong([] {
+            return Text::tr("#corvale: only the versions 1 and 2 are known");
+        });
     }
     if (word == QLatin1String("#channels"))
         return takeChannels(value);
@@ -72,11 +83,10 @@ Metadata::Line Metadata::takeDetector(const QString &text)
     case DetectorLines::Line::Taken:
         return Line::Changed;
     case DetectorLines::Line::Wrong:
-        m_fault = LoggedText::of([&] {
+        return wrong([&] {
             m_detector.take(text); // which changes nothing but the words of its fault
             return cleanText(m_detector.fault().message(), maxTextLength);
         });
-        return Line::Unreadable;
     case DetectorLines::Line::Other:
         break;
     }
@@ -90,7 +100,10 @@ Metadata::Line Metadata::takeChannels(const QString &value)
         return name.isEmpty();
     });
     if (!named || names.size() > StreamHeader::maxChannels)
-        return Line::Unreadable;
+        return wrong([] {
+            return Text::tr("#channels: 1 to %1 names are needed, with commas between them")
+                .arg(StreamHeader::maxChannels);
+        });
     m_names = names;
     return Line::Changed;
 }
@@ -102,7 +115,9 @@ Metadata::Line Metadata::takeLayout(const QString &value)
     const bool matrix = word == QLatin1String("matrix");
     const StreamKind kind = matrix ? StreamKind::Pixels : kindFromName(word, &known);
     if (!known && !matrix)
-        return Line::Unreadable;
+        return wrong([] {
+            return Text::tr("#layout: it should be channels, strips, pixels, matrix or spots");
+        });
     if (word != value && takeDetector(QLatin1String("#layout ") + value) != Line::Changed)
         return Line::Unreadable;
     m_kind = kind;
@@ -119,7 +134,9 @@ Metadata::Line Metadata::takeRange(const QString &value)
     const bool readable =
         limits.size() == 2 && parseNumber(limits[0], &low) && parseNumber(limits[1], &high);
     if (!readable || !(low < high))
-        return Line::Unreadable;
+        return wrong([] {
+            return Text::tr("#range: two numbers are needed, the lower one first");
+        });
     m_rangeLow = low;
     m_rangeHigh = high;
     return Line::Changed;
@@ -136,25 +153,21 @@ Metadata::Line Metadata::takeLimits(const QString &value)
     const QString numbers = value.mid(space + 1);
     QString fault;
     const auto limits = limitsFromText(numbers, &fault);
-    const bool isNew = !m_limits.contains(name);
     if (space < 1 || name.isEmpty())
-        m_fault = LoggedText::of([] {
+        return wrong([] {
             return Text::tr("#limits: the name of a channel and four numbers are needed");
         });
-    else if (!limits)
-        m_fault = LoggedText::of([&] {
+    if (!limits)
+        return wrong([&] {
             limitsFromText(numbers, &fault);
             return QLatin1String("#limits: ") + fault;
         });
-    else if (isNew && m_limits.size() >= StreamHeader::maxChannels)
-        m_fault = LoggedText::of([] {
+    if (!m_limits.contains(name) && m_limits.size() >= StreamHeader::maxChannels)
+        return wrong([] {
             return Text::tr("#limits: there are more names than channels");
         });
-    else {
-        m_limits.insert(name, *limits);
-        return Line::Changed;
-    }
-    return Line::Unreadable;
+    m_limits.insert(name, *limits);
+    return Line::Changed;
 }
 
 //! Gives the channels their limits, and says which channel there is not.
@@ -174,7 +187,9 @@ Metadata::Line Metadata::takeStartTime(const QString &value)
     // ISO 8601 has four digits for the year.
     constexpr int firstYear = 1, lastYear = 9999;
     if (!time.isValid() || time.date().year() < firstYear || time.date().year() > lastYear)
-        return Line::Unreadable;
+        return wrong([] {
+            return Text::tr("#t0: a date and a time are needed, like 2026-03-01T12:00:00Z");
+        });
     m_startTime = time;
     m_startUncertainty = 0.0;
     return Line::Changed;
@@ -190,7 +205,9 @@ Metadata::Line Metadata::takeStartUncertainty(const QString &value)
     const bool readable = fields.size() == 2 && fields[1] == "s" && parseNumber(fields[0], &seconds)
         && seconds > 0.0 && std::isfinite(seconds);
     if (!readable)
-        return Line::Unreadable;
+        return wrong([] {
+            return Text::tr("#t0-uncertainty: a time above 0 is needed, like 0.02 s");
+        });
     m_startUncertainty = seconds;
     return Line::Changed;
 }

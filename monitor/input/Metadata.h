@@ -32,7 +32,7 @@ public:
 
     //! Returns the text of the last Line::Event.
     const QString &event() const { return m_event; }
-    //! Returns what was wrong with the last Line::Unreadable; empty if its value alone tells.
+    //! Returns what was wrong with the last Line::Unreadable.
     const LoggedText &fault() const { return m_fault; }
     /*! Returns the header for a table of these channels, completed by what was declared: names, units, kind, start
         time and range, and the detector. \a kind holds if none was declared. */
@@ -54,6 +54,8 @@ public:
     StreamKind kind() const { return m_kind; }
 
 private:
+    template<typename Make>
+    Line wrong(Make make);
     Line takeChannels(const QString &value);
     Line takeLayout(const QString &value);
     Line takeDetector(const QString &text);

@@ -28,7 +28,7 @@ public:
     void eventNoted(const QString &) override { }
     void lineRefused(const RefusedLine &line) override
     {
-        refused = refused.isEmpty() ? line.text() : refused;
+        refused = refused.isEmpty() ? line.phrase() : refused;
     }
 
     SpotRows spots;

@@ -49,7 +49,7 @@ public:
     void lineRefused(const RefusedLine &line) override
     {
         if (m_preview->refused++ == 0)
-            m_preview->firstRefused = line.text();
+            m_preview->firstRefused = line.phrase();
     }
 
 private:

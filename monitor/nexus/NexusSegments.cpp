@@ -36,7 +36,7 @@ public:
     {
         const EnglishTexts english; // of what the log says
         if (refused.isEmpty())
-            refused = line.text();
+            refused = line.phrase();
     }
 
     QString refused; //!< the first line that cannot be read
@@ -143,7 +143,8 @@ bool writeSegment(const QString &text, const QString &draft, const GoesOn &goesO
     else if (reader.hasFailed())
         *why = reader.errorString();
     else if (!sink.refused.isEmpty())
-        *why = Text::tr("a line of it cannot be read, and would be lost: %1").arg(sink.refused);
+        *why =
+            Text::tr("it has a line that cannot be read and would be lost: %1").arg(sink.refused);
     return isWritten && sink.refused.isEmpty();
 }
 

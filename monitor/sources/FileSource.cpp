@@ -60,7 +60,7 @@ QString FileSource::emptyReason() const
                          "decimal points, or --import must say how it is written",
                          nullptr,
                          counts.bad())
-        .arg(m_firstRefused.text());
+        .arg(m_firstRefused.phrase());
 }
 
 LineCounts FileSource::counts() const

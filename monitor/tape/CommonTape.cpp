@@ -77,7 +77,9 @@ double CommonTape::indexProgress() const
 
 QString CommonTape::indexError() const
 {
-    return m_isPlaced && m_tracks.empty() ? tr("none of the recordings can be read") : QString();
+    return m_isPlaced && m_tracks.empty()
+        ? tr("none of the recordings can be read; open them one by one to see why")
+        : QString();
 }
 
 //! Marks all sources as held back, or as free again.

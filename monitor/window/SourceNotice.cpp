@@ -45,7 +45,7 @@ void SourceNotice::beginWait()
 void SourceNotice::noteRefused(const RefusedLine &line)
 {
     if (m_firstRefused.isEmpty())
-        m_firstRefused = line.text();
+        m_firstRefused = line.phrase();
 }
 
 void SourceNotice::refreshIfDue()

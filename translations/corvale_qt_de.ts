@@ -421,7 +421,7 @@
     <message numerus="yes">
         <source>%n name(s)</source>
         <translation>
-            <numerusform>%n Namen</numerusform>
+            <numerusform>%n Name</numerusform>
             <numerusform>%n Namen</numerusform>
         </translation>
     </message>
@@ -849,7 +849,7 @@
     </message>
     <message>
         <source>clear</source>
-        <translation>leeren</translation>
+        <translation>Leeren</translation>
     </message>
 </context>
 <context>
@@ -1345,7 +1345,7 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation>Anzahl</translation>
+        <translation>Zahlenwert</translation>
     </message>
     <message>
         <source>Not on a logarithmic axis, 0 or negative: %1</source>
@@ -1413,6 +1413,10 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
     <message>
         <source>Not drawn: %1 (another unit; one is shown)</source>
         <translation>Nicht gezeichnet: %1 (andere Einheit; eine wird gezeigt)</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
     </message>
 </context>
 <context>
@@ -1969,8 +1973,8 @@ Wird ein Fenster geschlossen, kommt seine Seite zurück.</translation>
         <translation>ein Spot: %1</translation>
     </message>
     <message>
-        <source>one spot below the target: −%1</source>
-        <translation>ein Spot unter dem Soll: −%1</translation>
+        <source>one spot below the target: -%1</source>
+        <translation>ein Spot unter dem Soll: -%1</translation>
     </message>
     <message>
         <source>above: +%1</source>
@@ -2036,15 +2040,15 @@ Sigma %5</translation>
     </message>
     <message>
         <source>x(mm):</source>
-        <translation>x(mm):</translation>
+        <translation>x (mm):</translation>
     </message>
     <message>
         <source>y(mm):</source>
-        <translation>y(mm):</translation>
+        <translation>y (mm):</translation>
     </message>
     <message>
         <source>dose(Gp):</source>
-        <translation>Dosis(Gp):</translation>
+        <translation>Dosis (Gp):</translation>
     </message>
     <message>
         <source>The spots</source>
@@ -2084,7 +2088,7 @@ Sigma %5</translation>
     </message>
     <message>
         <source>dose(%1):</source>
-        <translation>Dosis(%1):</translation>
+        <translation>Dosis (%1):</translation>
     </message>
 </context>
 <context>

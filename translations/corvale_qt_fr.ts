@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>all other cells read 0: hot, or a beam narrower than a cell</source>
-        <translation>toutes les autres cellules lisent 0 : chaude, ou un faisceau plus étroit qu&apos;une cellule</translation>
+        <translation>toutes les autres cellules lisent 0&#xa0;: chaude, ou un faisceau plus étroit qu&apos;une cellule</translation>
     </message>
     <message>
         <source>%1, then %2</source>
@@ -1345,7 +1345,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation>Nombre</translation>
+        <translation>Valeur</translation>
     </message>
     <message>
         <source>Not on a logarithmic axis, 0 or negative: %1</source>
@@ -1396,7 +1396,7 @@ Fermer une fenêtre remet sa page en place.</translation>
     </message>
     <message>
         <source>not known: older readings are kept in blocks</source>
-        <translation>inconnu : les mesures anciennes sont conservées par blocs</translation>
+        <translation>inconnu&#xa0;: les mesures anciennes sont conservées par blocs</translation>
     </message>
     <message>
         <source>From</source>
@@ -1413,6 +1413,10 @@ Fermer une fenêtre remet sa page en place.</translation>
     <message>
         <source>Not drawn: %1 (another unit; one is shown)</source>
         <translation>Non tracé&#xa0;: %1 (autre unité&#xa0;; une seule est affichée)</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Canal</translation>
     </message>
 </context>
 <context>
@@ -1969,8 +1973,8 @@ Fermer une fenêtre remet sa page en place.</translation>
         <translation>un spot&#xa0;: %1</translation>
     </message>
     <message>
-        <source>one spot below the target: −%1</source>
-        <translation>un spot sous la cible&#xa0;: −%1</translation>
+        <source>one spot below the target: -%1</source>
+        <translation>un spot sous la cible&#xa0;: -%1</translation>
     </message>
     <message>
         <source>above: +%1</source>
@@ -2036,15 +2040,15 @@ Sigma %5</translation>
     </message>
     <message>
         <source>x(mm):</source>
-        <translation>x(mm)&#xa0;:</translation>
+        <translation>x (mm)&#xa0;:</translation>
     </message>
     <message>
         <source>y(mm):</source>
-        <translation>y(mm)&#xa0;:</translation>
+        <translation>y (mm)&#xa0;:</translation>
     </message>
     <message>
         <source>dose(Gp):</source>
-        <translation>dose(Gp)&#xa0;:</translation>
+        <translation>dose (Gp)&#xa0;:</translation>
     </message>
     <message>
         <source>The spots</source>
@@ -2084,7 +2088,7 @@ Sigma %5</translation>
     </message>
     <message>
         <source>dose(%1):</source>
-        <translation>dose(%1)&#xa0;:</translation>
+        <translation>dose (%1)&#xa0;:</translation>
     </message>
 </context>
 <context>

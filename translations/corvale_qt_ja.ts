@@ -1327,7 +1327,7 @@ Close a window to put its page back.</source>
     </message>
     <message>
         <source>Number</source>
-        <translation>個数</translation>
+        <translation>数値</translation>
     </message>
     <message>
         <source>Not on a logarithmic axis, 0 or negative: %1</source>
@@ -1394,6 +1394,10 @@ Close a window to put its page back.</source>
     <message>
         <source>Not drawn: %1 (another unit; one is shown)</source>
         <translation>描画なし: %1 (別の単位; 表示は 1 つ)</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>チャンネル</translation>
     </message>
 </context>
 <context>
@@ -1950,8 +1954,8 @@ Close a window to put its page back.</source>
         <translation>スポット 1 個: %1</translation>
     </message>
     <message>
-        <source>one spot below the target: −%1</source>
-        <translation>スポット 1 個、目標より下: −%1</translation>
+        <source>one spot below the target: -%1</source>
+        <translation>スポット 1 個、目標より下: -%1</translation>
     </message>
     <message>
         <source>above: +%1</source>
@@ -2017,15 +2021,15 @@ Y %3
     </message>
     <message>
         <source>x(mm):</source>
-        <translation>x(mm):</translation>
+        <translation>x (mm):</translation>
     </message>
     <message>
         <source>y(mm):</source>
-        <translation>y(mm):</translation>
+        <translation>y (mm):</translation>
     </message>
     <message>
         <source>dose(Gp):</source>
-        <translation>線量(Gp):</translation>
+        <translation>線量 (Gp):</translation>
     </message>
     <message>
         <source>The spots</source>
@@ -2065,7 +2069,7 @@ Y %3
     </message>
     <message>
         <source>dose(%1):</source>
-        <translation>線量(%1):</translation>
+        <translation>線量 (%1):</translation>
     </message>
 </context>
 <context>

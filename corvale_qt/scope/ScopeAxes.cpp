@@ -6,6 +6,7 @@
 #include "corvale_qt/scope/ChannelNameDraw.h"
 #include "corvale_qt/scope/ChannelNumberDraw.h"
 #include "corvale_qt/scope/ChannelUnits_p.h"
+#include "corvale_qt/scope/RVXScopePlotView.h"
 #include "corvale_qt/scope/ScopeAxes_p.h"
 
 #include <qwt_plot.h>
@@ -310,7 +311,7 @@ void ScopeAxes::prepareChannelAxis(int channels)
         m_plot->setAxisMaxMinor(axis, 0);
         m_plot->setAxisScale(axis, 0.5, std::max(channels, 1) + 0.5);
     }
-    setXTitle(QStringLiteral("Channel"));
+    setXTitle(RVXScopePlotView::tr("Channel"));
 }
 
 void ScopeAxes::showChannelNames(const QStringList &names)

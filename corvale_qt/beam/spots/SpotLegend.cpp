@@ -69,7 +69,7 @@ SpotLegend::Scale SpotLegend::differences(const QColor &below, double opacity) c
 {
     const QString most = withUnit(brightestDifference * double(m_view.doseScale()));
     return {
-        tr("one spot below the target: \u2212%1").arg(most),
+        tr("one spot below the target: -%1").arg(most),
         tr("above: +%1").arg(most),
         {{0.0, sum(below, Qt::red, opacity)}, {0.5, below}, {1.0, sum(below, Qt::blue, opacity)}}};
 }

@@ -5,7 +5,7 @@
     <name>EpicsText</name>
     <message>
         <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
-        <translation>die Client-Bibliothek für Channel Access (libca) wurde nicht gefunden; installieren Sie das Paket libca4.13.5, oder setzen Sie EPICS_BASE auf den Ordner einer Installation</translation>
+        <translation>die Client-Bibliothek für Channel Access (libca) wurde nicht gefunden; das Paket libca4.13.5 installieren oder EPICS_BASE auf den Ordner einer Installation setzen</translation>
     </message>
     <message>
         <source>&quot;%1&quot; should be ca:NAME or ca:NAME,NAME with names of process variables</source>
@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Check the names, that the server runs, and EPICS_CA_ADDR_LIST if it is on another network; caget NAME shows whether this machine reaches it.</source>
-        <translation>Prüfen Sie die Namen, ob der Server läuft, und EPICS_CA_ADDR_LIST, wenn er in einem anderen Netz ist; caget NAME zeigt, ob dieser Rechner ihn erreicht.</translation>
+        <translation>Prüfen, ob die Namen stimmen und ob der Server läuft, und EPICS_CA_ADDR_LIST, wenn er in einem anderen Netz ist; caget NAME zeigt, ob dieser Rechner ihn erreicht.</translation>
     </message>
     <message>
         <source>the Channel Access client library does not start</source>
@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>%1: waveforms and single values cannot be read together, and no more than two waveforms; read the others in a window of their own</source>
-        <translation>%1: Kurvenformen und Einzelwerte können nicht zusammen gelesen werden, und höchstens zwei Kurvenformen; lesen Sie die anderen in einem eigenen Fenster</translation>
+        <translation>%1: Wellenformen und Einzelwerte können nicht zusammen gelesen werden, und höchstens zwei Wellenformen; die anderen in einem eigenen Fenster lesen</translation>
     </message>
     <message>
         <source>searching for %1</source>
@@ -146,12 +146,12 @@
 <context>
     <name>Monitor::CommonTape</name>
     <message>
-        <source>none of the recordings can be read</source>
-        <translation>keine der Aufzeichnungen kann gelesen werden</translation>
+        <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
+        <translation>%1 kann nicht zusammen mit anderen abgespielt werden: %2. Allein geöffnet zeigt die Datei, was davon lesbar ist</translation>
     </message>
     <message>
-        <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
-        <translation>%1 kann nicht zusammen mit anderen abgespielt werden: %2. Öffnen Sie die Datei allein, um zu sehen, was davon lesbar ist</translation>
+        <source>none of the recordings can be read; open them one by one to see why</source>
+        <translation>keine der Aufzeichnungen ist lesbar; einzeln geöffnet zeigen sie, warum</translation>
     </message>
 </context>
 <context>
@@ -184,7 +184,7 @@
     <name>Monitor::Companions</name>
     <message>
         <source>%1 is a source; record to another file</source>
-        <translation>%1 ist eine Quelle; zeichnen Sie in eine andere Datei auf</translation>
+        <translation>%1 ist eine Quelle; in eine andere Datei aufzeichnen</translation>
     </message>
 </context>
 <context>
@@ -923,6 +923,17 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
 </context>
 <context>
+    <name>Monitor::LeftOutNotice</name>
+    <message>
+        <source>the detector is not used: %1; correct its description, or choose another one in File &gt; Settings...</source>
+        <translation>der Detektor wird nicht verwendet: %1; seine Beschreibung berichtigen oder in Datei &gt; Einstellungen... einen anderen wählen</translation>
+    </message>
+    <message>
+        <source>not all limits of the stream are used: %1; Measure &gt; Limits sets them here</source>
+        <translation>nicht alle Grenzwerte des Datenstroms werden verwendet: %1; Messen &gt; Grenzwerte stellt sie hier ein</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::LimitActions</name>
     <message>
         <source>&amp;Acknowledge alarms</source>
@@ -1172,22 +1183,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>%1 wird komprimiert, %2 %</translation>
     </message>
     <message>
-        <source>ALARM: %1 above %2</source>
-        <translation>ALARM: %1 über %2</translation>
-    </message>
-    <message>
-        <source>ALARM: %1 below %2</source>
-        <translation>ALARM: %1 unter %2</translation>
-    </message>
-    <message>
-        <source>WARNING: %1 above %2</source>
-        <translation>WARNUNG: %1 über %2</translation>
-    </message>
-    <message>
-        <source>WARNING: %1 below %2</source>
-        <translation>WARNUNG: %1 unter %2</translation>
-    </message>
-    <message>
         <source>%1: %2, %3</source>
         <translation>%1: %2, %3</translation>
     </message>
@@ -1197,7 +1192,7 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     </message>
     <message>
         <source>the recording has a gap here: the values shown are from before it</source>
-        <translation>die Aufnahme hat hier eine Lücke: die gezeigten Werte sind von davor</translation>
+        <translation>die Aufzeichnung hat hier eine Lücke: Die gezeigten Werte sind von davor</translation>
     </message>
 </context>
 <context>
@@ -1384,17 +1379,6 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>Copy the picture to the clipboard (Alt+C)</source>
         <translation>Das Bild in die Zwischenablage kopieren (Alt+K)</translation>
-    </message>
-</context>
-<context>
-    <name>Monitor::PictureTaker</name>
-    <message>
-        <source>%1: no data for %2 s. %3</source>
-        <translation>%1: seit %2 s keine Daten. %3</translation>
-    </message>
-    <message>
-        <source>%1: there is nothing to draw in its last reading; choose another display with --view, or another moment with --after</source>
-        <translation>%1: im letzten Messwert gibt es nichts zu zeichnen; mit --view eine andere Anzeige oder mit --after einen anderen Zeitpunkt wählen</translation>
     </message>
 </context>
 <context>
@@ -1994,6 +1978,109 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
 </context>
 <context>
+    <name>Monitor::SystemError</name>
+    <message>
+        <source>Connection refused</source>
+        <translation>Verbindung verweigert</translation>
+    </message>
+    <message>
+        <source>Connection timed out</source>
+        <translation>Zeitüberschreitung beim Verbinden</translation>
+    </message>
+    <message>
+        <source>Host not found</source>
+        <translation>Rechner nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Network unreachable</source>
+        <translation>Netzwerk nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>Socket operation timed out</source>
+        <translation>Zeitüberschreitung der Verbindung</translation>
+    </message>
+    <message>
+        <source>Unknown error</source>
+        <translation>unbekannter Fehler</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Datei oder Ordner nicht gefunden</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>kein Platz mehr auf dem Datenträger</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>zu viele offene Dateien</translation>
+    </message>
+    <message>
+        <source>Host unreachable</source>
+        <translation>Rechner nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>Network error</source>
+        <translation>Netzwerkfehler</translation>
+    </message>
+    <message>
+        <source>The address is not available</source>
+        <translation>die Adresse ist nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>The address is protected</source>
+        <translation>die Adresse ist geschützt</translation>
+    </message>
+    <message>
+        <source>The bound address is already in use</source>
+        <translation>die Adresse wird schon benutzt</translation>
+    </message>
+    <message>
+        <source>The remote host closed the connection</source>
+        <translation>die Gegenseite hat die Verbindung geschlossen</translation>
+    </message>
+    <message>
+        <source>Device or resource busy</source>
+        <translation>das Gerät ist belegt</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>Speicherkontingent überschritten</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Ein-/Ausgabefehler</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>Gerät nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>es ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>Vorgang nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>das Dateisystem ist schreibgeschützt</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::TapeBar</name>
     <message>
         <source>Tape &amp;deck</source>
@@ -2175,14 +2262,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Prüfen, ob das Gerät eingeschaltet und erreichbar ist, ob der Port stimmt und ob das Gerät gefragt werden muss (?ask=TEXT).</translation>
     </message>
     <message>
-        <source>closed by the other side</source>
-        <translation>von der Gegenseite geschlossen</translation>
-    </message>
-    <message>
-        <source>reset by the other side, which did not close the connection</source>
-        <translation>von der Gegenseite zurückgesetzt, die die Verbindung nicht geschlossen hat</translation>
-    </message>
-    <message>
         <source>its name was not resolved in time</source>
         <translation>der Name wurde nicht rechtzeitig aufgelöst</translation>
     </message>
@@ -2225,16 +2304,8 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>Prüfen, ob kein anderes Programm auf diesem Port wartet, ob die Adresse zu diesem Rechner gehört und ob der Sender denselben Port benutzt.</translation>
     </message>
     <message>
-        <source>the peer closed the connection</source>
-        <translation>die Gegenstelle hat die Verbindung geschlossen</translation>
-    </message>
-    <message>
         <source>the connection broke (%1)</source>
         <translation>die Verbindung ist abgebrochen (%1)</translation>
-    </message>
-    <message>
-        <source>the peer reset the connection instead of closing it</source>
-        <translation>die Gegenseite hat die Verbindung zurückgesetzt, statt sie zu schließen</translation>
     </message>
 </context>
 <context>
@@ -2416,10 +2487,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>es ist keine gewöhnliche Datei</translation>
     </message>
     <message>
-        <source>the compressed file is damaged; --check says what is lost</source>
-        <translation>die komprimierte Datei ist beschädigt; --check sagt, was fehlt</translation>
-    </message>
-    <message>
         <source>%1 cannot be read: %2. Check the path and whether this user may read it</source>
         <translation>%1 kann nicht gelesen werden: %2. Pfad prüfen und ob dieser Benutzer sie lesen darf</translation>
     </message>
@@ -2509,7 +2576,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>there is no plugin for %1: install the package %2</source>
-        <translation>es gibt kein Plugin für %1: installieren Sie das Paket %2</translation>
+        <translation>es gibt kein Plugin für %1: das Paket %2 installieren</translation>
     </message>
     <message>
         <source>the plugin for %1 cannot be loaded: %2</source>
@@ -2633,7 +2700,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
-        <translation>%1 gibt es schon; wählen Sie einen anderen Namen oder erlauben Sie das Überschreiben (--overwrite)</translation>
+        <translation>%1 gibt es schon; einen anderen Namen wählen oder Überschreiben erlauben (--overwrite)</translation>
     </message>
     <message>
         <source>this user may not read it</source>
@@ -2660,10 +2727,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <translation>sie ist nicht geöffnet</translation>
     </message>
     <message>
-        <source>a line of it cannot be read, and would be lost: %1</source>
-        <translation>eine ihrer Zeilen ist nicht lesbar und ginge verloren: %1</translation>
-    </message>
-    <message>
         <source>what was written is not what was recorded</source>
         <translation>was geschrieben wurde, ist nicht, was aufgezeichnet wurde</translation>
     </message>
@@ -2685,7 +2748,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>it has more than %1 acquisitions; convert its parts one by one</source>
-        <translation>sie hat mehr als %1 Aufnahmen; wandeln Sie ihre Teile einzeln um</translation>
+        <translation>sie hat mehr als %1 Messungen; ihre Teile einzeln umwandeln</translation>
     </message>
     <message>
         <source>another program writes to %1</source>
@@ -2697,7 +2760,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
-        <translation>Die Datei dieser Quelle konnte nicht begonnen werden; das Protokoll sagt, warum. Beenden Sie die Aufzeichnung und beginnen Sie eine neue</translation>
+        <translation>die Datei dieser Quelle konnte nicht begonnen werden; das Protokoll sagt, warum. Die Aufzeichnung beenden und eine neue beginnen</translation>
     </message>
     <message>
         <source>the texts in it are damaged</source>
@@ -2705,7 +2768,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>it should begin with the name of the control system, like tango:beam/monitor/1</source>
-        <translation>es sollte mit dem beginnen, was veröffentlicht, etwa tango:beam/monitor/1</translation>
+        <translation>am Anfang sollte der Name des Kontrollsystems stehen, etwa tango:beam/monitor/1</translation>
     </message>
     <message>
         <source>%1 was built for another version of the interface</source>
@@ -2717,11 +2780,11 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>%1 is shown alone: its images have no times. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
-        <translation>%1 wird allein gezeigt: Die Bilder haben keine Zeiten. Öffnen Sie es mit Datei &gt; Öffnen... oder in einem Fenster mit einer anderen --settings-Datei</translation>
+        <translation>%1 wird allein gezeigt: Die Bilder haben keine Zeiten. Mit Datei &gt; Öffnen... öffnen oder in einem Fenster mit einer anderen --settings-Datei</translation>
     </message>
     <message>
         <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
-        <translation>%1 ist eine Aufzeichnung, und %2 ist ein Gerät: Sie werden nicht zusammen gezeigt, da ihre Messwerte zu verschiedenen Zeiten entstanden sind. Öffnen Sie eines davon in einem Fenster mit einer anderen --settings-Datei</translation>
+        <translation>%1 ist eine Aufzeichnung, und %2 ist ein Gerät: Sie werden nicht zusammen gezeigt, da ihre Messwerte zu verschiedenen Zeiten entstanden sind. Eines davon in einem Fenster mit einer anderen --settings-Datei öffnen</translation>
     </message>
     <message>
         <source>a text in it is larger than 64 MB</source>
@@ -2908,6 +2971,199 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>line %1 dropped, %2: &quot;%3&quot;</source>
         <translation>Zeile %1 verworfen, %2: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>image %1, %2: &quot;%3&quot;</source>
+        <translation>Bild %1, %2: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>reading %1, %2: &quot;%3&quot;</source>
+        <translation>Messwert %1, %2: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>line %1, %2: &quot;%3&quot;</source>
+        <translation>Zeile %1, %2: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>the compressed file is damaged; --check says what is lost, and --repair saves what can be read</source>
+        <translation>die komprimierte Datei ist beschädigt; --check sagt, was fehlt, und --repair rettet, was lesbar ist</translation>
+    </message>
+    <message>
+        <source>it should be #frame TIME ROWS COLUMNS</source>
+        <translation>richtig ist #frame ZEIT ZEILEN SPALTEN</translation>
+    </message>
+    <message>
+        <source>the time is not a number</source>
+        <translation>die Zeit ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>a frame has 1 to %1 rows and columns</source>
+        <translation>ein Bild hat 1 bis %1 Zeilen und Spalten</translation>
+    </message>
+    <message>
+        <source>only a stream that begins with #corvale 2 has frames</source>
+        <translation>nur ein Datenstrom, der mit #corvale 2 beginnt, hat Bilder</translation>
+    </message>
+    <message>
+        <source>it belongs to no frame</source>
+        <translation>sie gehört zu keinem Bild</translation>
+    </message>
+    <message>
+        <source>row %1 of a frame, which is dropped</source>
+        <translation>Zeile %1 eines Bildes, das verworfen wird</translation>
+    </message>
+    <message numerus="yes">
+        <source>the frame ends after %n row(s)</source>
+        <translation>
+            <numerusform>das Bild endet nach %n Zeile</numerusform>
+            <numerusform>das Bild endet nach %n Zeilen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 values, but the detector has %2</source>
+        <translation>%1 Werte, aber der Detektor hat %2</translation>
+    </message>
+    <message>
+        <source>#corvale: only the versions 1 and 2 are known</source>
+        <translation>#corvale: nur die Versionen 1 und 2 sind bekannt</translation>
+    </message>
+    <message>
+        <source>#channels: 1 to %1 names are needed, with commas between them</source>
+        <translation>#channels: nötig sind 1 bis %1 Namen mit Kommas dazwischen</translation>
+    </message>
+    <message>
+        <source>#layout: it should be channels, strips, pixels, matrix or spots</source>
+        <translation>#layout: richtig ist channels, strips, pixels, matrix oder spots</translation>
+    </message>
+    <message>
+        <source>#range: two numbers are needed, the lower one first</source>
+        <translation>#range: nötig sind zwei Zahlen, die kleinere zuerst</translation>
+    </message>
+    <message>
+        <source>#limits: the name of a channel and four numbers are needed</source>
+        <translation>#limits: nötig sind der Name eines Kanals und vier Zahlen</translation>
+    </message>
+    <message>
+        <source>#limits: there are more names than channels</source>
+        <translation>#limits: es sind mehr Namen als Kanäle</translation>
+    </message>
+    <message>
+        <source>the stream has no channel &quot;%1&quot;</source>
+        <translation>der Datenstrom hat keinen Kanal „%1“</translation>
+    </message>
+    <message>
+        <source>#t0: a date and a time are needed, like 2026-03-01T12:00:00Z</source>
+        <translation>#t0: nötig sind Datum und Uhrzeit, etwa 2026-03-01T12:00:00Z</translation>
+    </message>
+    <message>
+        <source>#t0-uncertainty: a time above 0 is needed, like 0.02 s</source>
+        <translation>#t0-uncertainty: nötig ist eine Zeit über 0, etwa 0.02 s</translation>
+    </message>
+    <message numerus="yes">
+        <source>the image ends after %1 of %n value(s)</source>
+        <translation>
+            <numerusform>das Bild endet nach %1 von %n Wert</numerusform>
+            <numerusform>das Bild endet nach %1 von %n Werten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the image ends in its header</source>
+        <translation>das Bild endet in seinem Kopf</translation>
+    </message>
+    <message>
+        <source>a comment follows its largest value without a blank</source>
+        <translation>auf seinen größten Wert folgt ohne Leerzeichen ein Kommentar</translation>
+    </message>
+    <message>
+        <source>it does not begin with P2 or P5, as grey images do</source>
+        <translation>es beginnt nicht mit P2 oder P5 wie Graustufenbilder</translation>
+    </message>
+    <message>
+        <source>its header has other characters than digits</source>
+        <translation>sein Kopf hat andere Zeichen als Ziffern</translation>
+    </message>
+    <message>
+        <source>its largest value must be 1 to %1</source>
+        <translation>sein größter Wert muss 1 bis %1 sein</translation>
+    </message>
+    <message>
+        <source>value %1 is not a number</source>
+        <translation>Wert %1 ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>value %1 is above %2, the largest</source>
+        <translation>Wert %1 liegt über %2, dem größten</translation>
+    </message>
+    <message>
+        <source>it has a line that cannot be read and would be lost: %1</source>
+        <translation>sie hat eine Zeile, die nicht lesbar ist und verloren ginge: %1</translation>
+    </message>
+    <message>
+        <source>no channel is computed: the stream has %1, and only independent channels can be computed with</source>
+        <translation>kein Kanal wird berechnet: Der Datenstrom hat %1, und rechnen lässt sich nur mit unabhängigen Kanälen</translation>
+    </message>
+    <message>
+        <source>no channel is computed: there would be more than %1 channels; compute fewer</source>
+        <translation>kein Kanal wird berechnet: Es wären mehr als %1 Kanäle; weniger berechnen</translation>
+    </message>
+    <message>
+        <source>no channel is computed: %1, %2</source>
+        <translation>kein Kanal wird berechnet: %1, %2</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 above %2</source>
+        <translation>ALARM: %1 über %2</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 below %2</source>
+        <translation>ALARM: %1 unter %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 above %2</source>
+        <translation>WARNUNG: %1 über %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 below %2</source>
+        <translation>WARNUNG: %1 unter %2</translation>
+    </message>
+    <message>
+        <source>strips</source>
+        <translation>Streifen</translation>
+    </message>
+    <message>
+        <source>pixels</source>
+        <translation>Pixel</translation>
+    </message>
+    <message>
+        <source>spots</source>
+        <translation>Spots</translation>
+    </message>
+    <message>
+        <source>channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message numerus="yes">
+        <source>it has %n reading(s), the stream %1</source>
+        <translation>
+            <numerusform>er hat %n Messwert, der Datenstrom %1</numerusform>
+            <numerusform>er hat %n Messwerte, der Datenstrom %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>it has %1 x %2 cells, the frames %3 x %4</source>
+        <translation>er hat %1 x %2 Zellen, die Bilder %3 x %4</translation>
+    </message>
+    <message>
+        <source>its channels have no places</source>
+        <translation>seine Kanäle haben keine Orte</translation>
+    </message>
+    <message>
+        <source>the other side reset the connection instead of closing it</source>
+        <translation>die Gegenseite hat die Verbindung zurückgesetzt, statt sie zu schließen</translation>
+    </message>
+    <message>
+        <source>the other side closed the connection</source>
+        <translation>die Gegenseite hat die Verbindung geschlossen</translation>
     </message>
 </context>
 <context>
@@ -3213,7 +3469,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>Cha&amp;rge in bad cells:</source>
-        <translation>Ladung in &amp;kranken Zellen:</translation>
+        <translation>Ladung in &amp;defekten Zellen:</translation>
     </message>
     <message>
         <source>&amp;Background:</source>
@@ -3324,13 +3580,6 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
 </context>
 <context>
-    <name>Monitor::WindowRun</name>
-    <message>
-        <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
-        <translation>%1 hat keine Daten für die Anzeige „%2“; --view scope zeigt Messwerte jeder Art</translation>
-    </message>
-</context>
-<context>
     <name>TangoText</name>
     <message>
         <source>&quot;%1&quot; should be tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, with #dbase=no at its end where HOST:PORT is a device server, not a database</source>
@@ -3374,7 +3623,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>Check the names, that the device server runs, and that the address ends with #dbase=no if its host and port are those of a device server.</source>
-        <translation>Prüfen Sie die Namen, ob der Geräteserver läuft, und ob die Adresse mit #dbase=no endet, wenn Host und Port die eines Geräteservers sind.</translation>
+        <translation>Prüfen, ob die Namen stimmen, ob der Geräteserver läuft und ob die Adresse mit #dbase=no endet, wenn Host und Port die eines Geräteservers sind.</translation>
     </message>
     <message>
         <source>%1, without %2, which has no valid value</source>
@@ -3386,7 +3635,7 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     </message>
     <message>
         <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
-        <translation>ein Fenster zeigt Skalare, oder ein oder zwei Spektren, oder ein Bild; lesen Sie die anderen in einem eigenen Fenster</translation>
+        <translation>ein Fenster zeigt Skalare, oder ein oder zwei Spektren, oder ein Bild; die anderen in einem eigenen Fenster lesen</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names the attribute %2 twice</source>

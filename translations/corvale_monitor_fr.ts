@@ -5,19 +5,19 @@
     <name>EpicsText</name>
     <message>
         <source>the Channel Access client library (libca) was not found; install the package libca4.13.5, or set EPICS_BASE to the folder of an installation</source>
-        <translation>la bibliothèque cliente Channel Access (libca) est introuvable ; installez le paquet libca4.13.5, ou donnez à EPICS_BASE le dossier d’une installation</translation>
+        <translation>la bibliothèque cliente Channel Access (libca) est introuvable&#xa0;; installez le paquet libca4.13.5, ou donnez à EPICS_BASE le dossier d&apos;une installation</translation>
     </message>
     <message>
         <source>&quot;%1&quot; should be ca:NAME or ca:NAME,NAME with names of process variables</source>
-        <translation>« %1 » devrait être ca:NOM ou ca:NOM,NOM avec des noms de variables de procédé</translation>
+        <translation>«&#xa0;%1&#xa0;» devrait être ca:NOM ou ca:NOM,NOM avec des noms de variables de procédé</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names %2 process variables; a window shows %3 at most</source>
-        <translation>« %1 » nomme %2 variables de procédé ; une fenêtre en montre %3 au plus</translation>
+        <translation>«&#xa0;%1&#xa0;» nomme %2 variables de procédé&#xa0;; une fenêtre en montre %3 au plus</translation>
     </message>
     <message>
         <source>Check the names, that the server runs, and EPICS_CA_ADDR_LIST if it is on another network; caget NAME shows whether this machine reaches it.</source>
-        <translation>Vérifiez les noms, que le serveur tourne, et EPICS_CA_ADDR_LIST s’il est sur un autre réseau ; caget NOM montre si cette machine l’atteint.</translation>
+        <translation>Vérifiez les noms, que le serveur tourne, et EPICS_CA_ADDR_LIST s&apos;il est sur un autre réseau&#xa0;; caget NOM montre si cette machine l&apos;atteint.</translation>
     </message>
     <message>
         <source>the Channel Access client library does not start</source>
@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>%1: waveforms and single values cannot be read together, and no more than two waveforms; read the others in a window of their own</source>
-        <translation>%1 : les formes d’onde et les valeurs simples ne se lisent pas ensemble, et deux formes d’onde au plus ; lisez les autres dans une fenêtre à part</translation>
+        <translation>%1&#xa0;: les formes d&apos;onde et les valeurs simples ne se lisent pas ensemble, et deux formes d&apos;onde au plus&#xa0;; lisez les autres dans une fenêtre à part</translation>
     </message>
     <message>
         <source>searching for %1</source>
@@ -41,11 +41,11 @@
     </message>
     <message>
         <source>%1 has %2 values; a window shows at most %3</source>
-        <translation>%1 a %2 valeurs ; une fenêtre en affiche au plus %3</translation>
+        <translation>%1 a %2 valeurs&#xa0;; une fenêtre en affiche au plus %3</translation>
     </message>
     <message>
         <source>%1 is not a Channel Access client library that can be used</source>
-        <translation>%1 n’est pas une bibliothèque cliente Channel Access utilisable</translation>
+        <translation>%1 n&apos;est pas une bibliothèque cliente Channel Access utilisable</translation>
     </message>
 </context>
 <context>
@@ -146,19 +146,19 @@
 <context>
     <name>Monitor::CommonTape</name>
     <message>
-        <source>none of the recordings can be read</source>
-        <translation>aucun des enregistrements ne peut être lu</translation>
+        <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
+        <translation>%1 ne peut pas être lu avec les autres&#xa0;: %2. Ouvrez-le seul pour voir ce qui peut en être lu</translation>
     </message>
     <message>
-        <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
-        <translation>%1 ne peut pas être lu avec les autres : %2. Ouvrez-le seul pour voir ce qui peut en être lu</translation>
+        <source>none of the recordings can be read; open them one by one to see why</source>
+        <translation>aucun des enregistrements n&apos;est lisible&#xa0;; ouvrez-les un par un pour savoir pourquoi</translation>
     </message>
 </context>
 <context>
     <name>Monitor::CompanionPane</name>
     <message>
         <source>The state of this source</source>
-        <translation>L’état de cette source</translation>
+        <translation>L&apos;état de cette source</translation>
     </message>
     <message>
         <source>Close %1</source>
@@ -166,7 +166,7 @@
     </message>
     <message>
         <source>Close this source; its recording ends</source>
-        <translation>Fermer cette source ; son enregistrement se termine</translation>
+        <translation>Fermer cette source&#xa0;; son enregistrement se termine</translation>
     </message>
 </context>
 <context>
@@ -184,7 +184,7 @@
     <name>Monitor::Companions</name>
     <message>
         <source>%1 is a source; record to another file</source>
-        <translation>%1 est une source ; enregistrez dans un autre fichier</translation>
+        <translation>%1 est une source&#xa0;; enregistrez dans un autre fichier</translation>
     </message>
 </context>
 <context>
@@ -210,7 +210,7 @@
     </message>
     <message>
         <source>Channels that are computed from others: sums, ratios, positions (Ctrl+K).</source>
-        <translation>Canaux calculés à partir d&apos;autres : sommes, rapports, positions (Ctrl+K).</translation>
+        <translation>Canaux calculés à partir d&apos;autres&#xa0;: sommes, rapports, positions (Ctrl+K).</translation>
     </message>
 </context>
 <context>
@@ -225,7 +225,7 @@
     </message>
     <message>
         <source>The symbol of its unit, such as nA; empty for none (Alt+U)</source>
-        <translation>Le symbole de son unité, par exemple nA ; vide s&apos;il n&apos;y en a pas (Alt+U)</translation>
+        <translation>Le symbole de son unité, par exemple nA&#xa0;; vide s&apos;il n&apos;y en a pas (Alt+U)</translation>
     </message>
     <message>
         <source>Computed channels</source>
@@ -257,15 +257,15 @@
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation>&amp;Nom :</translation>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Unit:</source>
-        <translation>&amp;Unité :</translation>
+        <translation>&amp;Unité&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Expression:</source>
-        <translation>&amp;Expression :</translation>
+        <translation>&amp;Expression&#xa0;:</translation>
     </message>
     <message>
         <source>+ - * / ^, comparisons, c ? a : b, sum, avg, min, max, sqrt, abs, exp, ln, log10 and others; a name that is not one word stands in brackets (Alt+E)</source>
@@ -281,7 +281,7 @@
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>a name or a unit cannot have the signs =, [ and ]</source>
@@ -347,19 +347,19 @@
     <name>Monitor::CrashNotice</name>
     <message>
         <source>It was recording to %1, and the recording ends there.</source>
-        <translation>Il enregistrait dans %1 ; l&apos;enregistrement s&apos;y arrête.</translation>
+        <translation>Il enregistrait dans %1&#xa0;; l&apos;enregistrement s&apos;y arrête.</translation>
     </message>
     <message>
         <source>It was recording to %1; the recording goes on in %2.</source>
-        <translation>Il enregistrait dans %1 ; l&apos;enregistrement continue dans %2.</translation>
+        <translation>Il enregistrait dans %1&#xa0;; l&apos;enregistrement continue dans %2.</translation>
     </message>
     <message>
         <source>The program crashed at %1 UTC: %2.</source>
-        <translation>Le programme a planté à %1 UTC : %2.</translation>
+        <translation>Le programme a planté à %1 UTC&#xa0;: %2.</translation>
     </message>
     <message>
         <source>The program that was started at %1 UTC did not end properly: it was killed, or the computer stopped.</source>
-        <translation>Le programme démarré à %1 UTC ne s&apos;est pas terminé normalement : il a été tué, ou l&apos;ordinateur s&apos;est arrêté.</translation>
+        <translation>Le programme démarré à %1 UTC ne s&apos;est pas terminé normalement&#xa0;: il a été tué, ou l&apos;ordinateur s&apos;est arrêté.</translation>
     </message>
     <message>
         <source>Close</source>
@@ -432,7 +432,7 @@
     </message>
     <message>
         <source>Set both markers in the chart first: switch them on (Ctrl+M), then click with the left and with the right button, or press 1 and 2.</source>
-        <translation>Placez d&apos;abord les deux marqueurs dans le graphique : activez-les (Ctrl+M), puis cliquez avec le bouton gauche et avec le bouton droit, ou appuyez sur 1 et 2.</translation>
+        <translation>Placez d&apos;abord les deux marqueurs dans le graphique&#xa0;: activez-les (Ctrl+M), puis cliquez avec le bouton gauche et avec le bouton droit, ou appuyez sur 1 et 2.</translation>
     </message>
     <message>
         <source>CSV (*.csv)</source>
@@ -725,7 +725,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Columns are separated by:</source>
-        <translation>&amp;Colonnes séparées par :</translation>
+        <translation>&amp;Colonnes séparées par&#xa0;:</translation>
     </message>
     <message>
         <source>commas, or blanks</source>
@@ -753,7 +753,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Decimal sign:</source>
-        <translation>S&amp;igne décimal :</translation>
+        <translation>S&amp;igne décimal&#xa0;:</translation>
     </message>
     <message>
         <source>point: 1.25</source>
@@ -765,7 +765,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Names of columns:</source>
-        <translation>&amp;Noms des colonnes :</translation>
+        <translation>&amp;Noms des colonnes&#xa0;:</translation>
     </message>
     <message>
         <source>in the first line, if it is not all numbers</source>
@@ -781,7 +781,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Time:</source>
-        <translation>Te&amp;mps :</translation>
+        <translation>Te&amp;mps&#xa0;:</translation>
     </message>
     <message>
         <source>Which column holds the time of a row, or that none does</source>
@@ -801,11 +801,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>Co&amp;lumn of the time:</source>
-        <translation>Colonne &amp;du temps :</translation>
+        <translation>Colonne &amp;du temps&#xa0;:</translation>
     </message>
     <message>
         <source>Time &amp;between two rows:</source>
-        <translation>Temps &amp;entre deux lignes :</translation>
+        <translation>Temps &amp;entre deux lignes&#xa0;:</translation>
     </message>
     <message>
         <source>For a table without times, like 1ms, 0.02s or 1min</source>
@@ -813,7 +813,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>Times &amp;are:</source>
-        <translation>Les &amp;temps sont :</translation>
+        <translation>Les &amp;temps sont&#xa0;:</translation>
     </message>
     <message>
         <source>numbers, in seconds or the unit of the name</source>
@@ -829,7 +829,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>&amp;Form of dates:</source>
-        <translation>&amp;Format des dates :</translation>
+        <translation>&amp;Format des dates&#xa0;:</translation>
     </message>
     <message>
         <source>Empty for ISO 8601 (2026-03-01T12:00:00.5), or like dd.MM.yyyy HH:mm:ss.zzz</source>
@@ -837,11 +837,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>Lines to &amp;skip first:</source>
-        <translation>Lignes à &amp;sauter d&apos;abord :</translation>
+        <translation>Lignes à &amp;sauter d&apos;abord&#xa0;:</translation>
     </message>
     <message>
         <source>Co&amp;mments begin with:</source>
-        <translation>&amp;Les commentaires commencent par :</translation>
+        <translation>&amp;Les commentaires commencent par&#xa0;:</translation>
     </message>
     <message>
         <source>One sign; # always begins one</source>
@@ -885,7 +885,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>The table is read again from its beginning. It has no line of names by which others of its kind are known, so the answer holds for this time.</source>
-        <translation>Le tableau est relu depuis le début. Il n&apos;a pas de ligne de noms à laquelle on reconnaîtrait d&apos;autres du même genre ; la réponse ne vaut donc que cette fois.</translation>
+        <translation>Le tableau est relu depuis le début. Il n&apos;a pas de ligne de noms à laquelle on reconnaîtrait d&apos;autres du même genre&#xa0;; la réponse ne vaut donc que cette fois.</translation>
     </message>
     <message>
         <source>The table is read again from its beginning. The answer is kept for files with the same header.</source>
@@ -919,7 +919,18 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <name>Monitor::LeadHeading</name>
     <message>
         <source>Of %1, the first source:</source>
-        <translation>Pour %1, la première source :</translation>
+        <translation>Pour %1, la première source&#xa0;:</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::LeftOutNotice</name>
+    <message>
+        <source>the detector is not used: %1; correct its description, or choose another one in File &gt; Settings...</source>
+        <translation>le détecteur n&apos;est pas utilisé&#xa0;: %1&#xa0;; corrigez sa description ou choisissez-en un autre dans Fichier &gt; Réglages...</translation>
+    </message>
+    <message>
+        <source>not all limits of the stream are used: %1; Measure &gt; Limits sets them here</source>
+        <translation>les limites du flux ne sont pas toutes utilisées&#xa0;: %1&#xa0;; Mesure &gt; Limites les règle ici</translation>
     </message>
 </context>
 <context>
@@ -1172,28 +1183,12 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>compression de %1, %2 %</translation>
     </message>
     <message>
-        <source>ALARM: %1 above %2</source>
-        <translation>ALARME : %1 au-dessus de %2</translation>
-    </message>
-    <message>
-        <source>ALARM: %1 below %2</source>
-        <translation>ALARME : %1 au-dessous de %2</translation>
-    </message>
-    <message>
-        <source>WARNING: %1 above %2</source>
-        <translation>AVERTISSEMENT : %1 au-dessus de %2</translation>
-    </message>
-    <message>
-        <source>WARNING: %1 below %2</source>
-        <translation>AVERTISSEMENT : %1 au-dessous de %2</translation>
-    </message>
-    <message>
         <source>%1: %2, %3</source>
-        <translation>%1 : %2, %3</translation>
+        <translation>%1&#xa0;: %2, %3</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>the recording has a gap here: the values shown are from before it</source>
@@ -1319,7 +1314,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <name>Monitor::PictureDialog</name>
     <message>
         <source>&amp;Title:</source>
-        <translation>&amp;Titre :</translation>
+        <translation>&amp;Titre&#xa0;:</translation>
     </message>
     <message>
         <source>A title above the picture (Alt+T)</source>
@@ -1363,11 +1358,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>The colours of the picture; the screen stays as it is (Alt+O)</source>
-        <translation>Les couleurs de l&apos;image ; l&apos;écran reste tel quel (Alt+O)</translation>
+        <translation>Les couleurs de l&apos;image&#xa0;; l&apos;écran reste tel quel (Alt+O)</translation>
     </message>
     <message>
         <source>C&amp;olours:</source>
-        <translation>C&amp;ouleurs :</translation>
+        <translation>C&amp;ouleurs&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Save...</source>
@@ -1387,21 +1382,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
 </context>
 <context>
-    <name>Monitor::PictureTaker</name>
-    <message>
-        <source>%1: no data for %2 s. %3</source>
-        <translation>%1&#xa0;: pas de données depuis %2 s. %3</translation>
-    </message>
-    <message>
-        <source>%1: there is nothing to draw in its last reading; choose another display with --view, or another moment with --after</source>
-        <translation>%1&#xa0;: rien à dessiner dans sa dernière mesure&#xa0;; choisir un autre affichage avec --view, ou un autre instant avec --after</translation>
-    </message>
-</context>
-<context>
     <name>Monitor::PluginForm</name>
     <message>
         <source>&amp;Address:</source>
-        <translation>&amp;Adresse :</translation>
+        <translation>&amp;Adresse&#xa0;:</translation>
     </message>
     <message>
         <source>As on the command line, for example %1. The plugin %2 reads it.</source>
@@ -1416,7 +1400,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>the plugin cannot open it</source>
-        <translation>le greffon ne peut pas l’ouvrir</translation>
+        <translation>le greffon ne peut pas l&apos;ouvrir</translation>
     </message>
 </context>
 <context>
@@ -1500,7 +1484,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <name>Monitor::ReportWindow</name>
     <message>
         <source>%1 cannot be opened: %2</source>
-        <translation>%1 ne peut pas être ouvert : %2</translation>
+        <translation>%1 ne peut pas être ouvert&#xa0;: %2</translation>
     </message>
     <message>
         <source>Report of the crash</source>
@@ -1664,7 +1648,7 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>In the unit of the readings; those outside are over range, from the next source on. Empty: as the source says.</source>
-        <translation>Dans l&apos;unité des mesures ; celles au-delà sont hors plage, dès la prochaine source. Vide : comme la source l&apos;indique.</translation>
+        <translation>Dans l&apos;unité des mesures&#xa0;; celles au-delà sont hors plage, dès la prochaine source. Vide&#xa0;: comme la source l&apos;indique.</translation>
     </message>
     <message>
         <source>&amp;Detector:</source>
@@ -1764,11 +1748,11 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     </message>
     <message>
         <source>A co&amp;mplete file:</source>
-        <translation>Un fichier &amp;complet :</translation>
+        <translation>Un fichier &amp;complet&#xa0;:</translation>
     </message>
     <message>
         <source>What becomes of a file once nothing more is written to it. The monitor reads all of them.</source>
-        <translation>Ce que devient un fichier dès que plus rien n’y est écrit. Le moniteur lit toutes ces formes.</translation>
+        <translation>Ce que devient un fichier dès que plus rien n&apos;y est écrit. Le moniteur lit toutes ces formes.</translation>
     </message>
     <message>
         <source>Times of the file, in seconds, or numbers of readings that have no times. They hold for files that are opened from now on, until the end of the program.</source>
@@ -1994,6 +1978,109 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
 </context>
 <context>
+    <name>Monitor::SystemError</name>
+    <message>
+        <source>Connection refused</source>
+        <translation>connexion refusée</translation>
+    </message>
+    <message>
+        <source>Connection timed out</source>
+        <translation>délai de connexion dépassé</translation>
+    </message>
+    <message>
+        <source>Host not found</source>
+        <translation>hôte introuvable</translation>
+    </message>
+    <message>
+        <source>Network unreachable</source>
+        <translation>réseau inaccessible</translation>
+    </message>
+    <message>
+        <source>Socket operation timed out</source>
+        <translation>délai d&apos;attente de la connexion dépassé</translation>
+    </message>
+    <message>
+        <source>Unknown error</source>
+        <translation>erreur inconnue</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>fichier ou dossier introuvable</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>plus de place sur le disque</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>accès refusé</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>trop de fichiers ouverts</translation>
+    </message>
+    <message>
+        <source>Host unreachable</source>
+        <translation>hôte inaccessible</translation>
+    </message>
+    <message>
+        <source>Network error</source>
+        <translation>erreur de réseau</translation>
+    </message>
+    <message>
+        <source>The address is not available</source>
+        <translation>l&apos;adresse n&apos;est pas disponible</translation>
+    </message>
+    <message>
+        <source>The address is protected</source>
+        <translation>l&apos;adresse est protégée</translation>
+    </message>
+    <message>
+        <source>The bound address is already in use</source>
+        <translation>l&apos;adresse est déjà utilisée</translation>
+    </message>
+    <message>
+        <source>The remote host closed the connection</source>
+        <translation>l&apos;autre côté a fermé la connexion</translation>
+    </message>
+    <message>
+        <source>Device or resource busy</source>
+        <translation>le périphérique est occupé</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>quota de disque dépassé</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>fichier trop grand</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>erreur d&apos;entrée/sortie</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>c&apos;est un dossier</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>périphérique inexistant</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>ce n&apos;est pas un dossier</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>opération non permise</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>système de fichiers en lecture seule</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::TapeBar</name>
     <message>
         <source>Tape &amp;deck</source>
@@ -2175,14 +2262,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Vérifier que l&apos;instrument est allumé et joignable, que le port est juste, et s&apos;il faut l&apos;interroger (?ask=TEXTE).</translation>
     </message>
     <message>
-        <source>closed by the other side</source>
-        <translation>fermé par l&apos;autre côté</translation>
-    </message>
-    <message>
-        <source>reset by the other side, which did not close the connection</source>
-        <translation>réinitialisée par l&apos;autre côté, qui n&apos;a pas fermé la connexion</translation>
-    </message>
-    <message>
         <source>its name was not resolved in time</source>
         <translation>son nom n&apos;a pas été résolu à temps</translation>
     </message>
@@ -2225,16 +2304,8 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>Vérifier qu&apos;aucun autre programme n&apos;écoute sur ce port, que l&apos;adresse est à cette machine, et que l&apos;émetteur utilise le même port.</translation>
     </message>
     <message>
-        <source>the peer closed the connection</source>
-        <translation>le correspondant a fermé la connexion</translation>
-    </message>
-    <message>
         <source>the connection broke (%1)</source>
         <translation>la connexion s&apos;est rompue (%1)</translation>
-    </message>
-    <message>
-        <source>the peer reset the connection instead of closing it</source>
-        <translation>le correspondant a réinitialisé la connexion au lieu de la fermer</translation>
     </message>
 </context>
 <context>
@@ -2416,10 +2487,6 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <translation>ce n&apos;est pas un fichier ordinaire</translation>
     </message>
     <message>
-        <source>the compressed file is damaged; --check says what is lost</source>
-        <translation>le fichier compressé est endommagé&#xa0;; --check dit ce qui est perdu</translation>
-    </message>
-    <message>
         <source>%1 cannot be read: %2. Check the path and whether this user may read it</source>
         <translation>%1 ne peut pas être lu&#xa0;: %2. Vérifier le chemin et le droit de lecture</translation>
     </message>
@@ -2481,19 +2548,19 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>it has no channels</source>
-        <translation>elle n’a pas de voies</translation>
+        <translation>elle n&apos;a pas de canaux</translation>
     </message>
     <message>
         <source>frames of %1 x %2 values cannot be shown: a matrix has at most 256 columns and 256 rows, and planes of strips have at most 65536 values together</source>
-        <translation>des images de %1 x %2 valeurs ne peuvent pas être montrées : une matrice a au plus 256 colonnes et 256 lignes, et les plans de pistes ont ensemble au plus 65536 valeurs</translation>
+        <translation>des images de %1 x %2 valeurs ne peuvent pas être montrées&#xa0;: une matrice a au plus 256 colonnes et 256 lignes, et les plans de pistes ont ensemble au plus 65536 valeurs</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a known kind of source: %2</source>
-        <translation>« %1 » n’est pas un type de source connu : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un type de source connu&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 is not a plugin</source>
-        <translation>%1 n’est pas un greffon</translation>
+        <translation>%1 n&apos;est pas un greffon</translation>
     </message>
     <message>
         <source>%1 is a plugin, but not for sources of this program</source>
@@ -2501,7 +2568,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>%1 was built for version %2 of the interface, and this program has version %3</source>
-        <translation>%1 a été construit pour la version %2 de l’interface, et ce programme a la version %3</translation>
+        <translation>%1 a été construit pour la version %2 de l&apos;interface, et ce programme a la version %3</translation>
     </message>
     <message>
         <source>%1 does not say which addresses it reads</source>
@@ -2509,15 +2576,15 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>there is no plugin for %1: install the package %2</source>
-        <translation>il n’y a pas de greffon pour %1 : installez le paquet %2</translation>
+        <translation>il n&apos;y a pas de greffon pour %1&#xa0;: installez le paquet %2</translation>
     </message>
     <message>
         <source>the plugin for %1 cannot be loaded: %2</source>
-        <translation>le greffon pour %1 ne peut pas être chargé : %2</translation>
+        <translation>le greffon pour %1 ne peut pas être chargé&#xa0;: %2</translation>
     </message>
     <message>
         <source>there is no file of that name, and no plugin for %1 in %2</source>
-        <translation>il n’y a pas de fichier de ce nom, ni de greffon pour %1 dans %2</translation>
+        <translation>il n&apos;y a pas de fichier de ce nom, ni de greffon pour %1 dans %2</translation>
     </message>
     <message>
         <source>LOST</source>
@@ -2549,7 +2616,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>the clock of the source differs from this computer&apos;s by this much, so its chart shows another time than the others</source>
-        <translation>l’horloge de la source s’écarte d’autant de celle de cet ordinateur ; son diagramme montre donc un autre temps que les autres</translation>
+        <translation>l&apos;horloge de la source s&apos;écarte d&apos;autant de celle de cet ordinateur&#xa0;; son diagramme montre donc un autre temps que les autres</translation>
     </message>
     <message>
         <source>SIMULATED</source>
@@ -2557,7 +2624,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>no instrument is read</source>
-        <translation>aucun instrument n’est lu</translation>
+        <translation>aucun instrument n&apos;est lu</translation>
     </message>
     <message>
         <source>HDF5 gives no reason</source>
@@ -2569,7 +2636,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>they are not a list</source>
-        <translation>ce n’est pas une liste</translation>
+        <translation>ce n&apos;est pas une liste</translation>
     </message>
     <message>
         <source>they lie in another file</source>
@@ -2585,7 +2652,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>its data %1 cannot be read: %2</source>
-        <translation>ses données %1 ne peuvent pas être lues : %2</translation>
+        <translation>ses données %1 ne peuvent pas être lues&#xa0;: %2</translation>
     </message>
     <message>
         <source>they are missing</source>
@@ -2593,7 +2660,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>they do not have the form that the file describes</source>
-        <translation>elles n’ont pas la forme que le fichier décrit</translation>
+        <translation>elles n&apos;ont pas la forme que le fichier décrit</translation>
     </message>
     <message>
         <source>the description of its readings is damaged</source>
@@ -2601,7 +2668,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>this program was built without HDF5; build it with the HDF5 library (Debian has it in libhdf5-dev) and the option CORVALE_QT_HDF5</source>
-        <translation>ce programme a été construit sans HDF5 ; construisez-le avec la bibliothèque HDF5 (libhdf5-dev sous Debian) et l’option CORVALE_QT_HDF5</translation>
+        <translation>ce programme a été construit sans HDF5&#xa0;; construisez-le avec la bibliothèque HDF5 (libhdf5-dev sous Debian) et l&apos;option CORVALE_QT_HDF5</translation>
     </message>
     <message>
         <source>it does not say which of its data is the signal</source>
@@ -2613,7 +2680,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>its signal has %1 dimensions; 1, 2 and 3 can be shown</source>
-        <translation>son signal a %1 dimensions ; 1, 2 et 3 peuvent être affichées</translation>
+        <translation>son signal a %1 dimensions&#xa0;; 1, 2 et 3 peuvent être affichées</translation>
     </message>
     <message>
         <source>its axis %1 is missing</source>
@@ -2621,27 +2688,27 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>its signal %1 has %2 values for each time; up to %3 can be shown</source>
-        <translation>son signal %1 a %2 valeurs par instant ; %3 au plus peuvent être affichées</translation>
+        <translation>son signal %1 a %2 valeurs par instant&#xa0;; %3 au plus peuvent être affichées</translation>
     </message>
     <message>
         <source>its signal %1 has images of %2 x %3; up to %4 x %4 can be shown</source>
-        <translation>son signal %1 a des images de %2 x %3 ; %4 x %4 au plus peuvent être affichées</translation>
+        <translation>son signal %1 a des images de %2 x %3&#xa0;; %4 x %4 au plus peuvent être affichées</translation>
     </message>
     <message>
         <source>%1 cannot be written: %2</source>
-        <translation>%1 ne peut pas être écrit : %2</translation>
+        <translation>%1 ne peut pas être écrit&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 exists already; choose another name, or allow overwriting (--overwrite)</source>
-        <translation>%1 existe déjà ; choisissez un autre nom ou autorisez le remplacement (--overwrite)</translation>
+        <translation>%1 existe déjà&#xa0;; choisissez un autre nom ou autorisez le remplacement (--overwrite)</translation>
     </message>
     <message>
         <source>this user may not read it</source>
-        <translation>cet utilisateur n’a pas le droit de le lire</translation>
+        <translation>cet utilisateur n&apos;a pas le droit de le lire</translation>
     </message>
     <message>
         <source>it is not a whole HDF5 file: it is damaged, cut off or still being written (%1)</source>
-        <translation>ce n’est pas un fichier HDF5 entier : il est endommagé, tronqué ou encore en cours d’écriture (%1)</translation>
+        <translation>ce n&apos;est pas un fichier HDF5 entier&#xa0;: il est endommagé, tronqué ou encore en cours d&apos;écriture (%1)</translation>
     </message>
     <message>
         <source>it changes while it is read</source>
@@ -2653,31 +2720,27 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>event %1 of %2 is damaged</source>
-        <translation>l’événement %1 de %2 est endommagé</translation>
+        <translation>l&apos;événement %1 de %2 est endommagé</translation>
     </message>
     <message>
         <source>it is not open</source>
-        <translation>il n’est pas ouvert</translation>
-    </message>
-    <message>
-        <source>a line of it cannot be read, and would be lost: %1</source>
-        <translation>une de ses lignes ne peut pas être lue et serait perdue : %1</translation>
+        <translation>il n&apos;est pas ouvert</translation>
     </message>
     <message>
         <source>what was written is not what was recorded</source>
-        <translation>ce qui a été écrit n’est pas ce qui a été enregistré</translation>
+        <translation>ce qui a été écrit n&apos;est pas ce qui a été enregistré</translation>
     </message>
     <message>
         <source>it has no NXdata</source>
-        <translation>il n’a pas de NXdata</translation>
+        <translation>il n&apos;a pas de NXdata</translation>
     </message>
     <message>
         <source>it has no NXentry and no NXdata, which tell what its numbers are</source>
-        <translation>il n’a ni NXentry ni NXdata, qui disent ce que sont ses nombres</translation>
+        <translation>il n&apos;a ni NXentry ni NXdata, qui disent ce que sont ses nombres</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>the description of the stream is too long</source>
@@ -2685,7 +2748,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>it has more than %1 acquisitions; convert its parts one by one</source>
-        <translation>il a plus de %1 acquisitions ; convertissez ses parties une à une</translation>
+        <translation>il a plus de %1 acquisitions&#xa0;; convertissez ses parties une à une</translation>
     </message>
     <message>
         <source>another program writes to %1</source>
@@ -2697,11 +2760,11 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>the file of this source could not be begun; the log says why. Stop the recording and begin another one</source>
-        <translation>le fichier de cette source n&apos;a pas pu être créé ; le journal dit pourquoi. Arrêtez l&apos;enregistrement et commencez-en un autre</translation>
+        <translation>le fichier de cette source n&apos;a pas pu être créé&#xa0;; le journal dit pourquoi. Arrêtez l&apos;enregistrement et commencez-en un autre</translation>
     </message>
     <message>
         <source>the texts in it are damaged</source>
-        <translation>les textes qu’il contient sont endommagés</translation>
+        <translation>les textes qu&apos;il contient sont endommagés</translation>
     </message>
     <message>
         <source>it should begin with the name of the control system, like tango:beam/monitor/1</source>
@@ -2717,15 +2780,15 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>%1 is shown alone: its images have no times. Open it with File &gt; Open..., or in a window with another --settings FILE</source>
-        <translation>%1 s’affiche seul : ses images n’ont pas de temps. Ouvrez-le avec Fichier &gt; Ouvrir..., ou dans une fenêtre avec un autre --settings FICHIER</translation>
+        <translation>%1 s&apos;affiche seul&#xa0;: ses images n&apos;ont pas de temps. Ouvrez-le avec Fichier &gt; Ouvrir..., ou dans une fenêtre avec un autre --settings FICHIER</translation>
     </message>
     <message>
         <source>%1 is a recording, and %2 is an instrument: they are not shown together, since their readings were taken at different times. Open one of them in a window with another --settings FILE</source>
-        <translation>%1 est un enregistrement et %2 un instrument : ils ne s’affichent pas ensemble, car leurs mesures n’ont pas été prises au même moment. Ouvrez l’un des deux dans une fenêtre avec un autre --settings FICHIER</translation>
+        <translation>%1 est un enregistrement et %2 un instrument&#xa0;: ils ne s&apos;affichent pas ensemble, car leurs mesures n&apos;ont pas été prises au même moment. Ouvrez l&apos;un des deux dans une fenêtre avec un autre --settings FICHIER</translation>
     </message>
     <message>
         <source>a text in it is larger than 64 MB</source>
-        <translation>un texte qu’il contient dépasse 64 Mo</translation>
+        <translation>un texte qu&apos;il contient dépasse 64 Mo</translation>
     </message>
     <message>
         <source>the system cannot start another thread</source>
@@ -2747,15 +2810,15 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>its signal %1 has no time axis</source>
-        <translation>son signal %1 n’a pas d’axe du temps</translation>
+        <translation>son signal %1 n&apos;a pas d&apos;axe du temps</translation>
     </message>
     <message>
         <source>its axis %1 is not as long as its signal %2</source>
-        <translation>son axe %1 n’a pas la longueur du signal %2</translation>
+        <translation>son axe %1 n&apos;a pas la longueur du signal %2</translation>
     </message>
     <message>
         <source>the axis %1 of its signal %2 is in %3, which is not a unit of time</source>
-        <translation>l’axe %1 de son signal %2 est en %3, qui n’est pas une unité de temps</translation>
+        <translation>l&apos;axe %1 de son signal %2 est en %3, qui n&apos;est pas une unité de temps</translation>
     </message>
     <message numerus="yes">
         <source>%1 is being compressed, and %n more file(s) is/are waiting. Nothing is lost if you do not wait.</source>
@@ -2908,6 +2971,199 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>line %1 dropped, %2: &quot;%3&quot;</source>
         <translation>ligne %1 rejetée, %2&#xa0;: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>image %1, %2: &quot;%3&quot;</source>
+        <translation>image %1, %2&#xa0;: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>reading %1, %2: &quot;%3&quot;</source>
+        <translation>mesure %1, %2&#xa0;: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>line %1, %2: &quot;%3&quot;</source>
+        <translation>ligne %1, %2&#xa0;: &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>the compressed file is damaged; --check says what is lost, and --repair saves what can be read</source>
+        <translation>le fichier compressé est endommagé&#xa0;; --check dit ce qui est perdu, et --repair sauve ce qui est lisible</translation>
+    </message>
+    <message>
+        <source>it should be #frame TIME ROWS COLUMNS</source>
+        <translation>il faudrait #frame TEMPS LIGNES COLONNES</translation>
+    </message>
+    <message>
+        <source>the time is not a number</source>
+        <translation>le temps n&apos;est pas un nombre</translation>
+    </message>
+    <message>
+        <source>a frame has 1 to %1 rows and columns</source>
+        <translation>une image a de 1 à %1 lignes et colonnes</translation>
+    </message>
+    <message>
+        <source>only a stream that begins with #corvale 2 has frames</source>
+        <translation>seul un flux qui commence par #corvale 2 a des images</translation>
+    </message>
+    <message>
+        <source>it belongs to no frame</source>
+        <translation>elle n&apos;appartient à aucune image</translation>
+    </message>
+    <message>
+        <source>row %1 of a frame, which is dropped</source>
+        <translation>ligne %1 d&apos;une image, qui est rejetée</translation>
+    </message>
+    <message numerus="yes">
+        <source>the frame ends after %n row(s)</source>
+        <translation>
+            <numerusform>l&apos;image se termine après %n ligne</numerusform>
+            <numerusform>l&apos;image se termine après %n lignes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 values, but the detector has %2</source>
+        <translation>%1 valeurs, mais le détecteur en a %2</translation>
+    </message>
+    <message>
+        <source>#corvale: only the versions 1 and 2 are known</source>
+        <translation>#corvale&#xa0;: seules les versions 1 et 2 sont connues</translation>
+    </message>
+    <message>
+        <source>#channels: 1 to %1 names are needed, with commas between them</source>
+        <translation>#channels&#xa0;: il faut de 1 à %1 noms séparés par des virgules</translation>
+    </message>
+    <message>
+        <source>#layout: it should be channels, strips, pixels, matrix or spots</source>
+        <translation>#layout&#xa0;: il faudrait channels, strips, pixels, matrix ou spots</translation>
+    </message>
+    <message>
+        <source>#range: two numbers are needed, the lower one first</source>
+        <translation>#range&#xa0;: il faut deux nombres, le plus petit d&apos;abord</translation>
+    </message>
+    <message>
+        <source>#limits: the name of a channel and four numbers are needed</source>
+        <translation>#limits&#xa0;: il faut le nom d&apos;un canal et quatre nombres</translation>
+    </message>
+    <message>
+        <source>#limits: there are more names than channels</source>
+        <translation>#limits&#xa0;: il y a plus de noms que de canaux</translation>
+    </message>
+    <message>
+        <source>the stream has no channel &quot;%1&quot;</source>
+        <translation>le flux n&apos;a pas de canal «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>#t0: a date and a time are needed, like 2026-03-01T12:00:00Z</source>
+        <translation>#t0&#xa0;: il faut une date et une heure, comme 2026-03-01T12:00:00Z</translation>
+    </message>
+    <message>
+        <source>#t0-uncertainty: a time above 0 is needed, like 0.02 s</source>
+        <translation>#t0-uncertainty&#xa0;: il faut un temps supérieur à 0, comme 0.02 s</translation>
+    </message>
+    <message numerus="yes">
+        <source>the image ends after %1 of %n value(s)</source>
+        <translation>
+            <numerusform>l&apos;image se termine après %1 valeur sur %n</numerusform>
+            <numerusform>l&apos;image se termine après %1 valeurs sur %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the image ends in its header</source>
+        <translation>l&apos;image se termine dans son en-tête</translation>
+    </message>
+    <message>
+        <source>a comment follows its largest value without a blank</source>
+        <translation>un commentaire suit sa plus grande valeur sans espace</translation>
+    </message>
+    <message>
+        <source>it does not begin with P2 or P5, as grey images do</source>
+        <translation>elle ne commence pas par P2 ou P5 comme les images en niveaux de gris</translation>
+    </message>
+    <message>
+        <source>its header has other characters than digits</source>
+        <translation>son en-tête a d&apos;autres caractères que des chiffres</translation>
+    </message>
+    <message>
+        <source>its largest value must be 1 to %1</source>
+        <translation>sa plus grande valeur doit être de 1 à %1</translation>
+    </message>
+    <message>
+        <source>value %1 is not a number</source>
+        <translation>la valeur %1 n&apos;est pas un nombre</translation>
+    </message>
+    <message>
+        <source>value %1 is above %2, the largest</source>
+        <translation>la valeur %1 dépasse %2, la plus grande</translation>
+    </message>
+    <message>
+        <source>it has a line that cannot be read and would be lost: %1</source>
+        <translation>il a une ligne illisible qui serait perdue&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>no channel is computed: the stream has %1, and only independent channels can be computed with</source>
+        <translation>aucun canal n&apos;est calculé&#xa0;: le flux a des %1, et seuls des canaux indépendants permettent un calcul</translation>
+    </message>
+    <message>
+        <source>no channel is computed: there would be more than %1 channels; compute fewer</source>
+        <translation>aucun canal n&apos;est calculé&#xa0;: il y aurait plus de %1 canaux&#xa0;; calculez-en moins</translation>
+    </message>
+    <message>
+        <source>no channel is computed: %1, %2</source>
+        <translation>aucun canal n&apos;est calculé&#xa0;: %1, %2</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 above %2</source>
+        <translation>ALARME&#xa0;: %1 au-dessus de %2</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 below %2</source>
+        <translation>ALARME&#xa0;: %1 au-dessous de %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 above %2</source>
+        <translation>ALERTE&#xa0;: %1 au-dessus de %2</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 below %2</source>
+        <translation>ALERTE&#xa0;: %1 au-dessous de %2</translation>
+    </message>
+    <message>
+        <source>strips</source>
+        <translation>pistes</translation>
+    </message>
+    <message>
+        <source>pixels</source>
+        <translation>pixels</translation>
+    </message>
+    <message>
+        <source>spots</source>
+        <translation>spots</translation>
+    </message>
+    <message>
+        <source>channels</source>
+        <translation>canaux</translation>
+    </message>
+    <message numerus="yes">
+        <source>it has %n reading(s), the stream %1</source>
+        <translation>
+            <numerusform>il a %n mesure, le flux %1</numerusform>
+            <numerusform>il a %n mesures, le flux %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>it has %1 x %2 cells, the frames %3 x %4</source>
+        <translation>il a %1 x %2 cellules, les images %3 x %4</translation>
+    </message>
+    <message>
+        <source>its channels have no places</source>
+        <translation>ses canaux n&apos;ont pas de positions</translation>
+    </message>
+    <message>
+        <source>the other side reset the connection instead of closing it</source>
+        <translation>l&apos;autre côté a réinitialisé la connexion au lieu de la fermer</translation>
+    </message>
+    <message>
+        <source>the other side closed the connection</source>
+        <translation>l&apos;autre côté a fermé la connexion</translation>
     </message>
 </context>
 <context>
@@ -3146,7 +3402,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>Values that are 0 or negative cannot be shown then; the plot names their channels (Alt+L)</source>
-        <translation>Les valeurs nulles ou négatives ne peuvent alors pas être montrées ; le tracé nomme leurs canaux (Alt+L)</translation>
+        <translation>Les valeurs nulles ou négatives ne peuvent alors pas être montrées&#xa0;; le tracé nomme leurs canaux (Alt+L)</translation>
     </message>
     <message>
         <source>&amp;Set range</source>
@@ -3233,11 +3489,11 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>Profile, histogram and report say &quot;DATA VALID&quot;, &quot;DATA VALID, FIT POOR&quot; or &quot;DATA NOT VALID&quot; by these limits. A detector whose description states limits of its own (its key &quot;verdict&quot;) is judged by those alone. --stats takes these limits from --settings FILE.</source>
-        <translation>Profil, histogramme et rapport disent « DONNÉES VALIDES », « DONNÉES VALIDES, AJUSTEMENT MÉDIOCRE » ou « DONNÉES NON VALIDES » selon ces limites. Un détecteur dont la description donne ses propres limites (sa clé « verdict ») est jugé selon celles-ci seulement. --stats prend ces limites dans --settings FICHIER.</translation>
+        <translation>Profil, histogramme et rapport disent «&#xa0;DONNÉES VALIDES », «&#xa0;DONNÉES VALIDES, AJUSTEMENT MÉDIOCRE&#xa0;» ou «&#xa0;DONNÉES NON VALIDES&#xa0;» selon ces limites. Un détecteur dont la description donne ses propres limites (sa clé «&#xa0;verdict ») est jugé selon celles-ci seulement. --stats prend ces limites dans --settings FICHIER.</translation>
     </message>
     <message>
         <source>%1 Usual: %2.</source>
-        <translation>%1 Habituel : %2.</translation>
+        <translation>%1 Habituel&#xa0;: %2.</translation>
     </message>
     <message>
         <source>Usua&amp;l limits</source>
@@ -3324,25 +3580,18 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
 </context>
 <context>
-    <name>Monitor::WindowRun</name>
-    <message>
-        <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
-        <translation>%1 n&apos;a pas de données pour l&apos;affichage «&#xa0;%2&#xa0;»&#xa0;; --view scope montre toute sorte de mesures</translation>
-    </message>
-</context>
-<context>
     <name>TangoText</name>
     <message>
         <source>&quot;%1&quot; should be tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, with #dbase=no at its end where HOST:PORT is a device server, not a database</source>
-        <translation>« %1 » devrait être tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, avec #dbase=no à la fin si HOST:PORT est un serveur de dispositifs et non une base de données</translation>
+        <translation>«&#xa0;%1&#xa0;» devrait être tango://HOST:PORT/DOMAIN/FAMILY/MEMBER/ATTRIBUTE,ATTRIBUTE, avec #dbase=no à la fin si HOST:PORT est un serveur de dispositifs et non une base de données</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names %2 attributes; a window shows %3 at most</source>
-        <translation>« %1 » nomme %2 attributs ; une fenêtre en montre %3 au plus</translation>
+        <translation>«&#xa0;%1&#xa0;» nomme %2 attributs&#xa0;; une fenêtre en montre %3 au plus</translation>
     </message>
     <message>
         <source>&quot;%1&quot;: only ?every=100ms may follow the attributes, with a time from 1 ms to 60 min</source>
-        <translation>« %1 » : seul ?every=100ms peut suivre les attributs, avec un temps de 1 ms à 60 min</translation>
+        <translation>«&#xa0;%1&#xa0;»&#xa0;: seul ?every=100ms peut suivre les attributs, avec un temps de 1 ms à 60 min</translation>
     </message>
     <message>
         <source>an error without a description</source>
@@ -3354,7 +3603,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>there is no device %1</source>
-        <translation>il n’y a pas de dispositif %1</translation>
+        <translation>il n&apos;y a pas de dispositif %1</translation>
     </message>
     <message>
         <source>no server answers for %1</source>
@@ -3362,11 +3611,11 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>%1 is an image of %2 x %3 values; a window shows at most %4 x %4</source>
-        <translation>%1 est une image de %2 x %3 valeurs ; une fenêtre montre au plus %4 x %4</translation>
+        <translation>%1 est une image de %2 x %3 valeurs&#xa0;; une fenêtre montre au plus %4 x %4</translation>
     </message>
     <message>
         <source>%1 has %2 values; a window shows at most %3</source>
-        <translation>%1 a %2 valeurs ; une fenêtre en affiche au plus %3</translation>
+        <translation>%1 a %2 valeurs&#xa0;; une fenêtre en affiche au plus %3</translation>
     </message>
     <message>
         <source>its values cannot be read as numbers</source>
@@ -3374,11 +3623,11 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>Check the names, that the device server runs, and that the address ends with #dbase=no if its host and port are those of a device server.</source>
-        <translation>Vérifiez les noms, que le serveur de dispositifs fonctionne, et que l’adresse se termine par #dbase=no si l’hôte et le port sont ceux d’un serveur de dispositifs.</translation>
+        <translation>Vérifiez les noms, que le serveur de dispositifs fonctionne, et que l&apos;adresse se termine par #dbase=no si l&apos;hôte et le port sont ceux d&apos;un serveur de dispositifs.</translation>
     </message>
     <message>
         <source>%1, without %2, which has no valid value</source>
-        <translation>%1, sans %2, qui n’a pas de valeur valide</translation>
+        <translation>%1, sans %2, qui n&apos;a pas de valeur valide</translation>
     </message>
     <message>
         <source>%1 is of the type %2, not a number</source>
@@ -3386,11 +3635,11 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>a window shows scalars, or one spectrum or two, or one image; read the others in a window of their own</source>
-        <translation>une fenêtre montre des scalaires, ou un ou deux spectres, ou une image ; lisez les autres dans une fenêtre à part</translation>
+        <translation>une fenêtre montre des scalaires, ou un ou deux spectres, ou une image&#xa0;; lisez les autres dans une fenêtre à part</translation>
     </message>
     <message>
         <source>&quot;%1&quot; names the attribute %2 twice</source>
-        <translation>« %1 » nomme deux fois l’attribut %2</translation>
+        <translation>«&#xa0;%1&#xa0;» nomme deux fois l&apos;attribut %2</translation>
     </message>
     <message>
         <source>%1 does not tell what its attributes are</source>
@@ -3398,7 +3647,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>&quot;%1&quot; should be tango:DOMAIN/FAMILY/MEMBER, a device that is defined in the database, or tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, which is served at that address without a database</source>
-        <translation>« %1 » doit être tango:DOMAIN/FAMILY/MEMBER, un appareil défini dans la base de données, ou tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, servi à cette adresse sans base de données</translation>
+        <translation>«&#xa0;%1&#xa0;» doit être tango:DOMAIN/FAMILY/MEMBER, un appareil défini dans la base de données, ou tango://HOST:PORT/DOMAIN/FAMILY/MEMBER#dbase=no, servi à cette adresse sans base de données</translation>
     </message>
     <message>
         <source>%1 is given twice</source>
@@ -3410,7 +3659,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>the database has no device %1; define it with: tango_admin --add-server %2/%3 CorvaleMonitor %1</source>
-        <translation>la base de données n&apos;a pas d&apos;appareil %1 ; pour le définir : tango_admin --add-server %2/%3 CorvaleMonitor %1</translation>
+        <translation>la base de données n&apos;a pas d&apos;appareil %1&#xa0;; pour le définir&#xa0;: tango_admin --add-server %2/%3 CorvaleMonitor %1</translation>
     </message>
     <message>
         <source>the device %1 belongs to the server %2, not to %3</source>
@@ -3418,7 +3667,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>the database has %1 and %2 in different servers; one run serves one of them</source>
-        <translation>dans la base de données, %1 et %2 sont dans des serveurs différents ; une exécution en sert un</translation>
+        <translation>dans la base de données, %1 et %2 sont dans des serveurs différents&#xa0;; une exécution en sert un</translation>
     </message>
     <message>
         <source>another program serves %1 already</source>
@@ -3426,11 +3675,11 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     </message>
     <message>
         <source>the database does not answer: %1</source>
-        <translation>la base de données ne répond pas : %1</translation>
+        <translation>la base de données ne répond pas&#xa0;: %1</translation>
     </message>
     <message>
         <source>nothing can listen at %1:%2: another program does, or the host is not this computer</source>
-        <translation>impossible d&apos;écouter à %1:%2 : un autre programme le fait, ou l&apos;hôte n&apos;est pas cet ordinateur</translation>
+        <translation>impossible d&apos;écouter à %1:%2&#xa0;: un autre programme le fait, ou l&apos;hôte n&apos;est pas cet ordinateur</translation>
     </message>
     <message>
         <source>the server does not have all of the devices</source>

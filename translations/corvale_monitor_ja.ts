@@ -146,12 +146,12 @@
 <context>
     <name>Monitor::CommonTape</name>
     <message>
-        <source>none of the recordings can be read</source>
-        <translation>どの記録も読み取れません</translation>
-    </message>
-    <message>
         <source>%1 cannot be played together with others: %2. Open it alone to see what can be read of it</source>
         <translation>%1 は他の記録と一緒に再生できません: %2。単独で開くと、読み取れる部分が表示されます</translation>
+    </message>
+    <message>
+        <source>none of the recordings can be read; open them one by one to see why</source>
+        <translation>どの記録も読み取れません。理由を確かめるには 1 つずつ開いてください</translation>
     </message>
 </context>
 <context>
@@ -923,6 +923,17 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     </message>
 </context>
 <context>
+    <name>Monitor::LeftOutNotice</name>
+    <message>
+        <source>the detector is not used: %1; correct its description, or choose another one in File &gt; Settings...</source>
+        <translation>検出器は使用されていません: %1。記述を修正するか、「ファイル &gt; 設定...」で別の検出器を選んでください</translation>
+    </message>
+    <message>
+        <source>not all limits of the stream are used: %1; Measure &gt; Limits sets them here</source>
+        <translation>ストリームの限界値の一部は使用されていません: %1。「測定 &gt; 限界値」で設定できます</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::LimitActions</name>
     <message>
         <source>&amp;Acknowledge alarms</source>
@@ -1172,22 +1183,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>%1 を圧縮中、%2 %</translation>
     </message>
     <message>
-        <source>ALARM: %1 above %2</source>
-        <translation>警報: %1 が %2 を超過</translation>
-    </message>
-    <message>
-        <source>ALARM: %1 below %2</source>
-        <translation>警報: %1 が %2 を下回る</translation>
-    </message>
-    <message>
-        <source>WARNING: %1 above %2</source>
-        <translation>警告: %1 が %2 を超過</translation>
-    </message>
-    <message>
-        <source>WARNING: %1 below %2</source>
-        <translation>警告: %1 が %2 を下回る</translation>
-    </message>
-    <message>
         <source>%1: %2, %3</source>
         <translation>%1: %2、%3</translation>
     </message>
@@ -1384,17 +1379,6 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>Copy the picture to the clipboard (Alt+C)</source>
         <translation>画像をクリップボードにコピー (Alt+C)</translation>
-    </message>
-</context>
-<context>
-    <name>Monitor::PictureTaker</name>
-    <message>
-        <source>%1: no data for %2 s. %3</source>
-        <translation>%1: %2 秒間データがありません。%3</translation>
-    </message>
-    <message>
-        <source>%1: there is nothing to draw in its last reading; choose another display with --view, or another moment with --after</source>
-        <translation>%1: 最後の測定値に描画するものがありません。--view で別の表示、または --after で別の時点を選んでください</translation>
     </message>
 </context>
 <context>
@@ -1994,6 +1978,109 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     </message>
 </context>
 <context>
+    <name>Monitor::SystemError</name>
+    <message>
+        <source>Connection refused</source>
+        <translation>接続が拒否されました</translation>
+    </message>
+    <message>
+        <source>Connection timed out</source>
+        <translation>接続がタイムアウトしました</translation>
+    </message>
+    <message>
+        <source>Host not found</source>
+        <translation>ホストが見つかりません</translation>
+    </message>
+    <message>
+        <source>Network unreachable</source>
+        <translation>ネットワークに到達できません</translation>
+    </message>
+    <message>
+        <source>Socket operation timed out</source>
+        <translation>ソケットの操作がタイムアウトしました</translation>
+    </message>
+    <message>
+        <source>Unknown error</source>
+        <translation>不明なエラー</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>ファイルまたはフォルダーがありません</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>ディスクに空きがありません</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>アクセスが許可されていません</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>開いているファイルが多すぎます</translation>
+    </message>
+    <message>
+        <source>Host unreachable</source>
+        <translation>ホストに到達できません</translation>
+    </message>
+    <message>
+        <source>Network error</source>
+        <translation>ネットワークエラー</translation>
+    </message>
+    <message>
+        <source>The address is not available</source>
+        <translation>そのアドレスは使用できません</translation>
+    </message>
+    <message>
+        <source>The address is protected</source>
+        <translation>そのアドレスは保護されています</translation>
+    </message>
+    <message>
+        <source>The bound address is already in use</source>
+        <translation>そのアドレスはすでに使用されています</translation>
+    </message>
+    <message>
+        <source>The remote host closed the connection</source>
+        <translation>相手側が接続を閉じました</translation>
+    </message>
+    <message>
+        <source>Device or resource busy</source>
+        <translation>デバイスが使用中です</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>ディスクの割り当てを超えました</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>ファイルが大きすぎます</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>入出力エラー</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>フォルダーです</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>そのデバイスはありません</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>フォルダーではありません</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>その操作は許可されていません</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>ファイルシステムは読み取り専用です</translation>
+    </message>
+</context>
+<context>
     <name>Monitor::TapeBar</name>
     <message>
         <source>Tape &amp;deck</source>
@@ -2175,14 +2262,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>装置の電源と接続、ポート、問い合わせ (?ask=テキスト) の要否を確認してください。</translation>
     </message>
     <message>
-        <source>closed by the other side</source>
-        <translation>相手側が閉じました</translation>
-    </message>
-    <message>
-        <source>reset by the other side, which did not close the connection</source>
-        <translation>相手側が接続を閉じずにリセットしました</translation>
-    </message>
-    <message>
         <source>its name was not resolved in time</source>
         <translation>名前解決が時間内に完了しませんでした</translation>
     </message>
@@ -2225,16 +2304,8 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>このポートを別のプログラムが使っていないか、アドレスがこのコンピューターのものか、送信側のポートが同じかを確認してください。</translation>
     </message>
     <message>
-        <source>the peer closed the connection</source>
-        <translation>相手が接続を閉じました</translation>
-    </message>
-    <message>
         <source>the connection broke (%1)</source>
         <translation>接続が切れました (%1)</translation>
-    </message>
-    <message>
-        <source>the peer reset the connection instead of closing it</source>
-        <translation>相手が接続を閉じずにリセットしました</translation>
     </message>
 </context>
 <context>
@@ -2414,10 +2485,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>it is not a regular file</source>
         <translation>通常のファイルではありません</translation>
-    </message>
-    <message>
-        <source>the compressed file is damaged; --check says what is lost</source>
-        <translation>圧縮ファイルが壊れています。--check で失われた部分がわかります</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2. Check the path and whether this user may read it</source>
@@ -2660,10 +2727,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <translation>開かれていません</translation>
     </message>
     <message>
-        <source>a line of it cannot be read, and would be lost: %1</source>
-        <translation>読めない行があり、失われてしまいます: %1</translation>
-    </message>
-    <message>
         <source>what was written is not what was recorded</source>
         <translation>書き込まれた内容が記録と一致しません</translation>
     </message>
@@ -2890,6 +2953,196 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>line %1 dropped, %2: &quot;%3&quot;</source>
         <translation>行 %1 を破棄 (%2): &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>image %1, %2: &quot;%3&quot;</source>
+        <translation>画像 %1 (%2): &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>reading %1, %2: &quot;%3&quot;</source>
+        <translation>測定値 %1 (%2): &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>line %1, %2: &quot;%3&quot;</source>
+        <translation>行 %1 (%2): &quot;%3&quot;</translation>
+    </message>
+    <message>
+        <source>the compressed file is damaged; --check says what is lost, and --repair saves what can be read</source>
+        <translation>圧縮ファイルが壊れています。--check は失われたものを表示し、--repair は読み取れるものを救い出します</translation>
+    </message>
+    <message>
+        <source>it should be #frame TIME ROWS COLUMNS</source>
+        <translation>#frame 時刻 行数 列数 の形にしてください</translation>
+    </message>
+    <message>
+        <source>the time is not a number</source>
+        <translation>時刻が数値ではありません</translation>
+    </message>
+    <message>
+        <source>a frame has 1 to %1 rows and columns</source>
+        <translation>フレームの行数と列数は 1 から %1 までです</translation>
+    </message>
+    <message>
+        <source>only a stream that begins with #corvale 2 has frames</source>
+        <translation>フレームは #corvale 2 で始まるストリームにだけあります</translation>
+    </message>
+    <message>
+        <source>it belongs to no frame</source>
+        <translation>どのフレームにも属していません</translation>
+    </message>
+    <message>
+        <source>row %1 of a frame, which is dropped</source>
+        <translation>フレームの %1 行目。そのフレームは破棄されます</translation>
+    </message>
+    <message numerus="yes">
+        <source>the frame ends after %n row(s)</source>
+        <translation>
+            <numerusform>フレームが %n 行で終わっています</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 values, but the detector has %2</source>
+        <translation>値が %1 個ありますが、検出器のセルは %2 個です</translation>
+    </message>
+    <message>
+        <source>#corvale: only the versions 1 and 2 are known</source>
+        <translation>#corvale: 対応しているのはバージョン 1 と 2 だけです</translation>
+    </message>
+    <message>
+        <source>#channels: 1 to %1 names are needed, with commas between them</source>
+        <translation>#channels: コンマで区切った 1 から %1 個の名前が必要です</translation>
+    </message>
+    <message>
+        <source>#layout: it should be channels, strips, pixels, matrix or spots</source>
+        <translation>#layout: channels、strips、pixels、matrix、spots のいずれかにしてください</translation>
+    </message>
+    <message>
+        <source>#range: two numbers are needed, the lower one first</source>
+        <translation>#range: 小さい方を先にして 2 つの数値が必要です</translation>
+    </message>
+    <message>
+        <source>#limits: the name of a channel and four numbers are needed</source>
+        <translation>#limits: チャンネル名と 4 つの数値が必要です</translation>
+    </message>
+    <message>
+        <source>#limits: there are more names than channels</source>
+        <translation>#limits: 名前がチャンネルより多くあります</translation>
+    </message>
+    <message>
+        <source>the stream has no channel &quot;%1&quot;</source>
+        <translation>ストリームにチャンネル「%1」はありません</translation>
+    </message>
+    <message>
+        <source>#t0: a date and a time are needed, like 2026-03-01T12:00:00Z</source>
+        <translation>#t0: 2026-03-01T12:00:00Z のような日付と時刻が必要です</translation>
+    </message>
+    <message>
+        <source>#t0-uncertainty: a time above 0 is needed, like 0.02 s</source>
+        <translation>#t0-uncertainty: 0.02 s のような 0 より大きい時間が必要です</translation>
+    </message>
+    <message numerus="yes">
+        <source>the image ends after %1 of %n value(s)</source>
+        <translation>
+            <numerusform>画像が %n 個の値のうち %1 個で終わっています</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the image ends in its header</source>
+        <translation>画像がヘッダーの途中で終わっています</translation>
+    </message>
+    <message>
+        <source>a comment follows its largest value without a blank</source>
+        <translation>最大値の後に空白なしでコメントが続いています</translation>
+    </message>
+    <message>
+        <source>it does not begin with P2 or P5, as grey images do</source>
+        <translation>グレースケール画像のように P2 または P5 で始まっていません</translation>
+    </message>
+    <message>
+        <source>its header has other characters than digits</source>
+        <translation>ヘッダーに数字以外の文字があります</translation>
+    </message>
+    <message>
+        <source>its largest value must be 1 to %1</source>
+        <translation>最大値は 1 から %1 まででなければなりません</translation>
+    </message>
+    <message>
+        <source>value %1 is not a number</source>
+        <translation>%1 番目の値が数値ではありません</translation>
+    </message>
+    <message>
+        <source>value %1 is above %2, the largest</source>
+        <translation>%1 番目の値が最大値 %2 を超えています</translation>
+    </message>
+    <message>
+        <source>it has a line that cannot be read and would be lost: %1</source>
+        <translation>読み取れず失われる行があります: %1</translation>
+    </message>
+    <message>
+        <source>no channel is computed: the stream has %1, and only independent channels can be computed with</source>
+        <translation>チャンネルは計算されません: ストリームは%1で、計算に使えるのは独立したチャンネルだけです</translation>
+    </message>
+    <message>
+        <source>no channel is computed: there would be more than %1 channels; compute fewer</source>
+        <translation>チャンネルは計算されません: チャンネルが %1 個を超えます。計算する数を減らしてください</translation>
+    </message>
+    <message>
+        <source>no channel is computed: %1, %2</source>
+        <translation>チャンネルは計算されません: %1、%2</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 above %2</source>
+        <translation>アラーム: %1 が %2 を超過</translation>
+    </message>
+    <message>
+        <source>ALARM: %1 below %2</source>
+        <translation>アラーム: %1 が %2 を下回る</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 above %2</source>
+        <translation>警告: %1 が %2 を超過</translation>
+    </message>
+    <message>
+        <source>WARNING: %1 below %2</source>
+        <translation>警告: %1 が %2 を下回る</translation>
+    </message>
+    <message>
+        <source>strips</source>
+        <translation>ストリップ</translation>
+    </message>
+    <message>
+        <source>pixels</source>
+        <translation>ピクセル</translation>
+    </message>
+    <message>
+        <source>spots</source>
+        <translation>スポット</translation>
+    </message>
+    <message>
+        <source>channels</source>
+        <translation>チャンネル</translation>
+    </message>
+    <message numerus="yes">
+        <source>it has %n reading(s), the stream %1</source>
+        <translation>
+            <numerusform>検出器の測定値は %n 個ですが、ストリームは %1 個です</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>it has %1 x %2 cells, the frames %3 x %4</source>
+        <translation>検出器のセルは %1 x %2 ですが、フレームは %3 x %4 です</translation>
+    </message>
+    <message>
+        <source>its channels have no places</source>
+        <translation>チャンネルに位置がありません</translation>
+    </message>
+    <message>
+        <source>the other side reset the connection instead of closing it</source>
+        <translation>相手側が接続を閉じずにリセットしました</translation>
+    </message>
+    <message>
+        <source>the other side closed the connection</source>
+        <translation>相手側が接続を閉じました</translation>
     </message>
 </context>
 <context>
@@ -3303,13 +3556,6 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>&amp;Big numbers</source>
         <translation>大きな数字(&amp;B)</translation>
-    </message>
-</context>
-<context>
-    <name>Monitor::WindowRun</name>
-    <message>
-        <source>%1 has no data for the display &quot;%2&quot;; --view scope shows every kind of readings</source>
-        <translation>%1 には表示「%2」のデータがありません。--view scope ならどの種類の測定値も表示できます</translation>
     </message>
 </context>
 <context>

@@ -3,7 +3,11 @@
 #include "monitor/core/Text.h"
 #include "monitor/dialogs/ConnectDialog.h"
 #include "monitor/dialogs/SettingsDialog.h"
+#include "monitor/nexus/NexusSegments.h"
+#include "monitor/recording/SegmentCompressor.h"
+#include "monitor/window/SourceDetector.h"
 #include "monitor/window/SourceSwitch.h"
+#include "monitor/window/WindowSettings.h"
 #include "tests/monitor/support/Dialogs.h"
 #include "tests/monitor/support/FileSizeLimit.h"
 #include "tests/monitor/support/InLanguage.h"
@@ -211,6 +215,24 @@ private Q_SLOTS:
         QVERIFY(shown != full);
         limit.lift();
         QVERIFY2(w.log().contains("recording stalled: " + full), qPrintable(w.log()));
+    }
+
+    //! Lines for the log are English, although what they tell is found in the window's thread and language.
+    void linesOfTheLogAreEnglish()
+    {
+        const MarkedLanguage marked;
+        WindowSettings settings(file("log.xui"));
+        putFile(file("detector.json"), "{\"detector\":1,\"kind\":\"wires\"}");
+        const SourceDetector detector = keptDetector("sim:ic4", file("detector.json"), settings);
+        const QString reason = MarkedLanguage::unaccented(detector.fault.shown());
+        QVERIFY(reason != detector.fault.shown());
+        QVERIFY2(detector.note.contains("is not used: " + reason), qPrintable(detector.note));
+        QString error;
+        QVERIFY(!convertSegment(file("absent.csv"), segmentConversion(SegmentForm::Zstd, false),
+                                &error));
+        QCOMPARE(error,
+                 file("absent.csv")
+                     + " is complete, but stays uncompressed: No such file or directory");
     }
 
 private:

@@ -21,6 +21,17 @@ QStringList damageLines(const RecordingDamage &damage)
     return lines;
 }
 
+//! Returns how much is lost in a few words; the lines above them say where.
+static QString lossText(const RecordingDamage &damage)
+{
+    if (damage.isEmpty())
+        return Text::tr("nothing is lost");
+    if (damage.lostLines == 0)
+        return Text::tr("what is lost stands above");
+    return Text::tr("lost: %1")
+        .arg(Text::countedInEnglish("%n line(s)", nullptr, damage.lostLines));
+}
+
 int repairOnCommand(const CommandLine &commandLine)
 {
     const QString path = commandLine.output;
@@ -44,10 +55,10 @@ int repairOnCommand(const CommandLine &commandLine)
     std::fprintf(
         stdout,
         "%s\n",
-        qPrintable(Text::tr("%2 has %1; lost: %3; %4 is as it was")
+        qPrintable(Text::tr("%2 has %1; %3; %4 is as it was")
                        .arg(Text::countedInEnglish("%n reading(s)", nullptr, damage.readings),
                             copy,
-                            Text::countedInEnglish("%n line(s)", nullptr, damage.lostLines),
+                            lossText(damage),
                             path)));
     return ExitGood;
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace Monitor {
@@ -164,12 +165,17 @@ void Recorder::startStream(const StreamHeader &header)
         beginWithHeader(); // otherwise the first reading dates it
 }
 
-/*! Dates a stream by the arrival of its first readings: the newest of them has just come. What they are apart is how long
-    the others may have waited. */
+/*! Dates a stream whose header does not: by its time stamps if they count from 1970, and otherwise by the arrival of its
+    first readings, the newest of which has just come. What they are apart is how long the others may have waited. */
 void Recorder::dateStream(const ReadingBlock &readings)
 {
     constexpr double resolution = 0.02, milli = 1e3,
                      furthest = 1e11; // s; the clock's ticks, and 3000 years
+    if (const std::optional<double> stated = m_header.statedOrigin(readings.time(0))) {
+        m_header.startTime = QDateTime::fromMSecsSinceEpoch(std::llround(*stated * milli), Qt::UTC);
+        m_headerDue = true;
+        return;
+    }
     const double last = readings.time(readings.size() - 1);
     if (!(std::abs(last) < furthest))
         return;
@@ -178,7 +184,8 @@ void Recorder::dateStream(const ReadingBlock &readings)
         return;
     // A header that events brought already is followed by one with the date.
     m_header.startTime = start;
-    m_header.startUncertainty = std::max(resolution, last - readings.time(0));
+    m_header.startUncertainty =
+        std::max(resolution, std::round((last - readings.time(0)) * milli) / milli);
     m_headerDue = true;
 }
 

@@ -49,8 +49,10 @@ public:
     }
     void eventNoted(const QString &text) override
     {
-        if (m_copy)
+        // What the reader tells of the damage is written with its place already.
+        if (m_copy && text != m_damageTold)
             appendRecordingEvent(&m_text, text);
+        m_damageTold.clear();
     }
     void lineRefused(const RefusedLine &line) override
     {
@@ -64,18 +66,11 @@ public:
         ++m_lost;
     }
 
-    //! Notes a place that no line tells of.
-    void addPlace(const QString &text)
+    //! Notes a damage that no line tells of; the reader tells it as an event, too.
+    void noteDamage(const QString &text)
     {
-        if (m_damage->places.size() < RecordingDamage::maxPlaces)
-            m_damage->places.append(text);
-        else
-            ++m_damage->placesLeftOut;
-    }
-    QString whereAfter() const
-    {
-        return m_any ? Text::tr("after %1 s").arg(m_lastTime, 0, 'g', 15)
-                     : Text::tr("before the first reading");
+        addLoss(Text::tr("lost: %1, %2").arg(text, whereAfter()));
+        m_damageTold = text;
     }
     void endLoss(const QString &until)
     {
@@ -86,10 +81,7 @@ public:
         const QString lines =
             Text::countedInEnglish("%n line(s) (%1)", nullptr, m_lost).arg(numbers);
         const QString where = m_any ? Text::tr("%1, %2").arg(whereAfter(), until) : until;
-        const QString text = Text::tr("lost: %1, %2: %3").arg(lines, where, m_why);
-        addPlace(text);
-        if (m_copy)
-            appendRecordingEvent(&m_text, text);
+        addLoss(Text::tr("lost: %1, %2: %3").arg(lines, where, m_why));
         m_damage->lostLines += m_lost;
         m_damage->isInside = true;
         m_lost = 0;
@@ -103,6 +95,20 @@ public:
     }
 
 private:
+    void addLoss(const QString &text)
+    {
+        if (m_damage->places.size() < RecordingDamage::maxPlaces)
+            m_damage->places.append(text);
+        else
+            ++m_damage->placesLeftOut;
+        if (m_copy)
+            appendRecordingEvent(&m_text, text);
+    }
+    QString whereAfter() const
+    {
+        return m_any ? Text::tr("after %1 s").arg(m_lastTime, 0, 'g', 15)
+                     : Text::tr("before the first reading");
+    }
     void writeIfMuch()
     {
         if (m_text.size() >= recordingPiece)
@@ -121,6 +127,7 @@ private:
     qint64 m_firstLine = 0;
     qint64 m_lastLine = 0;
     QString m_why;
+    QString m_damageTold;
 };
 
 //! Returns the source that the beginning of a recording names; empty if it names none.
@@ -157,7 +164,7 @@ bool read(const QString &path,
     reader.setPassingDamage(true);
     reader.setDamageHandler([&](CsvReader::Damage kind, const QString &text) {
         damage->isInside = damage->isInside || kind == CsvReader::Damage::Inside;
-        sink.addPlace(Text::tr("lost: %1, %2").arg(text, sink.whereAfter()));
+        sink.noteDamage(text);
     });
     if (!reader.open(path)) {
         *error =

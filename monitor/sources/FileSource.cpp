@@ -52,7 +52,8 @@ QString FileSource::emptyReason() const
                              nullptr,
                              counts.readings);
     if (counts.lines == 0)
-        return tr("the file is empty");
+        return QFileInfo(m_path).size() > 0 ? tr("nothing of the file can be read")
+                                            : tr("the file is empty");
     if (counts.bad() == 0)
         return tr("it has names or comments, but no row with numbers");
     return Text::counted("none of its %n line(s) can be read; the first was %1; a row must be "

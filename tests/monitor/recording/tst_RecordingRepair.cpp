@@ -93,6 +93,8 @@ private Q_SLOTS:
                      .hasMatch(),
                  qPrintable(said));
         const QString read = readTable(copy);
+        QVERIFY2(places.isEmpty() || read.contains("event lost: "), qPrintable(read));
+        QVERIFY2(!read.contains("event the recording"), qPrintable(read));
         QVERIFY2(read.contains(" | 2: 3") && !read.contains("refused"), qPrintable(read));
         QVERIFY(read.contains(cell("last")));
         QVERIFY(fileContents(copy).contains("# source: tcp://here; repaired from damaged.csv\n"));

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <string_view>
+
 namespace Monitor {
 
 //! Length of the longest name or unit in characters; the rest is cut off.
@@ -13,5 +15,9 @@ constexpr int maxTextLength = 500;
 /*! Returns a text from outside as one line of at most \a length characters, without control characters and without
     blanks at its ends. */
 QString cleanText(const QString &text, int length);
+
+/*! Returns the characters of a text from outside: as UTF-8 if it is that, and otherwise as Latin-1, in which older programs write names
+    and units such as "µA". */
+QString decodedText(std::string_view bytes);
 
 } // namespace Monitor

@@ -2,6 +2,7 @@
 #include "monitor/input/ImportGuess.h"
 
 #include "monitor/core/Text.h"
+#include "monitor/input/CleanText.h"
 #include "monitor/input/ColumnPlan.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/TableImport.h"
@@ -170,7 +171,7 @@ QStringList namesOf(const std::string &line, char delimiter)
     splitQuoted(line, delimiter, &fields);
     QStringList names;
     for (const std::string &field : fields)
-        names.append(QString::fromStdString(field));
+        names.append(decodedText(field));
     return names;
 }
 
@@ -210,6 +211,11 @@ QString noTimeReason(const QStringList &names, bool firstIsNoTime)
         : Text::tr("no column holds the time");
 }
 
+bool isUtf16(const QByteArray &sample)
+{
+    return sample.startsWith("\xff\xfe") || sample.startsWith("\xfe\xff");
+}
+
 } // namespace
 
 ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given)
@@ -218,17 +224,27 @@ ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given
     guess.options = given;
     if (sample.startsWith("#corvale"))
         return guess;
+    if (isUtf16(sample)) {
+        guess.fault = Text::tr("its text is written in UTF-16. Save the file as UTF-8");
+        return guess;
+    }
     const std::vector<Line> lines = linesOf(sample, given);
     const bool isGiven = !given.isUsual();
     const Reading reading =
         isGiven ? readAs(lines, given.delimiter, given.decimalComma) : bestReading(lines);
     if (reading.rows == 0)
         return guess;
+    if (given.timeColumn > int(reading.columns)) {
+        guess.fault = Text::tr("column %1 is said to hold the time, but the last column is %2")
+                          .arg(given.timeColumn)
+                          .arg(reading.columns);
+        return guess;
+    }
     const bool hasHeader = reading.firstRow > 0 && given.header != ImportOptions::Header::None;
     const Line *header = hasHeader ? &lines[std::size_t(reading.firstRow) - 1] : nullptr;
     const QStringList names =
         header ? namesOf(header->text, reading.options.delimiter) : QStringList();
-    guess.header = header ? QString::fromStdString(header->text) : QString();
+    guess.header = header ? decodedText(header->text) : QString();
     if (!isGiven) {
         guess.options = reading.options;
         guess.reason = reasonFor(reading.options);
@@ -256,7 +272,7 @@ ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given
 QString ImportGuess::refusal() const
 {
     if (!isNeeded)
-        return {};
+        return fault;
     if (!lacksInterval)
         return Text::tr("%1. The option --import \"%2\" reads it").arg(reason, options.text());
     ImportOptions stated = options;

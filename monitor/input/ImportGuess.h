@@ -20,6 +20,8 @@ struct ImportGuess
         false; //!< no column holds the time, and the time between two rows is not known
     QString reason; //!< what is unusual about the file, for a person
     QString
+        fault; //!< why no option reads the file as it is, for a person; empty if there is nothing of that kind
+    QString
         header; //!< the line of names, by which files of the same program are known; empty if there is none
 
     //! Looks at the beginning of a file. What was \a given is not doubted, but for a time that is missing.

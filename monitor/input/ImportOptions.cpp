@@ -106,6 +106,23 @@ bool readItem(const QString &key, const QString &value, ImportOptions *options)
     return false;
 }
 
+//! Splits a text at the commas that are not in quotes, and takes quotes away.
+QStringList itemsOf(const QString &text)
+{
+    QStringList items(QString{});
+    bool isQuoted = false;
+    for (const QChar c : text) {
+        if (c == QLatin1Char('"'))
+            isQuoted = !isQuoted;
+        else if (c == QLatin1Char(',') && !isQuoted)
+            items.append(QString());
+        else
+            items.last().append(c);
+    }
+    items.removeAll(QString());
+    return items;
+}
+
 } // namespace
 
 QString ImportOptions::text() const
@@ -129,7 +146,8 @@ QString ImportOptions::text() const
         items +=
             clock == Clock::Local ? QStringLiteral("clock=local") : QStringLiteral("clock=utc");
     if (!format.isEmpty())
-        items += QLatin1String("format=") + format;
+        items += format.contains(QLatin1Char(',')) ? QStringLiteral("format=\"%1\"").arg(format)
+                                                   : QLatin1String("format=") + format;
     if (skippedLines > 0)
         items += QStringLiteral("skip=%1").arg(skippedLines);
     if (comment != 0)
@@ -140,7 +158,7 @@ QString ImportOptions::text() const
 bool ImportOptions::fromText(const QString &text, ImportOptions *options, QString *error)
 {
     *options = {};
-    for (const QString &item : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+    for (const QString &item : itemsOf(text)) {
         const QString key = item.section(QLatin1Char('='), 0, 0).trimmed();
         if (readItem(key, item.section(QLatin1Char('='), 1), options))
             continue;

@@ -288,7 +288,7 @@ bool LineProtocol::takeHeader()
 {
     QStringList names;
     for (const std::string_view field : m_fields)
-        names.append(cleanText(QString::fromUtf8(field.data(), int(field.size())), maxNameLength));
+        names.append(cleanText(decodedText(field), maxNameLength));
     const bool isTimed = names.first() == QLatin1String("time_s")
         && names.size() == m_metadata.channels().size() + 1;
     if (isTimed || areNamesOf(m_metadata.channels(), names))

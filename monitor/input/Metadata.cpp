@@ -37,7 +37,7 @@ Metadata::Line Metadata::wrong(Make make)
 
 Metadata::Line Metadata::take(std::string_view line)
 {
-    const QString text = QString::fromUtf8(line.data(), int(line.size())).trimmed();
+    const QString text = decodedText(line).trimmed();
     m_fault = {};
     const int space = text.indexOf(QLatin1Char(' '));
     const QString word = text.left(space);

@@ -29,8 +29,7 @@ std::string withPoint(std::string text)
 
 QString nameOf(const std::string &field)
 {
-    return cleanText(QString::fromUtf8(field.data(), int(field.size())), maxNameLength)
-        .replace(QLatin1Char(','), QLatin1Char(';'));
+    return cleanText(decodedText(field), maxNameLength).replace(QLatin1Char(','), QLatin1Char(';'));
 }
 
 std::string numberText(double number)

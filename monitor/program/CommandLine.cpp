@@ -50,8 +50,8 @@ public:
             return;
         Corvale_Qt::DetectorFault fault;
         *layout = detectorNamed(text("detector"), &fault);
-        if (!fault.isEmpty())
-            fail("detector", fault.message());
+        if (!fault.isEmpty() && m_error.isEmpty())
+            m_error = Text::tr("--detector %1: %2").arg(text("detector"), fault.message());
     }
     void range(double *low, double *high)
     {

@@ -48,6 +48,17 @@ QString conflictWithoutWindow(const CommandLine &wanted, const QCommandLineParse
     return {};
 }
 
+//! Returns why a file that is played again and again is not read to its end.
+QString conflictOfLoop(const CommandLine &wanted)
+{
+    const bool readsToEnd = wanted.task == Task::Statistics || wanted.task == Task::Check
+        || wanted.task == Task::Convert;
+    const bool ends = wanted.afterReadings > 0 || wanted.afterSeconds > 0.0;
+    return readsToEnd && wanted.file.loop && !ends
+        ? Text::tr("--loop plays a file without end; leave it out, or add --after AMOUNT")
+        : QString();
+}
+
 QString conflictOfHdf5(const CommandLine &wanted)
 {
     if (isNexusName(wanted.record.path))
@@ -73,6 +84,7 @@ QString optionConflict(const CommandLine &wanted, const QCommandLineParser &pars
                    "time")
             .arg(parser.value(QStringLiteral("from")), parser.value(QStringLiteral("to")));
     const QStringList conflicts = {conflictOfHdf5(wanted),
+                                   conflictOfLoop(wanted),
                                    conflictWithoutRecording(wanted, parser),
                                    conflictWithoutWindow(wanted, parser)};
     for (const QString &conflict : conflicts)

@@ -153,6 +153,34 @@ private Q_SLOTS:
         }
     }
 
+    void otherEncodingsAreReadOrNamed_data()
+    {
+        columns<QByteArray, QString, QString>("content", "import", "read");
+        const QByteArray latin1 = "t,str\xf6m (\xb5"
+                                  "A)\n0,1\n1,2\n";
+        const QString read = QString::fromUtf8("> ström:µA | 0: 1 | 1: 2");
+        row("Latin-1", latin1, "", read);
+        row("Latin-1 of another program", QByteArray(latin1).replace(',', ';'),
+            "delimiter=semicolon", read);
+        row("UTF-16", QByteArray("\xff\xfet\0,\0a\0\n\0", 10), "",
+            "its text is written in UTF-16. Save the file as UTF-8");
+        row("a time column that is none", QByteArray("t;a\n0;1\n1;2\n"),
+            "delimiter=semicolon,time=3",
+            "column 3 is said to hold the time, but the last column is 2");
+        row("a form of dates with a comma", QByteArray("t;a\n1.3.26, 12:00;1\n1.3.26, 12:01;2\n"),
+            "delimiter=semicolon,format=\"d.M.yy, HH:mm\",skip=0", "> a | 0: 1 | 60: 2");
+    }
+    void otherEncodingsAreReadOrNamed()
+    {
+        const QString text = readAll(file(cell<QByteArray>("content")), 100, cell("import"));
+        QCOMPARE(QString(text).replace("start channels ", "> "), cell("read"));
+        ImportOptions options, again;
+        QString error;
+        QVERIFY(ImportOptions::fromText(cell("import"), &options, &error));
+        QVERIFY(ImportOptions::fromText(options.text(), &again, &error));
+        QCOMPARE(again.text(), options.text());
+    }
+
     void optionsThatMakeNoSenseAreNamed_data()
     {
         columns<QString, QString>("text", "error");

@@ -106,6 +106,9 @@ private Q_SLOTS:
             no number                      | --speed fast a.csv | --speed fast
             negative speed                 | --speed -1 a.csv | --speed -1: it should be a number, at least 0
             range the wrong way            | --range 2,1 | --range 2,1
+            a detector that is not there   | --detector none.json | --detector none.json: No such file
+            a detector that is not known   | --detector preset:x | --detector preset:x: there are preset:strips64
+            a file without an end          | --stats a.csv --loop | add --after
             one limit                      | --range 2 | --range 2
             size                           | --size big | --size big
             view                           | --view sideways | strip, scope, histogram

@@ -97,7 +97,8 @@ private Q_SLOTS:
         columns<double, int, QString>("first", "readings", "t0");
         row("one reading", 2.0, 1, "2026-03-01T12:01:38.000Z +- 0.02");
         row("three at once", 2.0, 3, "2026-03-01T12:01:36.000Z +- 2");
-        row("times whose difference has no short decimals", 4.1, 3, "2026-03-01T12:01:33.900Z +- 2");
+        row("times whose difference has no short decimals", 4.1, 3,
+            "2026-03-01T12:01:33.900Z +- 2");
         row("a time since 1970, by a clock that is slow", 1772366495.0, 1,
             "1970-01-01T00:00:00.000Z +- 0");
         row("a time that is none", 1e300, 1, "none");

@@ -18,6 +18,7 @@ public:
         Keys,
         LineProtocol,
         Licences,
+        About,
     };
 
     explicit HelpWindow(QWidget *parent = nullptr);
@@ -27,11 +28,10 @@ public:
     void showPage(Page page);
 
 private:
+    void setPage(const QString &title, const QString &markdown);
+
     QTextBrowser *m_text;
     QString m_keys;
 };
-
-//! Shows versions, licence and where to find more.
-void showAbout(QWidget *parent);
 
 } // namespace Monitor

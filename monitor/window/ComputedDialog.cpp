@@ -84,8 +84,7 @@ QString ComputedDialog::explanation() const
         return tr(
             "There is no stream yet. Whether the expressions make sense is seen when one begins.");
     if (m_header.kind != StreamKind::Channels)
-        return tr("This stream has %1. Channels are computed from independent channels only.")
-            .arg(kindText(m_header.kind));
+        return tr("This stream has no independent channels, from which others are computed.");
     QStringList names;
     for (int i = 0; i < m_header.measured(); ++i)
         names << m_header.channels[i].name;

@@ -34,6 +34,39 @@ QString keysOf(const QMenu *menu, const QString &path)
     return rows;
 }
 
+//! Returns the keys that no menu has, and what they do where.
+QVector<QPair<QString, QString>> keysInPlaces()
+{
+    return {
+        {HelpMenu::tr("Ctrl+S"), HelpMenu::tr("in the scope: saves the readings that are shown")},
+        {HelpMenu::tr("Left, Right, Delete"),
+         HelpMenu::tr("in the scope: moves or removes the markers")},
+        {HelpMenu::tr("+, -; with Ctrl"),
+         HelpMenu::tr("in the scope: zooms time; zooms the values")},
+        {HelpMenu::tr("Left, Right, Page Up, Page Down, Up, Down"),
+         HelpMenu::tr("in the scope: moves the picture")},
+        {HelpMenu::tr("Home, End"),
+         HelpMenu::tr("in the scope: the oldest readings, the newest ones")},
+        {HelpMenu::tr("Backspace"), HelpMenu::tr("in the scope: what was shown before")},
+        {HelpMenu::tr("1, 2"), HelpMenu::tr("in the scope: places the markers")},
+        {HelpMenu::tr("Ctrl+C"), HelpMenu::tr("in the scope: copies what the markers read")},
+        {HelpMenu::tr("Enter"), HelpMenu::tr("in the values: shows or hides the channel")},
+        {HelpMenu::tr("Enter"), HelpMenu::tr("on the time line: plays or pauses the tape")},
+        {HelpMenu::tr("Left, Right; with Shift"),
+         HelpMenu::tr("on the time line: 1 % or 10 % of the tape back or on")},
+        {HelpMenu::tr("Page Up, Page Down"),
+         HelpMenu::tr("on the time line: the event or gap before or after")},
+        {HelpMenu::tr("comma, period"),
+         HelpMenu::tr("on the time line: one reading back or on, and pauses")},
+        {HelpMenu::tr("[, ], Backspace"),
+         HelpMenu::tr("on the time line: repeats from here, up to here, nothing")},
+        {HelpMenu::tr("Page Up, Page Down"),
+         HelpMenu::tr("in the spot map: goes through the layers")},
+        {HelpMenu::tr("Ctrl+Shift+O"),
+         HelpMenu::tr("moves a display into a separate window, or back")},
+    };
+}
+
 } // namespace
 
 QString keysPage(const QMenuBar *bar)
@@ -43,17 +76,7 @@ QString keysPage(const QMenuBar *bar)
     for (const QAction *action : bar->actions())
         if (action->menu())
             page += keysOf(action->menu(), plain(action->text()));
-    const QVector<QPair<QString, QString>> others = {
-        {HelpMenu::tr("Ctrl+S"), HelpMenu::tr("in the scope: saves the readings that are shown")},
-        {HelpMenu::tr("Left, Right, Delete"),
-         HelpMenu::tr("in the scope: moves or removes the markers")},
-        {HelpMenu::tr("Enter"), HelpMenu::tr("in the values: shows or hides the channel")},
-        {HelpMenu::tr("Page Up, Page Down"),
-         HelpMenu::tr("in the spot map: goes through the layers")},
-        {HelpMenu::tr("Ctrl+Shift+O"),
-         HelpMenu::tr("moves a display into a separate window, or back")},
-    };
-    for (const auto &other : others)
+    for (const auto &other : keysInPlaces())
         page += row(other.first, other.second);
     return page;
 }
@@ -68,10 +91,7 @@ HelpMenu::HelpMenu(QMenuBar *bar, QWidget *window)
     addPage(tr("&Line protocol"), HelpWindow::Page::LineProtocol);
     addPage(tr("L&icences"), HelpWindow::Page::Licences);
     addSeparator();
-    QAction *about = addAction(tr("&About"), this, [this] {
-        showAbout(m_window);
-    });
-    about->setObjectName(QStringLiteral("about"));
+    addPage(tr("&About"), HelpWindow::Page::About);
 }
 
 void HelpMenu::addPage(const QString &text, HelpWindow::Page page, const QKeySequence &keys)

@@ -36,9 +36,11 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
     , m_fault(new QLabel(this))
 {
     setWindowTitle(tr("Limits"));
-    auto *explanation = new QLabel(tr("Readings beyond a limit are a warning or an alarm. An empty "
-                                      "cell means no limit. Numbers have a decimal point."),
-                                   this);
+    const QString text = header.channels.isEmpty()
+        ? tr("Limits are set for the channels of a stream, and there are none yet.")
+        : tr("Readings beyond a limit are a warning or an alarm. An empty cell means no limit. "
+             "Numbers have a decimal point.");
+    auto *explanation = new QLabel(text, this);
     explanation->setWordWrap(true);
     m_fault->setTextFormat(Qt::PlainText);
     m_fault->setWordWrap(true);

@@ -131,8 +131,12 @@ void SourceTest::endIfSilent()
 {
     if (!m_source || m_clock.seconds() - m_startedAt < patience)
         return;
-    if (m_readings.isEmpty())
-        end(tr("Nothing could be read within %1 s. %2").arg(patience).arg(m_source->remedy()));
+    if (m_readings.isEmpty() && !m_bytes.isEmpty())
+        end(tr("Something arrived, but nothing of it could be read within %1 s. The source must "
+               "send lines of numbers; see Help > Line protocol.")
+                .arg(patience));
+    else if (m_readings.isEmpty())
+        end(tr("Nothing arrived within %1 s. %2").arg(patience).arg(m_source->remedy()));
     else
         end(Text::counted("The source works. It sent only %n reading(s) within %1 s.",
                           nullptr,

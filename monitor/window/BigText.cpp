@@ -74,7 +74,7 @@ QRect BigText::room() const
     return rect().adjusted(Look::gap, Look::gap, -Look::gap, -Look::gap);
 }
 
-//! Returns the largest pixel size of the font at which all lines fit.
+//! Returns the largest pixel size of the font at which all lines fit; a title that is too wide for it becomes smaller alone.
 int BigText::fittingPixels(const QStringList &lines) const
 {
     constexpr int tried = 100;
@@ -83,7 +83,8 @@ int BigText::fittingPixels(const QStringList &lines) const
     for (int i = 0; i < lines.size(); ++i) {
         const QFontMetricsF metrics(fontOf(font(), tried * scaleOf(i)));
         height += metrics.height();
-        widest = std::max(widest, metrics.horizontalAdvance(lines.at(i)));
+        if (i > 0)
+            widest = std::max(widest, metrics.horizontalAdvance(lines.at(i)));
     }
     const QRect free = room();
     return height > 0.0 ? int(tried * std::min(free.height() / height, free.width() / widest)) : 1;
@@ -111,8 +112,11 @@ void BigText::paintEvent(QPaintEvent *)
     const QStringList lines = drawn(m_lines, m_broken);
     double top = free.top();
     for (int i = 0; i < lines.size(); ++i) {
-        painter.setFont(fontOf(font(), m_pixels * scaleOf(i)));
-        const double height = QFontMetricsF(painter.font()).height();
+        const QFontMetricsF metrics(fontOf(font(), m_pixels * scaleOf(i)));
+        const double width = std::max(metrics.horizontalAdvance(lines.at(i)), 1.0);
+        const double shrunk = std::min(1.0, free.width() / width);
+        painter.setFont(fontOf(font(), m_pixels * scaleOf(i) * shrunk));
+        const double height = metrics.height();
         painter.drawText(QRectF(free.left(), top, free.width(), height),
                          Qt::AlignCenter,
                          lines.at(i));

@@ -5,7 +5,7 @@
 
 namespace Monitor {
 
-/*! Lines of text, all in the largest font in which they fit. The first line is a title and half as large.
+/*! Lines of text, all in the largest font in which they fit. The first line is a title and half as large, or as large as its width lets it be.
 
     A tab is where a line may be broken; all of them are if the text can be larger then. The size stays while numbers
     change, unless they no longer fit or could be a quarter larger. */

@@ -229,8 +229,12 @@ private Q_SLOTS:
         }
         QVERIFY2(highest * perPixel >= metres, qPrintable(QString::number(highest * perPixel)));
 
-        // Other figures do not change the size, and a longer number is not cut.
+        // Other figures do not change the size, and a longer number is not cut. A long title takes nothing from them.
         const int before = text.pixelSize();
+        QStringList titled = lines;
+        titled[0] += " SIMULATED, BACKGROUND SUBTRACTED";
+        text.setLines(titled);
+        QCOMPARE(text.pixelSize(), before);
         QStringList others = lines;
         text.setLines(others.replaceInStrings("4", "1"));
         QCOMPARE(text.pixelSize(), before);

@@ -229,6 +229,9 @@ public:
         what the model asks for, both as a number and as a width; 0 leaves the decision to the model. 1 counts as 2,
         because one sample has no width. Ignores a negative number. */
     void setSampleSpan(int samples);
+    /*! Returns the number of samples in a sweep: sampleSpan(), what the model asks for, or else what the view chose from the number of
+        samples that came at once. ScopeMode draws nothing before the first sweep is complete. */
+    int sweepLength() const;
     //! Returns whether the strip chart shows no time before its first sample.
     bool beginsAtFirst() const;
     /*! Sets whether the strip chart shows no time before its first sample. While there are fewer samples than the chart has

@@ -133,6 +133,12 @@ std::pair<double, double> RVXScopePlotView::shownTimes() const
     return {origin + shown.minValue(), origin + shown.maxValue()};
 }
 
+int RVXScopePlotView::sweepLength() const
+{
+    Q_D(const RVXScopePlotView);
+    return d->context.sweep.length();
+}
+
 int RVXScopePlotView::sampleSpan() const
 {
     Q_D(const RVXScopePlotView);

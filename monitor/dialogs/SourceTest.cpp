@@ -79,6 +79,7 @@ void SourceTest::start(const QString &text, const FileSource::Options &options)
             m_refused = line.phrase();
     });
     m_startedAt = m_clock.seconds();
+    m_source->setReconnecting(false); // what it says of its end would promise another try
     m_source->start();
     Q_EMIT changed();
 }
@@ -116,14 +117,15 @@ void SourceTest::takeState(Source::State state, const QString &text)
     if (state == State::Failed || state == State::Retrying)
         end(QStringLiteral("%1. %2").arg(text, m_source->remedy()));
     else if (state == State::Finished)
-        end(m_readings.isEmpty() ? emptyText() : tr("The source works."));
+        end(m_readings.isEmpty() ? emptyText(text) : tr("The source works."));
 }
 
-//! Returns why the source ended without a reading, or what to check if it does not say.
-QString SourceTest::emptyText() const
+//! Returns why the source ended without a reading, or how it \a ended and what to check if it does not say why.
+QString SourceTest::emptyText(const QString &ended) const
 {
     const QString why = m_source->emptyReason();
-    return why.isEmpty() ? tr("It contains no readings. %1").arg(m_source->remedy())
+    const QString what = ended.isEmpty() ? tr("It contains no readings") : ended;
+    return why.isEmpty() ? QStringLiteral("%1. %2").arg(what, m_source->remedy())
                          : tr("It contains no readings: %1.").arg(why);
 }
 

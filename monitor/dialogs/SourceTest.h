@@ -41,7 +41,7 @@ private:
     void takeHeader(const StreamHeader &header);
     void takeReadings(const ReadingBlock &readings);
     void takeState(Source::State state, const QString &text);
-    QString emptyText() const;
+    QString emptyText(const QString &ended) const;
     void endIfSilent();
     void end(const QString &result);
 

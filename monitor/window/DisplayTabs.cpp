@@ -7,6 +7,7 @@
 #include "monitor/window/Baseline.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/StateBadge.h"
+#include "monitor/window/SweepNotice.h"
 #include "monitor/window/Symbols.h"
 #include <corvale_qt/beam/spots/SpotMapView.h>
 #include <corvale_qt/beam/spots/SpotMapWidget.h>
@@ -78,6 +79,7 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
     letOperatorMove(*m_scope);
     giveSymbols(m_scope);
     m_scope->setConfirmClear(true);
+    m_sweepNotice = new SweepNotice(*m_scope);
     connect(m_scope->plotView(),
             &RVXScopePlotView::valueUnitChanged,
             m_profile,
@@ -112,7 +114,8 @@ DisplayTabs::DisplayTabs(Session &session, QWidget *parent)
 
 DisplayTabs::~DisplayTabs()
 {
-    delete m_baseline; // it hears of the scope, which goes later
+    delete m_sweepNotice;
+    delete m_baseline; // both hear of the scope, which goes later
 }
 
 //! Subtracts on the other displays what the scope subtracts, and says so beside their numbers.

@@ -31,6 +31,7 @@ public:
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
     Baseline *baseline() const { return m_baseline; }
+    QWidget *m_sweepNotice = nullptr;
     SpanControl *spanControl() const { return m_span; }
     Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
     //! Returns the display that the operator works with: the one in the active window, else the one in the front tab.

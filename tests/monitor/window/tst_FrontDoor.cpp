@@ -523,6 +523,34 @@ private Q_SLOTS:
         QVERIFY(!w.action("undoClear")->isEnabled());
     }
 
+    //! A slow instrument's sweep takes minutes, and an empty chart must not look as if nothing came.
+    void theFirstSweepIsWaitedFor()
+    {
+        SmallWindow w(file("sweep.xui"));
+        w.source->begin(StreamKind::Channels, 1);
+        Corvale_Qt::RVXScope *scope = w.window.displays().scope();
+        scope->setPlotMode(Corvale_Qt::RVXScope::ScopeMode);
+        const auto *notice = w.window.findChild<QLabel *>("sweepNotice");
+        const int length = scope->plotView()->sweepLength();
+        QStringList told;
+        for (int i = 0; i < length; ++i) {
+            w.source->give(double(i), {1.0});
+            w.settle();
+            if (i == 2 || i == length - 2)
+                told += notice->text().section(": ", 1);
+        }
+        QCOMPARE(told.join('|'),
+                 QString("3 of %1 readings|%2 of %1 readings").arg(length).arg(length - 1));
+        QVERIFY(length > 100 && notice->isHidden());
+        scope->clear();
+        QVERIFY(notice->isHidden()); // and nothing is said of no readings
+        w.source->give(1e4, {1.0});
+        w.settle();
+        QVERIFY(!notice->isHidden());
+        scope->setPlotMode(Corvale_Qt::RVXScope::StripMode);
+        QVERIFY(notice->isHidden());
+    }
+
     void theZeroReachesEveryDisplay()
     {
         SmallWindow w(file("zero.xui"));

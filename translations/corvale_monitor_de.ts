@@ -236,10 +236,6 @@
         <translation>Noch gibt es keinen Datenstrom. Ob die Ausdrücke passen, zeigt sich, wenn einer beginnt.</translation>
     </message>
     <message>
-        <source>This stream has %1. Channels are computed from independent channels only.</source>
-        <translation>Dieser Datenstrom hat %1. Kanäle werden nur aus unabhängigen Kanälen berechnet.</translation>
-    </message>
-    <message>
         <source>The stream has %1. An expression is like (A - B) / (A + B), avg(A, B) or fit_position([left plate] .. D).</source>
         <translation>Der Datenstrom hat %1. Ein Ausdruck ist etwa (A - B) / (A + B), avg(A, B) oder fit_position([left plate] .. D).</translation>
     </message>
@@ -286,6 +282,10 @@
     <message>
         <source>a name or a unit cannot have the signs =, [ and ]</source>
         <translation>Namen und Einheiten dürfen die Zeichen =, [ und ] nicht enthalten</translation>
+    </message>
+    <message>
+        <source>This stream has no independent channels, from which others are computed.</source>
+        <translation>Dieser Datenstrom hat keine unabhängigen Kanäle, aus denen andere berechnet werden.</translation>
     </message>
 </context>
 <context>
@@ -559,6 +559,10 @@
         <source>Check the path and whether this user may read the file.</source>
         <translation>Pfad prüfen und ob dieser Benutzer die Datei lesen darf.</translation>
     </message>
+    <message>
+        <source>nothing of the file can be read</source>
+        <translation>nichts in der Datei ist lesbar</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::FirstHint</name>
@@ -668,11 +672,92 @@ Alt und der unterstrichene Buchstabe öffnen ein Menü.
         <source>&amp;About</source>
         <translation>Ü&amp;ber</translation>
     </message>
+    <message>
+        <source>+, -; with Ctrl</source>
+        <translation>+, -; mit Strg</translation>
+    </message>
+    <message>
+        <source>in the scope: zooms time; zooms the values</source>
+        <translation>im Scope: zoomt die Zeit; zoomt die Werte</translation>
+    </message>
+    <message>
+        <source>Left, Right, Page Up, Page Down, Up, Down</source>
+        <translation>Links, Rechts, Bild auf, Bild ab, Auf, Ab</translation>
+    </message>
+    <message>
+        <source>in the scope: moves the picture</source>
+        <translation>im Scope: verschiebt das Bild</translation>
+    </message>
+    <message>
+        <source>Home, End</source>
+        <translation>Pos1, Ende</translation>
+    </message>
+    <message>
+        <source>in the scope: the oldest readings, the newest ones</source>
+        <translation>im Scope: die ältesten Messwerte, die neuesten</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>in the scope: what was shown before</source>
+        <translation>im Scope: was vorher zu sehen war</translation>
+    </message>
+    <message>
+        <source>1, 2</source>
+        <translation>1, 2</translation>
+    </message>
+    <message>
+        <source>in the scope: places the markers</source>
+        <translation>im Scope: setzt die Marken</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Strg+C</translation>
+    </message>
+    <message>
+        <source>in the scope: copies what the markers read</source>
+        <translation>im Scope: kopiert, was die Marken messen</translation>
+    </message>
+    <message>
+        <source>on the time line: plays or pauses the tape</source>
+        <translation>auf der Zeitleiste: spielt das Band ab oder hält es an</translation>
+    </message>
+    <message>
+        <source>Left, Right; with Shift</source>
+        <translation>Links, Rechts; mit Umschalt</translation>
+    </message>
+    <message>
+        <source>on the time line: 1 % or 10 % of the tape back or on</source>
+        <translation>auf der Zeitleiste: 1 % oder 10 % des Bandes zurück oder vor</translation>
+    </message>
+    <message>
+        <source>on the time line: the event or gap before or after</source>
+        <translation>auf der Zeitleiste: das Ereignis oder die Lücke davor oder danach</translation>
+    </message>
+    <message>
+        <source>comma, period</source>
+        <translation>Komma, Punkt</translation>
+    </message>
+    <message>
+        <source>on the time line: one reading back or on, and pauses</source>
+        <translation>auf der Zeitleiste: einen Messwert zurück oder vor, und hält an</translation>
+    </message>
+    <message>
+        <source>[, ], Backspace</source>
+        <translation>[, ], Rücktaste</translation>
+    </message>
+    <message>
+        <source>on the time line: repeats from here, up to here, nothing</source>
+        <translation>auf der Zeitleiste: wiederholt ab hier, bis hier, nichts</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::HelpWindow</name>
     <message>
         <source>First steps</source>
+        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
         <translation>Erste Schritte</translation>
     </message>
     <message>
@@ -688,25 +773,32 @@ Alt und der unterstrichene Buchstabe öffnen ein Menü.
         <translation>Lizenzen</translation>
     </message>
     <message>
-        <source>Corvale Monitor %1 shows the readings of instruments that measure beams of charged particles.
-
-Library corvale_qt %2, Qt %3, Qwt %4, %5.
-
-Free software under LGPL-2.1-or-later, as are Qt and Qwt (LGPL); Boost: Boost Software License; icons of the panel: Material Design Icons (OFL, Apache). Help &gt; Licences has the text.</source>
-        <translation>Corvale Monitor %1 zeigt die Messwerte von Geräten, die Strahlen geladener Teilchen messen.
-
-Bibliothek corvale_qt %2, Qt %3, Qwt %4, %5.
-
-Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost Software License; Symbole des Bedienfelds: Material Design Icons (OFL, Apache). Hilfe &gt; Lizenzen enthält den Text.</translation>
-    </message>
-    <message>
         <source>About Corvale Monitor</source>
         <translation>Über Corvale Monitor</translation>
     </message>
     <message>
         <source>first-steps.md</source>
-        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
         <translation>first-steps.de.md</translation>
+    </message>
+    <message>
+        <source># Corvale Monitor %1
+
+Shows the readings of instruments that measure beams of charged particles.
+
+Free software under LGPL-2.1-or-later; *Help &gt; Licences* has the text. It runs on %2.</source>
+        <translation># Corvale Monitor %1
+
+Zeigt die Messwerte von Geräten, die Strahlen geladener Teilchen messen.
+
+Freie Software unter LGPL-2.1-or-later; *Hilfe &gt; Lizenzen* enthält den Text. Das Programm läuft auf %2.</translation>
+    </message>
+    <message>
+        <source>| part | version | licence |
+|---|---|---|
+</source>
+        <translation>| Bestandteil | Version | Lizenz |
+|---|---|---|
+</translation>
     </message>
 </context>
 <context>
@@ -1008,6 +1100,10 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>Readings beyond a limit are a warning or an alarm. An empty cell means no limit. Numbers have a decimal point.</source>
         <translation>Messwerte jenseits eines Grenzwerts sind eine Warnung oder ein Alarm. Eine leere Zelle heißt kein Grenzwert. Zahlen haben einen Dezimalpunkt.</translation>
+    </message>
+    <message>
+        <source>Limits are set for the channels of a stream, and there are none yet.</source>
+        <translation>Grenzwerte gelten für die Kanäle eines Datenstroms, und noch gibt es keine.</translation>
     </message>
 </context>
 <context>
@@ -1894,16 +1990,8 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
         <translation>Die Quelle funktioniert.</translation>
     </message>
     <message>
-        <source>Nothing could be read within %1 s. %2</source>
-        <translation>Innerhalb von %1 s war nichts lesbar. %2</translation>
-    </message>
-    <message>
         <source>First lines:</source>
         <translation>Erste Zeilen:</translation>
-    </message>
-    <message>
-        <source>It contains no readings. %1</source>
-        <translation>Sie enthält keine Messwerte. %1</translation>
     </message>
     <message>
         <source>It contains no readings: %1.</source>
@@ -1912,6 +2000,18 @@ Freie Software unter LGPL-2.1-or-later, wie auch Qt und Qwt (LGPL); Boost: Boost
     <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>Einige Zeilen sind unbrauchbar; die erste ist %1</translation>
+    </message>
+    <message>
+        <source>It contains no readings</source>
+        <translation>Sie enthält keine Messwerte</translation>
+    </message>
+    <message>
+        <source>Something arrived, but nothing of it could be read within %1 s. The source must send lines of numbers; see Help &gt; Line protocol.</source>
+        <translation>Es kam etwas an, aber innerhalb von %1 s war nichts davon lesbar. Die Quelle muss Zeilen mit Zahlen senden; siehe Hilfe &gt; Zeilenprotokoll.</translation>
+    </message>
+    <message>
+        <source>Nothing arrived within %1 s. %2</source>
+        <translation>Innerhalb von %1 s kam nichts an. %2</translation>
     </message>
 </context>
 <context>
@@ -1975,6 +2075,13 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>standard input: what follows image %1 cannot be read</source>
         <translation>Standardeingabe: was auf Bild %1 folgt, ist nicht lesbar</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SweepNotice</name>
+    <message>
+        <source>The first sweep is shown when it is complete: %1 of %2 readings</source>
+        <translation>Der erste Durchlauf wird gezeigt, wenn er vollständig ist: %1 von %2 Messwerten</translation>
     </message>
 </context>
 <context>
@@ -3164,6 +3271,14 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
     <message>
         <source>the other side closed the connection</source>
         <translation>die Gegenseite hat die Verbindung geschlossen</translation>
+    </message>
+    <message>
+        <source>its text is written in UTF-16. Save the file as UTF-8</source>
+        <translation>sein Text ist in UTF-16 geschrieben. Die Datei als UTF-8 speichern</translation>
+    </message>
+    <message>
+        <source>column %1 is said to hold the time, but the last column is %2</source>
+        <translation>Spalte %1 soll die Zeit enthalten, aber die letzte Spalte ist %2</translation>
     </message>
 </context>
 <context>

@@ -236,10 +236,6 @@
         <translation>Il n&apos;y a pas encore de flux. La validité des expressions apparaîtra quand il y en aura un.</translation>
     </message>
     <message>
-        <source>This stream has %1. Channels are computed from independent channels only.</source>
-        <translation>Ce flux contient %1. Des canaux ne sont calculés qu&apos;à partir de canaux indépendants.</translation>
-    </message>
-    <message>
         <source>The stream has %1. An expression is like (A - B) / (A + B), avg(A, B) or fit_position([left plate] .. D).</source>
         <translation>Le flux contient %1. Une expression s&apos;écrit par exemple (A - B) / (A + B), avg(A, B) ou fit_position([left plate] .. D).</translation>
     </message>
@@ -286,6 +282,10 @@
     <message>
         <source>a name or a unit cannot have the signs =, [ and ]</source>
         <translation>un nom ou une unité ne peut pas contenir les signes =, [ et ]</translation>
+    </message>
+    <message>
+        <source>This stream has no independent channels, from which others are computed.</source>
+        <translation>Ce flux n'a pas de canaux indépendants à partir desquels d'autres sont calculés.</translation>
     </message>
 </context>
 <context>
@@ -559,6 +559,10 @@
         <source>Check the path and whether this user may read the file.</source>
         <translation>Vérifier le chemin et le droit de lecture de cet utilisateur.</translation>
     </message>
+    <message>
+        <source>nothing of the file can be read</source>
+        <translation>rien dans le fichier n'est lisible</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::FirstHint</name>
@@ -668,11 +672,92 @@ Alt et la lettre soulignée ouvrent un menu.
         <source>&amp;About</source>
         <translation>À &amp;propos</translation>
     </message>
+    <message>
+        <source>+, -; with Ctrl</source>
+        <translation>+, -; avec Ctrl</translation>
+    </message>
+    <message>
+        <source>in the scope: zooms time; zooms the values</source>
+        <translation>dans l'oscilloscope : zoome le temps ; zoome les valeurs</translation>
+    </message>
+    <message>
+        <source>Left, Right, Page Up, Page Down, Up, Down</source>
+        <translation>Gauche, Droite, Page haut, Page bas, Haut, Bas</translation>
+    </message>
+    <message>
+        <source>in the scope: moves the picture</source>
+        <translation>dans l'oscilloscope : déplace l'image</translation>
+    </message>
+    <message>
+        <source>Home, End</source>
+        <translation>Début, Fin</translation>
+    </message>
+    <message>
+        <source>in the scope: the oldest readings, the newest ones</source>
+        <translation>dans l'oscilloscope : les mesures les plus anciennes, les plus récentes</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Retour arrière</translation>
+    </message>
+    <message>
+        <source>in the scope: what was shown before</source>
+        <translation>dans l'oscilloscope : ce qui était affiché avant</translation>
+    </message>
+    <message>
+        <source>1, 2</source>
+        <translation>1, 2</translation>
+    </message>
+    <message>
+        <source>in the scope: places the markers</source>
+        <translation>dans l'oscilloscope : place les marqueurs</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>in the scope: copies what the markers read</source>
+        <translation>dans l'oscilloscope : copie ce que lisent les marqueurs</translation>
+    </message>
+    <message>
+        <source>on the time line: plays or pauses the tape</source>
+        <translation>sur la ligne de temps : lance la lecture ou la met en pause</translation>
+    </message>
+    <message>
+        <source>Left, Right; with Shift</source>
+        <translation>Gauche, Droite ; avec Maj</translation>
+    </message>
+    <message>
+        <source>on the time line: 1 % or 10 % of the tape back or on</source>
+        <translation>sur la ligne de temps : 1 % ou 10 % de l'enregistrement en arrière ou en avant</translation>
+    </message>
+    <message>
+        <source>on the time line: the event or gap before or after</source>
+        <translation>sur la ligne de temps : l'événement ou la lacune d'avant ou d'après</translation>
+    </message>
+    <message>
+        <source>comma, period</source>
+        <translation>virgule, point</translation>
+    </message>
+    <message>
+        <source>on the time line: one reading back or on, and pauses</source>
+        <translation>sur la ligne de temps : une mesure en arrière ou en avant, et met en pause</translation>
+    </message>
+    <message>
+        <source>[, ], Backspace</source>
+        <translation>[, ], Retour arrière</translation>
+    </message>
+    <message>
+        <source>on the time line: repeats from here, up to here, nothing</source>
+        <translation>sur la ligne de temps : répète à partir d'ici, jusqu'ici, rien</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::HelpWindow</name>
     <message>
         <source>First steps</source>
+        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
         <translation>Premiers pas</translation>
     </message>
     <message>
@@ -688,25 +773,32 @@ Alt et la lettre soulignée ouvrent un menu.
         <translation>Licences</translation>
     </message>
     <message>
-        <source>Corvale Monitor %1 shows the readings of instruments that measure beams of charged particles.
-
-Library corvale_qt %2, Qt %3, Qwt %4, %5.
-
-Free software under LGPL-2.1-or-later, as are Qt and Qwt (LGPL); Boost: Boost Software License; icons of the panel: Material Design Icons (OFL, Apache). Help &gt; Licences has the text.</source>
-        <translation>Corvale Monitor %1 montre les mesures d&apos;instruments de diagnostic de faisceaux de particules chargées.
-
-Bibliothèque corvale_qt %2, Qt %3, Qwt %4, %5.
-
-Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;: Boost Software License&#xa0;; icônes du panneau&#xa0;: Material Design Icons (OFL, Apache). Aide &gt; Licences contient le texte.</translation>
-    </message>
-    <message>
         <source>About Corvale Monitor</source>
         <translation>À propos de Corvale Monitor</translation>
     </message>
     <message>
         <source>first-steps.md</source>
-        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
         <translation>first-steps.fr.md</translation>
+    </message>
+    <message>
+        <source># Corvale Monitor %1
+
+Shows the readings of instruments that measure beams of charged particles.
+
+Free software under LGPL-2.1-or-later; *Help &gt; Licences* has the text. It runs on %2.</source>
+        <translation># Corvale Monitor %1
+
+Affiche les mesures d'instruments qui mesurent des faisceaux de particules chargées.
+
+Logiciel libre sous LGPL-2.1-or-later ; *Aide &gt; Licences* en donne le texte. Il fonctionne sous %2.</translation>
+    </message>
+    <message>
+        <source>| part | version | licence |
+|---|---|---|
+</source>
+        <translation>| composant | version | licence |
+|---|---|---|
+</translation>
     </message>
 </context>
 <context>
@@ -1008,6 +1100,10 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>Readings beyond a limit are a warning or an alarm. An empty cell means no limit. Numbers have a decimal point.</source>
         <translation>Les mesures au-delà d&apos;une limite donnent une alerte ou une alarme. Une case vide signifie pas de limite. Les nombres ont un point décimal.</translation>
+    </message>
+    <message>
+        <source>Limits are set for the channels of a stream, and there are none yet.</source>
+        <translation>Les limites se règlent pour les canaux d'un flux, et il n'y en a pas encore.</translation>
     </message>
 </context>
 <context>
@@ -1894,16 +1990,8 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
         <translation>La source fonctionne.</translation>
     </message>
     <message>
-        <source>Nothing could be read within %1 s. %2</source>
-        <translation>Rien n&apos;a pu être lu en %1 s. %2</translation>
-    </message>
-    <message>
         <source>First lines:</source>
         <translation>Premières lignes&#xa0;:</translation>
-    </message>
-    <message>
-        <source>It contains no readings. %1</source>
-        <translation>Elle ne contient aucune mesure. %1</translation>
     </message>
     <message>
         <source>It contains no readings: %1.</source>
@@ -1912,6 +2000,18 @@ Logiciel libre sous LGPL-2.1-or-later, comme Qt et Qwt (LGPL)&#xa0;; Boost&#xa0;
     <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>Certaines lignes sont inutilisables&#xa0;; la première est %1</translation>
+    </message>
+    <message>
+        <source>It contains no readings</source>
+        <translation>Elle ne contient aucune mesure</translation>
+    </message>
+    <message>
+        <source>Something arrived, but nothing of it could be read within %1 s. The source must send lines of numbers; see Help &gt; Line protocol.</source>
+        <translation>Quelque chose est arrivé, mais rien n'a pu être lu en %1 s. La source doit envoyer des lignes de nombres ; voir Aide &gt; Protocole de lignes.</translation>
+    </message>
+    <message>
+        <source>Nothing arrived within %1 s. %2</source>
+        <translation>Rien n'est arrivé en %1 s. %2</translation>
     </message>
 </context>
 <context>
@@ -1975,6 +2075,13 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>standard input: what follows image %1 cannot be read</source>
         <translation>entrée standard&#xa0;: ce qui suit l&apos;image %1 est illisible</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SweepNotice</name>
+    <message>
+        <source>The first sweep is shown when it is complete: %1 of %2 readings</source>
+        <translation>Le premier balayage s'affiche quand il est complet : %1 mesures sur %2</translation>
     </message>
 </context>
 <context>
@@ -3164,6 +3271,14 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <message>
         <source>the other side closed the connection</source>
         <translation>l&apos;autre côté a fermé la connexion</translation>
+    </message>
+    <message>
+        <source>its text is written in UTF-16. Save the file as UTF-8</source>
+        <translation>son texte est en UTF-16. Enregistrez le fichier en UTF-8</translation>
+    </message>
+    <message>
+        <source>column %1 is said to hold the time, but the last column is %2</source>
+        <translation>la colonne %1 devrait contenir le temps, mais la dernière colonne est la %2</translation>
     </message>
 </context>
 <context>

@@ -236,10 +236,6 @@
         <translation>まだデータがありません。式が正しいかどうかは、データが始まったときにわかります。</translation>
     </message>
     <message>
-        <source>This stream has %1. Channels are computed from independent channels only.</source>
-        <translation>このデータは %1 です。計算できるのは独立したチャンネルからだけです。</translation>
-    </message>
-    <message>
         <source>The stream has %1. An expression is like (A - B) / (A + B), avg(A, B) or fit_position([left plate] .. D).</source>
         <translation>データのチャンネルは %1 です。式の例: (A - B) / (A + B)、avg(A, B)、fit_position([left plate] .. D)。</translation>
     </message>
@@ -286,6 +282,10 @@
     <message>
         <source>a name or a unit cannot have the signs =, [ and ]</source>
         <translation>名前と単位に記号 =、[、] は使えません</translation>
+    </message>
+    <message>
+        <source>This stream has no independent channels, from which others are computed.</source>
+        <translation>このストリームには、計算の元になる独立したチャンネルがありません。</translation>
     </message>
 </context>
 <context>
@@ -559,6 +559,10 @@
         <source>Check the path and whether this user may read the file.</source>
         <translation>パスと、このユーザーの読み取り権限を確認してください。</translation>
     </message>
+    <message>
+        <source>nothing of the file can be read</source>
+        <translation>ファイルの内容をまったく読み取れません</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::FirstHint</name>
@@ -668,11 +672,92 @@ Alt と下線付きの文字でメニューを開きます。
         <source>&amp;About</source>
         <translation>このプログラムについて(&amp;A)</translation>
     </message>
+    <message>
+        <source>+, -; with Ctrl</source>
+        <translation>+、-、Ctrl と併用</translation>
+    </message>
+    <message>
+        <source>in the scope: zooms time; zooms the values</source>
+        <translation>スコープで: 時間を拡大縮小、値を拡大縮小</translation>
+    </message>
+    <message>
+        <source>Left, Right, Page Up, Page Down, Up, Down</source>
+        <translation>左、右、Page Up、Page Down、上、下</translation>
+    </message>
+    <message>
+        <source>in the scope: moves the picture</source>
+        <translation>スコープで: 表示範囲を移動</translation>
+    </message>
+    <message>
+        <source>Home, End</source>
+        <translation>Home、End</translation>
+    </message>
+    <message>
+        <source>in the scope: the oldest readings, the newest ones</source>
+        <translation>スコープで: 最も古い測定値、最新の測定値</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Backspace</translation>
+    </message>
+    <message>
+        <source>in the scope: what was shown before</source>
+        <translation>スコープで: 前の表示に戻る</translation>
+    </message>
+    <message>
+        <source>1, 2</source>
+        <translation>1、2</translation>
+    </message>
+    <message>
+        <source>in the scope: places the markers</source>
+        <translation>スコープで: マーカーを置く</translation>
+    </message>
+    <message>
+        <source>Ctrl+C</source>
+        <translation>Ctrl+C</translation>
+    </message>
+    <message>
+        <source>in the scope: copies what the markers read</source>
+        <translation>スコープで: マーカーの読みをコピー</translation>
+    </message>
+    <message>
+        <source>on the time line: plays or pauses the tape</source>
+        <translation>タイムライン上で: テープを再生または一時停止</translation>
+    </message>
+    <message>
+        <source>Left, Right; with Shift</source>
+        <translation>左、右、Shift と併用</translation>
+    </message>
+    <message>
+        <source>on the time line: 1 % or 10 % of the tape back or on</source>
+        <translation>タイムライン上で: テープの 1 % または 10 % だけ前後に移動</translation>
+    </message>
+    <message>
+        <source>on the time line: the event or gap before or after</source>
+        <translation>タイムライン上で: 前後のイベントまたは欠落</translation>
+    </message>
+    <message>
+        <source>comma, period</source>
+        <translation>コンマ、ピリオド</translation>
+    </message>
+    <message>
+        <source>on the time line: one reading back or on, and pauses</source>
+        <translation>タイムライン上で: 測定値を一つ前後に移動して一時停止</translation>
+    </message>
+    <message>
+        <source>[, ], Backspace</source>
+        <translation>[、]、Backspace</translation>
+    </message>
+    <message>
+        <source>on the time line: repeats from here, up to here, nothing</source>
+        <translation>タイムライン上で: ここから繰り返す、ここまで繰り返す、繰り返さない</translation>
+    </message>
 </context>
 <context>
     <name>Monitor::HelpWindow</name>
     <message>
         <source>First steps</source>
+        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
         <translation>はじめに</translation>
     </message>
     <message>
@@ -688,25 +773,32 @@ Alt と下線付きの文字でメニューを開きます。
         <translation>ライセンス</translation>
     </message>
     <message>
-        <source>Corvale Monitor %1 shows the readings of instruments that measure beams of charged particles.
-
-Library corvale_qt %2, Qt %3, Qwt %4, %5.
-
-Free software under LGPL-2.1-or-later, as are Qt and Qwt (LGPL); Boost: Boost Software License; icons of the panel: Material Design Icons (OFL, Apache). Help &gt; Licences has the text.</source>
-        <translation>Corvale Monitor %1 は荷電粒子ビームを測定する装置の測定値を表示します。
-
-ライブラリ corvale_qt %2、Qt %3、Qwt %4、%5。
-
-LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boost は Boost Software License、パネルのアイコンは Material Design Icons (OFL、Apache) です。全文は「ヘルプ &gt; ライセンス」にあります。</translation>
-    </message>
-    <message>
         <source>About Corvale Monitor</source>
         <translation>Corvale Monitor について</translation>
     </message>
     <message>
         <source>first-steps.md</source>
-        <extracomment>The name of the file with this page: first-steps.de.md in German.</extracomment>
         <translation>first-steps.ja.md</translation>
+    </message>
+    <message>
+        <source># Corvale Monitor %1
+
+Shows the readings of instruments that measure beams of charged particles.
+
+Free software under LGPL-2.1-or-later; *Help &gt; Licences* has the text. It runs on %2.</source>
+        <translation># Corvale Monitor %1
+
+荷電粒子ビームを測定する機器の測定値を表示します。
+
+LGPL-2.1-or-later の自由ソフトウェアです。全文は*ヘルプ &gt; ライセンス*にあります。動作環境は %2 です。</translation>
+    </message>
+    <message>
+        <source>| part | version | licence |
+|---|---|---|
+</source>
+        <translation>| 構成要素 | バージョン | ライセンス |
+|---|---|---|
+</translation>
     </message>
 </context>
 <context>
@@ -1008,6 +1100,10 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>Readings beyond a limit are a warning or an alarm. An empty cell means no limit. Numbers have a decimal point.</source>
         <translation>限界値を超えた測定値は警告またはアラームになります。空欄は限界値なしです。数値の小数点はピリオドです。</translation>
+    </message>
+    <message>
+        <source>Limits are set for the channels of a stream, and there are none yet.</source>
+        <translation>限界値はストリームのチャンネルに設定します。チャンネルはまだありません。</translation>
     </message>
 </context>
 <context>
@@ -1894,16 +1990,8 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
         <translation>ソースは動作しています。</translation>
     </message>
     <message>
-        <source>Nothing could be read within %1 s. %2</source>
-        <translation>%1 秒以内に何も読めませんでした。%2</translation>
-    </message>
-    <message>
         <source>First lines:</source>
         <translation>最初の行:</translation>
-    </message>
-    <message>
-        <source>It contains no readings. %1</source>
-        <translation>測定値がありません。%1</translation>
     </message>
     <message>
         <source>It contains no readings: %1.</source>
@@ -1912,6 +2000,18 @@ LGPL-2.1-or-later の自由ソフトウェアです。Qt と Qwt は LGPL、Boos
     <message>
         <source>Some lines cannot be used; the first is %1</source>
         <translation>使用できない行があります。最初のものは %1</translation>
+    </message>
+    <message>
+        <source>It contains no readings</source>
+        <translation>測定値が含まれていません</translation>
+    </message>
+    <message>
+        <source>Something arrived, but nothing of it could be read within %1 s. The source must send lines of numbers; see Help &gt; Line protocol.</source>
+        <translation>何かを受信しましたが、%1 秒以内に読み取れるものはありませんでした。ソースは数値の行を送る必要があります。ヘルプ &gt; 行プロトコルを参照してください。</translation>
+    </message>
+    <message>
+        <source>Nothing arrived within %1 s. %2</source>
+        <translation>%1 秒以内に何も届きませんでした。%2</translation>
     </message>
 </context>
 <context>
@@ -1975,6 +2075,13 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>standard input: what follows image %1 cannot be read</source>
         <translation>標準入力: 画像 %1 の後を読めません</translation>
+    </message>
+</context>
+<context>
+    <name>Monitor::SweepNotice</name>
+    <message>
+        <source>The first sweep is shown when it is complete: %1 of %2 readings</source>
+        <translation>最初の掃引は完了すると表示されます: 測定値 %2 個中 %1 個</translation>
     </message>
 </context>
 <context>
@@ -3143,6 +3250,14 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
     <message>
         <source>the other side closed the connection</source>
         <translation>相手側が接続を閉じました</translation>
+    </message>
+    <message>
+        <source>its text is written in UTF-16. Save the file as UTF-8</source>
+        <translation>テキストが UTF-16 で書かれています。ファイルを UTF-8 で保存してください</translation>
+    </message>
+    <message>
+        <source>column %1 is said to hold the time, but the last column is %2</source>
+        <translation>時刻は %1 列目とされていますが、最後の列は %2 列目です</translation>
     </message>
 </context>
 <context>

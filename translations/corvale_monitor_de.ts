@@ -2080,8 +2080,8 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
 <context>
     <name>Monitor::SweepNotice</name>
     <message>
-        <source>The first sweep is shown when it is complete: %1 of %2 readings</source>
-        <translation>Der erste Durchlauf wird gezeigt, wenn er vollständig ist: %1 von %2 Messwerten</translation>
+        <source>The first sweep is shown when it is complete (%1 of %2)</source>
+        <translation>Der erste Durchlauf wird gezeigt, wenn er vollständig ist (%1 von %2)</translation>
     </message>
 </context>
 <context>

@@ -285,7 +285,7 @@
     </message>
     <message>
         <source>This stream has no independent channels, from which others are computed.</source>
-        <translation>Ce flux n'a pas de canaux indépendants à partir desquels d'autres sont calculés.</translation>
+        <translation>Ce flux n&apos;a pas de canaux indépendants à partir desquels d&apos;autres sont calculés.</translation>
     </message>
 </context>
 <context>
@@ -561,7 +561,7 @@
     </message>
     <message>
         <source>nothing of the file can be read</source>
-        <translation>rien dans le fichier n'est lisible</translation>
+        <translation>rien dans le fichier n&apos;est lisible</translation>
     </message>
 </context>
 <context>
@@ -678,7 +678,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: zooms time; zooms the values</source>
-        <translation>dans l'oscilloscope : zoome le temps ; zoome les valeurs</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: zoome le temps&#xa0;; zoome les valeurs</translation>
     </message>
     <message>
         <source>Left, Right, Page Up, Page Down, Up, Down</source>
@@ -686,7 +686,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: moves the picture</source>
-        <translation>dans l'oscilloscope : déplace l'image</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: déplace l&apos;image</translation>
     </message>
     <message>
         <source>Home, End</source>
@@ -694,7 +694,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: the oldest readings, the newest ones</source>
-        <translation>dans l'oscilloscope : les mesures les plus anciennes, les plus récentes</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: les mesures les plus anciennes, les plus récentes</translation>
     </message>
     <message>
         <source>Backspace</source>
@@ -702,7 +702,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: what was shown before</source>
-        <translation>dans l'oscilloscope : ce qui était affiché avant</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: ce qui était affiché avant</translation>
     </message>
     <message>
         <source>1, 2</source>
@@ -710,7 +710,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: places the markers</source>
-        <translation>dans l'oscilloscope : place les marqueurs</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: place les marqueurs</translation>
     </message>
     <message>
         <source>Ctrl+C</source>
@@ -718,23 +718,23 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>in the scope: copies what the markers read</source>
-        <translation>dans l'oscilloscope : copie ce que lisent les marqueurs</translation>
+        <translation>dans l&apos;oscilloscope&#xa0;: copie ce que lisent les marqueurs</translation>
     </message>
     <message>
         <source>on the time line: plays or pauses the tape</source>
-        <translation>sur la ligne de temps : lance la lecture ou la met en pause</translation>
+        <translation>sur la ligne de temps&#xa0;: lance la lecture ou la met en pause</translation>
     </message>
     <message>
         <source>Left, Right; with Shift</source>
-        <translation>Gauche, Droite ; avec Maj</translation>
+        <translation>Gauche, Droite&#xa0;; avec Maj</translation>
     </message>
     <message>
         <source>on the time line: 1 % or 10 % of the tape back or on</source>
-        <translation>sur la ligne de temps : 1 % ou 10 % de l'enregistrement en arrière ou en avant</translation>
+        <translation>sur la ligne de temps&#xa0;: 1 % ou 10 % de l&apos;enregistrement en arrière ou en avant</translation>
     </message>
     <message>
         <source>on the time line: the event or gap before or after</source>
-        <translation>sur la ligne de temps : l'événement ou la lacune d'avant ou d'après</translation>
+        <translation>sur la ligne de temps&#xa0;: l&apos;événement ou la lacune d&apos;avant ou d&apos;après</translation>
     </message>
     <message>
         <source>comma, period</source>
@@ -742,7 +742,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>on the time line: one reading back or on, and pauses</source>
-        <translation>sur la ligne de temps : une mesure en arrière ou en avant, et met en pause</translation>
+        <translation>sur la ligne de temps&#xa0;: une mesure en arrière ou en avant, et met en pause</translation>
     </message>
     <message>
         <source>[, ], Backspace</source>
@@ -750,7 +750,7 @@ Alt et la lettre soulignée ouvrent un menu.
     </message>
     <message>
         <source>on the time line: repeats from here, up to here, nothing</source>
-        <translation>sur la ligne de temps : répète à partir d'ici, jusqu'ici, rien</translation>
+        <translation>sur la ligne de temps&#xa0;: répète à partir d&apos;ici, jusqu&apos;ici, rien</translation>
     </message>
 </context>
 <context>
@@ -788,9 +788,9 @@ Shows the readings of instruments that measure beams of charged particles.
 Free software under LGPL-2.1-or-later; *Help &gt; Licences* has the text. It runs on %2.</source>
         <translation># Corvale Monitor %1
 
-Affiche les mesures d'instruments qui mesurent des faisceaux de particules chargées.
+Affiche les mesures d&apos;instruments qui mesurent des faisceaux de particules chargées.
 
-Logiciel libre sous LGPL-2.1-or-later ; *Aide &gt; Licences* en donne le texte. Il fonctionne sous %2.</translation>
+Logiciel libre sous LGPL-2.1-or-later&#xa0;; *Aide &gt; Licences* en donne le texte. Il fonctionne sous %2.</translation>
     </message>
     <message>
         <source>| part | version | licence |
@@ -1103,7 +1103,7 @@ Logiciel libre sous LGPL-2.1-or-later ; *Aide &gt; Licences* en donne le texte.
     </message>
     <message>
         <source>Limits are set for the channels of a stream, and there are none yet.</source>
-        <translation>Les limites se règlent pour les canaux d'un flux, et il n'y en a pas encore.</translation>
+        <translation>Les limites se règlent pour les canaux d&apos;un flux, et il n&apos;y en a pas encore.</translation>
     </message>
 </context>
 <context>
@@ -2007,11 +2007,11 @@ Logiciel libre sous LGPL-2.1-or-later ; *Aide &gt; Licences* en donne le texte.
     </message>
     <message>
         <source>Something arrived, but nothing of it could be read within %1 s. The source must send lines of numbers; see Help &gt; Line protocol.</source>
-        <translation>Quelque chose est arrivé, mais rien n'a pu être lu en %1 s. La source doit envoyer des lignes de nombres ; voir Aide &gt; Protocole de lignes.</translation>
+        <translation>Quelque chose est arrivé, mais rien n&apos;a pu être lu en %1 s. La source doit envoyer des lignes de nombres&#xa0;; voir Aide &gt; Protocole de lignes.</translation>
     </message>
     <message>
         <source>Nothing arrived within %1 s. %2</source>
-        <translation>Rien n'est arrivé en %1 s. %2</translation>
+        <translation>Rien n&apos;est arrivé en %1 s. %2</translation>
     </message>
 </context>
 <context>
@@ -2080,8 +2080,8 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
 <context>
     <name>Monitor::SweepNotice</name>
     <message>
-        <source>The first sweep is shown when it is complete: %1 of %2 readings</source>
-        <translation>Le premier balayage s'affiche quand il est complet : %1 mesures sur %2</translation>
+        <source>The first sweep is shown when it is complete (%1 of %2)</source>
+        <translation>Le premier balayage s'affiche quand il est complet (%1 sur %2)</translation>
     </message>
 </context>
 <context>

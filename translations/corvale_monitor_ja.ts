@@ -2080,8 +2080,8 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
 <context>
     <name>Monitor::SweepNotice</name>
     <message>
-        <source>The first sweep is shown when it is complete: %1 of %2 readings</source>
-        <translation>最初の掃引は完了すると表示されます: 測定値 %2 個中 %1 個</translation>
+        <source>The first sweep is shown when it is complete (%1 of %2)</source>
+        <translation>最初の掃引は完了すると表示されます (%1/%2)</translation>
     </message>
 </context>
 <context>

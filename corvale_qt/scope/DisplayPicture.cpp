@@ -284,6 +284,7 @@ public:
     }
     QFont titleFont() const;
     std::vector<std::unique_ptr<PictureLegend>> legends() const;
+    int shownHeight() const;
     void paintHeading(QPainter *painter) const;
 
     QPointer<QWidget> display;
@@ -315,6 +316,16 @@ std::vector<std::unique_ptr<PictureLegend>> DisplayPicturePrivate::legends() con
         legends.push_back(std::make_unique<PictureLegend>(*view, onWhite, display->width()));
     }
     return legends;
+}
+
+/*! Returns how much of the display's height the picture has: a legend at its foot that shows only some of the channels gives its place to
+    the whole one. */
+int DisplayPicturePrivate::shownHeight() const
+{
+    const auto *view = qobject_cast<const RVXScopePlotView *>(display.data());
+    const auto *legend = view ? view->findChild<ScopeLegend *>() : nullptr;
+    const bool isReplaced = legend && legend->isVisibleTo(view) && !legends().empty();
+    return isReplaced ? legend->mapTo(view, QPoint()).y() : display->height();
 }
 
 void DisplayPicturePrivate::paintHeading(QPainter *painter) const
@@ -366,7 +377,7 @@ QSize DisplayPicture::size() const
 {
     if (!d->display)
         return QSize(0, 0);
-    int height = d->headingHeight() + d->display->height();
+    int height = d->headingHeight() + d->shownHeight();
     for (const auto &legend : d->legends())
         height += legend->height() + pictureMargin;
     return {d->display->width(), height};
@@ -392,8 +403,10 @@ void DisplayPicture::paint(QPainter *painter) const
     else
         drawStrokes(painter, d->display, QWidget::DrawWindowBackground);
     coverScrollBars(painter, d->display);
+    // Some drawings know no clips, so that what is cut off would go on below the display.
+    painter->fillRect(QRect(QPoint(0, d->shownHeight()), whole), palette.window());
     painter->translate(0, -d->headingHeight());
-    int y = d->headingHeight() + d->display->height() + pictureMargin;
+    int y = d->headingHeight() + d->shownHeight() + pictureMargin;
     for (const auto &legend : d->legends()) {
         legend->paint(painter, {0, y}, palette);
         y += legend->height() + pictureMargin;

@@ -211,6 +211,25 @@ QString noTimeReason(const QStringList &names, bool firstIsNoTime)
         : Text::tr("no column holds the time");
 }
 
+//! Completes a guess by whether the time of the rows is known.
+void seekTime(const QStringList &names,
+              bool hasDates,
+              const ImportOptions &given,
+              ImportGuess *guess)
+{
+    const std::optional<ColumnPlan> plan = ColumnPlan::fromHeader(names);
+    const bool timeIsKnown = hasDates || given.timeColumn > 0 || guess->options.interval > 0.0
+        || !plan || !plan->lacksTime;
+    guess->lacksInterval = (given.timeColumn == ImportOptions::noTime && given.interval == 0.0
+                            && (!plan || plan->kind != StreamKind::Spots))
+        || !timeIsKnown;
+    if (!guess->lacksInterval)
+        return;
+    guess->options.timeColumn = ImportOptions::noTime;
+    guess->reason += (guess->reason.isEmpty() ? QString() : Text::tr(", and "))
+        + noTimeReason(names, plan && plan->lacksTime);
+}
+
 bool isUtf16(const QByteArray &sample)
 {
     return sample.startsWith("\xff\xfe") || sample.startsWith("\xfe\xff");
@@ -254,17 +273,7 @@ ImportGuess ImportGuess::of(const QByteArray &sample, const ImportOptions &given
         if (header && !guess.options.isUsual() && reading.firstRow > 1)
             guess.options.skippedLines = header->number;
     }
-    const std::optional<ColumnPlan> plan = ColumnPlan::fromHeader(names);
-    const bool timeIsKnown = reading.dateColumn >= 0 || given.timeColumn > 0
-        || guess.options.interval > 0.0 || !plan || !plan->lacksTime;
-    guess.lacksInterval = (given.timeColumn == ImportOptions::noTime && given.interval == 0.0
-                           && (!plan || plan->kind != StreamKind::Spots))
-        || !timeIsKnown;
-    if (guess.lacksInterval) {
-        guess.options.timeColumn = ImportOptions::noTime;
-        guess.reason += (guess.reason.isEmpty() ? QString() : Text::tr(", and "))
-            + noTimeReason(names, plan && plan->lacksTime);
-    }
+    seekTime(names, reading.dateColumn >= 0, given, &guess);
     guess.isNeeded = guess.lacksInterval || (!isGiven && !guess.options.isUsual());
     return guess;
 }

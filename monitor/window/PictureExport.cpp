@@ -22,6 +22,8 @@ using Corvale_Qt::DisplayPicture;
 
 namespace {
 
+constexpr int screenResolution = 96; // makes one unit of a page or drawing one pixel of the screen
+
 //! Returns the picture with the pixels of the screen.
 QPixmap pixmapOf(const DisplayPicture &picture)
 {
@@ -43,6 +45,7 @@ bool drawSvg(const DisplayPicture &picture, QIODevice *device)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(device);
+    generator.setResolution(screenResolution); // fonts in points are as large as on the screen
     generator.setSize(picture.size());
     generator.setViewBox(QRect(QPoint(), picture.size()));
     QPainter painter;
@@ -54,7 +57,6 @@ bool drawSvg(const DisplayPicture &picture, QIODevice *device)
 
 bool drawPdf(const DisplayPicture &picture, QIODevice *device)
 {
-    constexpr int screenResolution = 96; // makes one unit of the page one pixel of the screen
     constexpr double pointsPerPixel = 72.0 / screenResolution;
     QPdfWriter writer(device);
     writer.setResolution(screenResolution);

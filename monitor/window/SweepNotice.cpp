@@ -46,9 +46,8 @@ void SweepNotice::refresh()
     const bool waits = m_scope.plotMode() == RVXScope::ScopeMode && !view.trigger().isOn()
         && come > 0 && come < needed;
     if (waits) {
-        setText(tr("The first sweep is shown when it is complete: %1 of %2 readings")
-                    .arg(come)
-                    .arg(needed));
+        setText(
+            tr("The first sweep is shown when it is complete (%1 of %2)").arg(come).arg(needed));
         place();
     }
     setVisible(waits);

@@ -390,6 +390,10 @@ private Q_SLOTS:
         const QImage drawn = painted().copy(QRect(corner, legend->size()));
         const QColor ground = drawn.pixelColor(0, 0);
         QVERIFY(countPixels(drawn, [ground](const QColor &color) { return color != ground; }) > 0);
+        // One that shows only some of the channels gives its place to the whole legend, here of a single channel.
+        QVERIFY(legend->verticalScrollBar()->maximum() > 0);
+        picture.setLegendVisible(true);
+        QCOMPARE(picture.size().height() < panel.plotView()->height(), true);
         QVERIFY(!panel.plotView()->testAttribute(Qt::WA_SetPalette));
         auto display = std::make_unique<QWidget>();
         const DisplayPicture gone(display.get());

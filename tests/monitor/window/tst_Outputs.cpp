@@ -19,6 +19,8 @@
 #include <QPicture>
 #include <QPrinter>
 
+#include <cmath>
+
 using namespace Monitor;
 using Corvale_Qt::DisplayPicture;
 
@@ -74,6 +76,10 @@ private Q_SLOTS:
             QVERIFY2(PictureExport::save(picture, file(name), &error), qPrintable(error));
             QVERIFY(fileContents(file(name)).startsWith(beginning));
         }
+        // A drawing is as large as on the screen, so that texts in points fit their places.
+        const QString svg = fileContents(file("v.svg")).left(200);
+        const double width = svg.section("width=\"", 1).section("mm", 0, 0).toDouble(); // mm
+        QCOMPARE(std::lround(width * 96 / 25.4), long(picture.size().width()));
         QVERIFY(!PictureExport::save(picture, file("v.tiff"), &error));
         QVERIFY(error.contains(".png, .svg or .pdf"));
         // What stands at the pointer is not on it.

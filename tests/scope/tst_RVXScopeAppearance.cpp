@@ -21,6 +21,8 @@
 #include <qwt_plot_curve.h>
 #include <qwt_scale_widget.h>
 
+#include <QScrollBar>
+
 using namespace Corvale_Qt;
 
 namespace {

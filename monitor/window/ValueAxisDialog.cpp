@@ -63,6 +63,7 @@ ValueAxisDialog::Axis ValueAxisDialog::makeAxis(bool isRight)
     };
     axis.minimum->setObjectName(name("minimum", "rightMinimum"));
     axis.maximum->setObjectName(name("maximum", "rightMaximum"));
+    axis.unit->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     axis.unit->setObjectName(name("unit", "rightUnit"));
     const QString hint = tr("In the unit of the axis, or with a unit: -20, 250 pA. Enter sets it.");
     axis.minimum->setToolTip(hint);
@@ -207,6 +208,10 @@ void ValueAxisDialog::showAll()
         showUnits(axis);
         showRange(axis);
     }
+    // Units of another stream may need more room than those with which the dialog was opened.
+    m_rightFields->layout()->invalidate();
+    m_rightFields->updateGeometry();
+    resize(size().expandedTo(sizeHint()));
 }
 
 //! Shows the range in the shown unit, except in a field that is being typed in.

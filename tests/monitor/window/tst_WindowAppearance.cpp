@@ -78,6 +78,17 @@ void lookAtLoudStates(WindowInTest &w, const QString &table, ClippedTexts &clipp
     w.session.setPaused(false);
 }
 
+//! Looks at what an entry of View shows only for spots.
+void lookAtSpots(WindowInTest &w, ClippedTexts &clipped)
+{
+    w.window.sources().open("sim:spots");
+    w.clock.advance(0.5);
+    w.window.findChild<QAction *>("spots")->trigger();
+    QCoreApplication::processEvents();
+    QVERIFY(w.window.findChild<QWidget *>("spots")->isVisible());
+    lookAtWindows("spots", clipped);
+}
+
 //! How the window reads and looks: keys and texts in every language, sizes, screens and palettes.
 class tst_WindowAppearance : public QObject
 {
@@ -244,7 +255,7 @@ private Q_SLOTS:
         // A person who reads larger text has a larger screen, as far as there are any.
         const QSize screen =
             points > 10 ? 2 * WindowInTest::smallScreen : WindowInTest::smallScreen;
-        WindowInTest w(file("small.xui"), screen);
+        WindowInTest w(m_folder.filePath(QTest::currentDataTag()), screen);
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
         ClippedTexts clipped(screen, isMarked ? &MarkedLanguage::unmarked : nullptr);
@@ -260,6 +271,7 @@ private Q_SLOTS:
             dialogs += walk(menu, clipped);
         lookAtLoudStates(w, file("clipped.csv"), clipped);
         walk(w.menus().first(), clipped); // of an open table
+        lookAtSpots(w, clipped);
         QVERIFY2(dialogs >= 8 && clipped.looked() > 500,
                  qPrintable(QString("%1 dialogs, %2 parts").arg(dialogs).arg(clipped.looked())));
         QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));

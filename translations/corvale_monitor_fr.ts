@@ -2081,7 +2081,7 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
     <name>Monitor::SweepNotice</name>
     <message>
         <source>The first sweep is shown when it is complete (%1 of %2)</source>
-        <translation>Le premier balayage s'affiche quand il est complet (%1 sur %2)</translation>
+        <translation>Le premier balayage s&apos;affiche quand il est complet (%1 sur %2)</translation>
     </message>
 </context>
 <context>

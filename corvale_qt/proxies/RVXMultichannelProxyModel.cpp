@@ -15,7 +15,6 @@
 #include <QFile>
 #include <QMimeData>
 
-
 namespace Corvale_Qt {
 
 namespace {

@@ -26,8 +26,8 @@ const QColor kAlarm(255, 80, 70);
 const QColor kWarning(255, 190, 60);
 constexpr int kDash = 4;
 constexpr int kGap = 2;
-constexpr int kDashes =
-    256; // of the picture; Qt begins anew for each repetition, which takes longer than the pixels
+// Of the picture. Qt begins anew for each repetition, which takes longer than the pixels.
+constexpr int kDashes = 256;
 
 //! Returns a brush whose pixels are the dashes of a horizontal line, as those of Qt::DashLine.
 QBrush dashes(const QColor &color)

@@ -11,6 +11,21 @@
 
 namespace Monitor {
 
+namespace {
+
+//! Returns how much is lost in a few words; the lines above them say where.
+QString lossText(const RecordingDamage &damage)
+{
+    if (damage.isEmpty())
+        return Text::tr("nothing is lost");
+    if (damage.lostLines == 0)
+        return Text::tr("what is lost stands above");
+    return Text::tr("lost: %1")
+        .arg(Text::countedInEnglish("%n line(s)", nullptr, damage.lostLines));
+}
+
+} // namespace
+
 QStringList damageLines(const RecordingDamage &damage)
 {
     QStringList lines = damage.places;
@@ -19,17 +34,6 @@ QStringList damageLines(const RecordingDamage &damage)
             Text::tr("not listed: %1")
                 .arg(Text::countedInEnglish("%n more place(s)", nullptr, damage.placesLeftOut));
     return lines;
-}
-
-//! Returns how much is lost in a few words; the lines above them say where.
-static QString lossText(const RecordingDamage &damage)
-{
-    if (damage.isEmpty())
-        return Text::tr("nothing is lost");
-    if (damage.lostLines == 0)
-        return Text::tr("what is lost stands above");
-    return Text::tr("lost: %1")
-        .arg(Text::countedInEnglish("%n line(s)", nullptr, damage.lostLines));
 }
 
 int repairOnCommand(const CommandLine &commandLine)

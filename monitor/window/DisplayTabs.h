@@ -19,6 +19,7 @@ namespace Monitor {
 
 class Baseline;
 class Session;
+class SweepNotice;
 
 //! The displays as tabs: the scope always, the others while the stream has data for them.
 class DisplayTabs : public Corvale_Qt::RVXPopOutTabWidget
@@ -31,7 +32,6 @@ public:
 
     Corvale_Qt::RVXScope *scope() const { return m_scope; }
     Baseline *baseline() const { return m_baseline; }
-    QWidget *m_sweepNotice = nullptr;
     SpanControl *spanControl() const { return m_span; }
     Corvale_Qt::RVXSpectrogram *profile() const { return m_profile->display(); }
     //! Returns the display that the operator works with: the one in the active window, else the one in the front tab.
@@ -75,6 +75,7 @@ private:
     Session &m_session;
     Corvale_Qt::RVXScope *m_scope;
     Baseline *m_baseline;
+    SweepNotice *m_sweepNotice;
     SpanControl *m_span;
     ProfilePage *m_profile;
     Corvale_Qt::RVXPositionPlot *m_position;

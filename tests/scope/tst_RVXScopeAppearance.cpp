@@ -239,6 +239,28 @@ private Q_SLOTS:
         }
     }
 
+    //! The frame around the canvas is kept from picture to picture, and is that of the present size and colours.
+    void keptFrameIsThatOfTheColours()
+    {
+        const auto picture = [](ModelView &view) {
+            view.settle();
+            view.qwtPlot()->replot();
+            return view.qwtPlot()->canvas()->grab().toImage();
+        };
+        const std::function<void(ModelView &)> changes[] = {
+            [](ModelView &view) { view.resize(view.size() + QSize(10, 20)); },
+            [](ModelView &view) { view.setPalette(darkPalette()); },
+        };
+        for (const auto &change : changes) {
+            ModelView used(2, 20), fresh(2, 20);
+            const QImage before = picture(used);
+            change(used);
+            change(fresh);
+            QVERIFY(picture(used) != before);
+            QCOMPARE(picture(used), picture(fresh));
+        }
+    }
+
     //! Without readings, a chart shows the unit of its channels and the time that it will show, and no numbers of earlier ones.
     void zeroedStateIsReadable()
     {

@@ -130,10 +130,15 @@ void judgeSignal(const BeamEstimate &estimate,
                  BeamVerdict &verdict,
                  Judgement &judgement)
 {
-    judgement.add(!(verdict.peakInNoise > limits.peakInNoise),
+    // Without a peak, or without readings, all else follows from that: one reason says it.
+    const bool isUsable = estimate.status != EstimateStatus::NotUsable;
+    const bool hasPeak = verdict.peakInNoise > limits.peakInNoise;
+    judgement.add(isUsable && !hasPeak,
                   BeamValidity::NotValid,
                   tr("no peak above %1 times the noise").arg(limits.peakInNoise));
-    judgement.add(!estimate.isOk(), BeamValidity::NotValid, estimateStatusText(estimate.status));
+    judgement.add(!estimate.isOk() && (hasPeak || !isUsable),
+                  BeamValidity::NotValid,
+                  estimateStatusText(estimate.status));
     judgement.add(reaches(verdict.flaggedShare, limits.flaggedShare),
                   BeamValidity::FitPoor,
                   tr("%1 of the charge lies in dead, hot or saturated cells")

@@ -41,7 +41,7 @@ private Q_SLOTS:
             source                     | --stats gopher://x | 1 | not a known kind of source
             display that the data lack | --screenshot v.png --view spots good.csv | 1 | no data for the display
             picture without a beam     | --screenshot v.png --view profile dark.csv | 0 |
-            fits without a beam        | --stats dark.csv | 0 | no charge above the background
+            fits without a beam        | --stats dark.csv | 0 | no peak above 5 times the noise
             bad line                   | --stats bad.csv | 2 | 1 line could not be used; --check shows it
             bad line found             | --check bad.csv | 2 | what is this
             empty                      | --stats empty.csv | 2 | no readings

@@ -22,13 +22,23 @@ constexpr double shownPast = 5.0; // s
 //! The displays redraw every 100 ms; after this time they have done so.
 constexpr int afterTheNextPicture = 130; // ms
 
-//! Returns the range, widened to numbers that are easy to read on an axis.
-std::pair<double, double> roundedRange(double lower, double upper)
+/*! Returns the range, widened about its middle to ten steps that are easy to read: the position display has a tick at each tenth
+    of its range. */
+std::pair<double, double> tenRoundSteps(double lower, double upper)
 {
     if (!(upper > lower))
         return {lower - 1, upper + 1};
-    const double step = std::pow(10.0, std::floor(std::log10(upper - lower))) / 2;
-    return {std::floor(lower / step) * step, std::ceil(upper / step) * step};
+    constexpr double steps = 10;
+    const double decade = std::pow(10.0, std::floor(std::log10((upper - lower) / steps)));
+    for (const double factor : {1.0, 1.5, 2.0, 2.5, 3.0, 4.0, 5.0, 6.0, 8.0, 10.0, 15.0, 20.0}) {
+        const double step = factor * decade;
+        const double first = std::floor(lower / step);
+        const double spare = first + steps - std::ceil(upper / step);
+        const double from = first - std::floor(spare / 2);
+        if (spare >= 0)
+            return {from * step, (from + steps) * step};
+    }
+    return {lower, upper}; // of numbers that are too large to be rounded
 }
 
 double finiteOrZero(double value)
@@ -153,8 +163,8 @@ void FrameFeeder::beginDetector()
     m_profile->setIntensityUnit(unit.isEmpty() ? tr("arb. units") : unit);
     m_position->setPositionUnit(m_profile->lengthUnit(Axis::X));
     const QRectF reach = m_profile->lengthArea();
-    const auto [left, right] = roundedRange(reach.left(), reach.right());
-    const auto [bottom, top] = roundedRange(reach.top(), reach.bottom());
+    const auto [left, right] = tenRoundSteps(reach.left(), reach.right());
+    const auto [bottom, top] = tenRoundSteps(reach.top(), reach.bottom());
     m_position->setXScale(left, right);
     m_position->setYScale(bottom, top);
 }

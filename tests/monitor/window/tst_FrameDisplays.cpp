@@ -15,6 +15,7 @@
 #include <corvale_qt/scope/RVXScopePlotView.h>
 
 #include <qwt_plot.h>
+#include <qwt_scale_div.h>
 
 using namespace Monitor;
 
@@ -195,6 +196,13 @@ private Q_SLOTS:
                 "x":{"cells":40,"pitch":0.1,"unit":"cm"},"y":{"cells":24,"pitch":1,"unit":"mm"}})"),
                          "nC");
         s.source->begin(header);
+        // The range of 40 mm by 24 mm has a tick at each tenth, which is a round number.
+        const auto ticks = [&s](int axis) {
+            return s.position.findChild<QwtPlot *>()->axisScaleDiv(axis).ticks(
+                QwtScaleDiv::MajorTick);
+        };
+        QCOMPARE(ticks(QwtPlot::xBottom).mid(0, 3), QList<double>({-20, -16, -12}));
+        QCOMPARE(ticks(QwtPlot::yLeft).mid(0, 3), QList<double>({-12.5, -10, -7.5}));
         double time = 0;
         const auto give = [&](const std::function<double(double, double)> &charge) {
             std::vector<double> values;

@@ -107,14 +107,21 @@ void SpotMapWidgetPrivate::placeMap()
     int top = 0;
     int bottom = 0;
     ui.yAxis->getBorderDistHint(top, bottom);
-    const int xAxisHeight = ui.xAxis->sizeHint().height();
-    const int yAxisWidth = ui.yAxis->sizeHint().width();
-
-    // Half a label may be longer than the other scale is wide.
-    const int before = qMax(yAxisWidth, left);
-    const int below = qMax(xAxisHeight, bottom);
     const QSize area = ui.mapArea->size();
-    const int side = qMax(0, qMin(area.width() - before - right, area.height() - top - below));
+    int xAxisHeight = 0;
+    int yAxisWidth = 0;
+    int before = 0;
+    int below = 0;
+    int side = qMin(area.width(), area.height());
+    // A title that is longer than its scale takes a second line, and so leaves less room for the map.
+    for (int round = 0; round < 2; ++round) {
+        xAxisHeight = ui.xAxis->dimForLength(left + side + right, ui.xAxis->font());
+        yAxisWidth = ui.yAxis->dimForLength(top + side + bottom, ui.yAxis->font());
+        // Half a label may be longer than the other scale is wide.
+        before = qMax(yAxisWidth, left);
+        below = qMax(xAxisHeight, bottom);
+        side = qMax(0, qMin(area.width() - before - right, area.height() - top - below));
+    }
     // The middle of the map lies under the title if the scales leave it room there.
     const int x = qBound(before, (area.width() - side) / 2, area.width() - right - side);
     const int y = qBound(top, (area.height() - side) / 2, area.height() - below - side);

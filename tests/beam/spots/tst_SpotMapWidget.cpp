@@ -65,6 +65,9 @@ private Q_SLOTS:
         QVERIFY(area.contains(x->geometry()) && area.contains(y->geometry()));
         QCOMPARE(x->y(), map.top() + map.height());
         QCOMPARE(y->x() + y->width(), map.left());
+        // A title that is shorter than its scale takes one line.
+        QCOMPARE(x->height(), x->dimForLength(x->width(), x->font()));
+        QCOMPARE(y->width(), y->dimForLength(y->height(), y->font()));
         table.append("-123456 0 1 3"); // wider labels get more room
         QVERIFY(endsMatch() && area.contains(y->geometry()));
     }

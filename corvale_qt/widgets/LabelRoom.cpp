@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QLayout>
 
+#include <utility>
+
 namespace Corvale_Qt {
 
 LabelRoom::LabelRoom(QLabel *label)
@@ -25,14 +27,25 @@ void LabelRoom::reserve(int width)
 
 bool LabelRoom::event(QEvent *event)
 {
-    if (event->type() == QEvent::LayoutRequest && m_room != m_room.expandedTo(m_label->sizeHint()))
-        reserve(m_room.width());
+    if (event->type() == QEvent::LayoutRequest) {
+        if (m_room != m_room.expandedTo(m_label->sizeHint()))
+            reserve(m_room.width());
+        fitLabel();
+    }
     return QWidget::event(event);
 }
 
 void LabelRoom::resizeEvent(QResizeEvent *)
 {
+    fitLabel();
+}
+
+void LabelRoom::fitLabel()
+{
     m_label->setGeometry(rect());
+    const bool isEnough = width() >= m_label->sizeHint().width();
+    if (std::exchange(m_isEnough, isEnough) != isEnough)
+        m_label->setVisible(isEnough);
 }
 
 } // namespace Corvale_Qt

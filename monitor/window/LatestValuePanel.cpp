@@ -154,10 +154,16 @@ void LatestValuePanel::fitNames()
 
 int LatestValuePanel::valueWidth() const
 {
-    const QFontMetrics values(Look::figures(font()));
     const QString number = QStringLiteral(" -0.0000e-00 ");
-    const bool hasLimits = !m_session.statistics().header().limits.isEmpty();
-    return values.horizontalAdvance(hasLimits ? LimitMarks::longestMark() + number : number);
+    const QFont figures = Look::figures(font());
+    int width = QFontMetrics(figures).horizontalAdvance(number);
+    if (m_session.statistics().header().limits.isEmpty())
+        return width;
+    QFont loud = figures; // what is beyond a limit is bold
+    loud.setBold(true);
+    for (const QString &word : LimitMarks::words())
+        width = std::max(width, QFontMetrics(loud).horizontalAdvance(word + number));
+    return width;
 }
 
 /*! Short names can be read whole beside their box and colour, however narrow the panel becomes. Layouts ask for the width again and

@@ -34,9 +34,9 @@ void LimitMarks::refresh()
         Q_EMIT dataChanged(index(0, valueColumn), index(rowCount() - 1, valueColumn));
 }
 
-QString LimitMarks::longestMark()
+QStringList LimitMarks::words()
 {
-    return tr("ALARM %1").arg(QString());
+    return {tr("ALARM %1").arg(QString()), tr("WARN %1").arg(QString())};
 }
 
 QVariant LimitMarks::data(const QModelIndex &index, int role) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QIdentityProxyModel>
+#include <QStringList>
 
 namespace Monitor {
 
@@ -15,8 +16,8 @@ class LimitMarks : public QIdentityProxyModel
 public:
     explicit LimitMarks(const Alarms &alarms, QObject *parent = nullptr);
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-    //! Returns the longest word that is put in front of a value, with the blank after it.
-    static QString longestMark();
+    //! Returns the words that are put in front of values, each with the blank after it.
+    static QStringList words();
 
 private:
     void refresh();

@@ -129,6 +129,8 @@ private:
                 m_lines.append(place + ": \"" + fault + '"');
         if (const auto *header = qobject_cast<const QHeaderView *>(part))
             lookAtHeader(place, header);
+        else if (part->objectName() == "latestValues")
+            lookAtValues(place, qobject_cast<const QTableView *>(part));
         else if (const auto *list = qobject_cast<const QListWidget *>(part))
             lookAtWidth(place, list, list->sizeHintForColumn(0), list->viewport()->width());
         else if (const auto *tabs = qobject_cast<const QTabBar *>(part))
@@ -175,6 +177,12 @@ private:
     {
         if (has < need)
             add(place, part, {need, part->height()}, {has, part->height()});
+    }
+    //! Names may be shortened; a value without its unit would be another one.
+    void lookAtValues(const QString &place, const QTableView *values)
+    {
+        const QAbstractItemView *view = values; // where the hint can be asked for
+        lookAtWidth(place, values, view->sizeHintForColumn(1), values->columnWidth(1));
     }
     void lookAtHeader(const QString &place, const QHeaderView *header)
     {

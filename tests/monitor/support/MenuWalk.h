@@ -3,14 +3,6 @@
 
 #include "tests/monitor/support/Dialogs.h"
 
-//! Returns whether an entry can be triggered without leaving the window.
-inline bool staysInTheWindow(const QAction *entry)
-{
-    static const QStringList leaving{"closeSource", "print", "fullScreen", "quit"};
-    return !entry->isSeparator() && !entry->menu() && entry->isEnabled()
-        && !leaving.contains(entry->objectName());
-}
-
 inline void lookAtPages(QDialog *dialog, ClippedTexts &clipped)
 {
     auto *kinds = dialog->findChild<QListWidget *>("kinds");
@@ -30,7 +22,7 @@ inline void lookAtPages(QDialog *dialog, ClippedTexts &clipped)
 inline void lookAtDialog(const QString &name, QDialog *dialog, ClippedTexts &clipped)
 {
     QCoreApplication::processEvents();
-    if (qobject_cast<QFileDialog *>(dialog))
+    if (qobject_cast<QFileDialog *>(dialog) || dialog->inherits("QPrintDialog")) // Qt's own
         return;
     // The screen of the tests is narrower than the smallest that the window is made for.
     if (dialog->width() >= dialog->screen()->availableSize().width()) {
@@ -56,28 +48,107 @@ inline void lookAtWindows(const QString &name, ClippedTexts &clipped)
     }
 }
 
-//! Looks at a menu and at what each of its entries opens. Returns the number of dialogs.
-inline int walk(QMenu *menu, ClippedTexts &clipped)
+/*! Triggers the entries of all menus of a window, each once, and looks at the window and at what the entry opens. An entry that is
+    disabled waits for a later walk, when there is something for it to do. */
+class MenuWalk
 {
-    int dialogs = 0;
-    clipped.lookAtMenu(menu);
-    QVector<QPointer<QAction>> entries; // some menus are filled anew by what an entry does
-    for (QAction *entry : menu->actions())
-        entries.append(entry);
-    for (const QPointer<QAction> &entry : qAsConst(entries)) {
-        if (!entry || !staysInTheWindow(entry))
-            continue;
-        const QString name = entry->text();
+public:
+    MenuWalk(QMainWindow &window, ClippedTexts &clipped)
+        : m_window(window)
+        , m_clipped(clipped)
+    {
+    }
+
+    //! Triggers all entries that are enabled and were not triggered yet, but for those that leave nothing to look at.
+    void walk()
+    {
+        int before = 0;
+        do {
+            before = m_triggered.size();
+            for (QMenu *menu : menus())
+                walk(menu);
+        } while (m_triggered.size() > before); // an entry may offer others, or fill its menu anew
+    }
+    //! Closes the source by its entry, and the window by "Quit".
+    void leave()
+    {
+        const bool quits = QApplication::quitOnLastWindowClosed();
+        QApplication::setQuitOnLastWindowClosed(
+            false); // which would end the dialogs of all further tests
+        for (QMenu *menu : menus())
+            for (QAction *entry : menu->actions())
+                if (isLast(entry))
+                    trigger(menu, entry);
+        QApplication::setQuitOnLastWindowClosed(quits);
+    }
+    //! Returns the entries that nothing has triggered, each as "&Edit > &Undo clear".
+    QString missed() const
+    {
+        QStringList missed;
+        for (const QMenu *menu : menus())
+            for (const QAction *entry : menu->actions())
+                if (isLeft(menu, entry))
+                    missed.append(nameOf(menu, entry));
+        return missed.join('\n');
+    }
+    int dialogs() const { return m_dialogs; }
+
+private:
+    QList<QMenu *> menus() const
+    {
+        QList<QMenu *> menus;
+        for (const QAction *entry : m_window.menuBar()->actions())
+            menus.append(entry->menu());
+        for (int i = 0; i < menus.size(); ++i)
+            for (const QAction *entry : menus.at(i)->actions())
+                if (entry->menu())
+                    menus.append(entry->menu());
+        return menus;
+    }
+    static QString nameOf(const QMenu *menu, const QAction *entry)
+    {
+        return menu->title() + " > " + entry->text();
+    }
+    static bool isLast(const QAction *entry)
+    {
+        return entry->objectName() == "closeSource" || entry->objectName() == "quit";
+    }
+    bool isLeft(const QMenu *menu, const QAction *entry) const
+    {
+        return !entry->isSeparator() && !entry->menu() && entry->isVisible()
+            && !m_triggered.contains(nameOf(menu, entry));
+    }
+    void walk(QMenu *menu)
+    {
+        m_clipped.lookAtMenu(menu);
+        QVector<QPointer<QAction>> entries;
+        for (QAction *entry : menu->actions())
+            entries.append(entry);
+        for (const QPointer<QAction> &entry : qAsConst(entries))
+            if (entry && menu->isEnabled() && entry->isEnabled() && !isLast(entry)
+                && isLeft(menu, entry))
+                trigger(menu, entry);
+    }
+    void trigger(const QMenu *menu, const QPointer<QAction> &entry)
+    {
+        const QString name = nameOf(menu, entry);
+        m_triggered.insert(name);
         onEveryDialog(
             [&](QDialog *dialog) {
-                ++dialogs;
-                lookAtDialog(name, dialog, clipped);
+                ++m_dialogs;
+                lookAtDialog(name, dialog, m_clipped);
             },
             [entry] { entry->trigger(); });
         QCoreApplication::processEvents();
-        lookAtWindows(name, clipped);
+        if (!m_window
+                 .isFullScreen()) // the screen of the tests is smaller than any that the window is made for
+            lookAtWindows(name, m_clipped);
         if (entry && entry->isCheckable() && !entry->actionGroup())
             entry->trigger();
     }
-    return dialogs;
-}
+
+    QMainWindow &m_window;
+    ClippedTexts &m_clipped;
+    QSet<QString> m_triggered;
+    int m_dialogs = 0;
+};

@@ -57,9 +57,8 @@ void addLanguages()
 
 } // namespace
 
-/*! Looks at what no menu entry opens for a stream of strips: docks, the questions about a table, its tape, and a status line with
-    much to tell. */
-void lookAtLoudStates(WindowInTest &w, const QString &table, ClippedTexts &clipped)
+//! Looks at what no menu entry opens: docks, and the questions about a table.
+void lookAtDocksAndImport(WindowInTest &w, const QString &table, ClippedTexts &clipped)
 {
     for (QDockWidget *dock : w.window.findChildren<QDockWidget *>())
         dock->show();
@@ -70,23 +69,43 @@ void lookAtLoudStates(WindowInTest &w, const QString &table, ClippedTexts &clipp
     if (import.screen()->availableSize().height() >= WindowInTest::smallScreen.height())
         lookAtDialog("import", &import, clipped);
     import.close();
-    putFile(table, "time_s,a_nA,b_nA\n0,1,5\n1000,2,6\n");
+}
+
+//! Looks at a dated recording, its tape, and a window with much to tell: a pause, alarms, readings that were cleared.
+void lookAtLoudStates(WindowInTest &w, const QString &table, ClippedTexts &clipped, MenuWalk &menus)
+{
+    putFile(table,
+            "#t0 2026-03-01T12:00:00Z\n#limits a_nA ,,0.5,0.8\n#limits b_nA ,,2,10\n"
+            "time_s,a_nA,b_nA\n0,1,5\n1000,-2000.25,6\n");
     w.window.sources().open(table);
     w.session.setPaused(true);
     w.clock.advance(0.1);
     lookAtWindows("states", clipped);
     w.session.setPaused(false);
+    onNextDialog([](QDialog *question) {
+        for (QAbstractButton *button : question->findChildren<QAbstractButton *>())
+            if (qobject_cast<QMessageBox *>(question)->buttonRole(button)
+                == QMessageBox::DestructiveRole)
+                button->click();
+    });
+    w.action("clear")->trigger();
+    lookAtWindows("cleared", clipped);
+    menus.walk();
 }
 
-//! Looks at what an entry of View shows only for spots.
-void lookAtSpots(WindowInTest &w, ClippedTexts &clipped)
+//! Looks at what an entry of View shows only for spots, those of a list with its plan.
+void lookAtSpots(WindowInTest &w, const QString &spots, ClippedTexts &clipped, MenuWalk &menus)
 {
-    w.window.sources().open("sim:spots");
+    putFile(spots,
+            "x_mm,y_mm,mu,sigma_x_mm,sigma_y_mm,x_planned_mm,y_planned_mm\n1,2,3,2,2,1.5,2\n4,5,6,"
+            "2,2,4,5.5\n");
+    w.window.sources().open(spots);
     w.clock.advance(0.5);
-    w.window.findChild<QAction *>("spots")->trigger();
+    w.action("spots")->trigger();
     QCoreApplication::processEvents();
     QVERIFY(w.window.findChild<QWidget *>("spots")->isVisible());
     lookAtWindows("spots", clipped);
+    menus.walk();
 }
 
 //! How the window reads and looks: keys and texts in every language, sizes, screens and palettes.
@@ -259,7 +278,7 @@ private Q_SLOTS:
         w.source->begin(StreamKind::Strips, 64);
         w.run(3);
         ClippedTexts clipped(screen, isMarked ? &MarkedLanguage::unmarked : nullptr);
-        int dialogs = 0;
+        MenuWalk menus(w.window, clipped);
         auto *appearance = w.window.findChild<Appearance *>();
         appearance->choose(dark ? Appearance::Choice::Dark : Appearance::Choice::Light);
         QCoreApplication::processEvents();
@@ -267,15 +286,18 @@ private Q_SLOTS:
         const QColor &faint = palette.color(QPalette::PlaceholderText); // of explanations
         QCOMPARE(faint.alpha(), 255);
         QVERIFY(std::abs(faint.lightness() - palette.color(QPalette::Window).lightness()) > 70);
-        for (QMenu *menu : w.menus())
-            dialogs += walk(menu, clipped);
-        lookAtLoudStates(w, file("clipped.csv"), clipped);
-        walk(w.menus().first(), clipped); // of an open table
-        lookAtSpots(w, clipped);
-        QVERIFY2(dialogs >= 8 && clipped.looked() > 500,
-                 qPrintable(QString("%1 dialogs, %2 parts").arg(dialogs).arg(clipped.looked())));
+        menus.walk();
+        lookAtDocksAndImport(w, file("import.csv"), clipped);
+        lookAtLoudStates(w, file("clipped.csv"), clipped, menus);
+        lookAtSpots(w, file("spots.csv"), clipped, menus);
+        QVERIFY2(
+            menus.dialogs() >= 8 && clipped.looked() > 500,
+            qPrintable(QString("%1 dialogs, %2 parts").arg(menus.dialogs()).arg(clipped.looked())));
         QVERIFY(w.window.rect().contains(w.window.statusBar()->geometry()));
+        menus.leave();
+        QVERIFY(!w.window.isVisible());
         QCOMPARE(clipped.text(), QString());
+        QCOMPARE(menus.missed(), QString());
     }
 
     //! A scroll bar beside the values takes its room from the names.
@@ -310,8 +332,11 @@ private Q_SLOTS:
             dialog.exec();
         });
         w.window.statusBar()->addPermanentWidget(planted("in the window", w.window.statusBar()));
+        menu->addAction("Never")->setEnabled(false);
         ClippedTexts clipped(WindowInTest::smallScreen);
-        walk(menu, clipped);
+        MenuWalk menus(w.window, clipped);
+        menus.walk();
+        QVERIFY2(menus.missed().contains("Never"), qPrintable(menus.missed()));
         QVERIFY2(clipped.text().contains("Planted...: QLabel  \"in a dialog\""),
                  qPrintable(clipped.text()));
         QVERIFY2(clipped.text().contains("QLabel  \"in the window\""), qPrintable(clipped.text()));

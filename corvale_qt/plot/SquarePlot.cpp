@@ -4,26 +4,46 @@
 
 #include <qwt_plot_layout.h>
 
+#include <QMargins>
+
+#include <algorithm>
+
 namespace Corvale_Qt {
 
 namespace {
 
-//! Makes the canvas square in the layout, since it changes with the width of axis labels, not only with the widget's size.
+/*! Makes the canvas square in the layout, since it changes with the width of axis labels, not only with the widget's size. A second layout
+    in a smaller rectangle would break a long title into more lines, and give the canvas another shape again. */
 class SquareCanvasLayout : public QwtPlotLayout
 {
 public:
     void activate(const QwtPlot *plot, const QRectF &plotRect, Options options) override
     {
         QwtPlotLayout::activate(plot, plotRect, options);
-        const QSize canvas = canvasRect().toAlignedRect().size();
+        const QRect canvas = canvasRect().toAlignedRect();
         const int side = std::min(canvas.width(), canvas.height());
-        const QPoint excess(canvas.width() - side, canvas.height() - side);
-        if (side <= 0 || excess.isNull())
-            return;
-        QRectF square(plotRect);
-        square.setSize(plotRect.size() - QSizeF(excess.x(), excess.y()));
-        square.translate(excess / 2);
-        QwtPlotLayout::activate(plot, square, options);
+        const QSize excess = canvas.size() - QSize(side, side);
+        if (side > 0 && !excess.isNull())
+            shrink(QMargins(excess.width() / 2,
+                            excess.height() / 2,
+                            excess.width() - excess.width() / 2,
+                            excess.height() - excess.height() / 2));
+    }
+
+private:
+    //! Moves the edges of the canvas inwards, and what lies along each edge with it.
+    void shrink(const QMargins &by)
+    {
+        const double left = by.left(), top = by.top(), right = by.right(), bottom = by.bottom();
+        setCanvasRect(canvasRect().toAlignedRect().marginsRemoved(by));
+        setScaleRect(QwtPlot::yLeft, scaleRect(QwtPlot::yLeft).adjusted(left, top, left, -bottom));
+        setScaleRect(QwtPlot::yRight,
+                     scaleRect(QwtPlot::yRight).adjusted(-right, top, -right, -bottom));
+        setScaleRect(QwtPlot::xTop, scaleRect(QwtPlot::xTop).adjusted(left, top, -right, top));
+        setScaleRect(QwtPlot::xBottom,
+                     scaleRect(QwtPlot::xBottom).adjusted(left, -bottom, -right, -bottom));
+        setTitleRect(titleRect().translated(0, top));
+        setFooterRect(footerRect().translated(0, -bottom));
     }
 };
 

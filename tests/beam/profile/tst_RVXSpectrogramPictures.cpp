@@ -360,7 +360,10 @@ private Q_SLOTS:
     void theCanvasStaysSquare()
     {
         PictureDisplay display(Detector::Strips);
-        for (const QSize &size : {QSize(900, 400), QSize(350, 800), QSize(1600, 1600)}) {
+        display.plot->setTitle(
+            "a title that is broken into several lines where it has not much room");
+        for (const QSize &size :
+             {QSize(900, 400), QSize(350, 800), QSize(1600, 1600), QSize(400, 300)}) {
             display.widget.resize(size);
             // Each frame changes the labels of the colour bar.
             display.feed(Frames::strips(15, 3, 15, 3, 1e-9 * display.time));

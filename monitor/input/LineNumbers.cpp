@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/LineNumbers.h"
 
+#include "monitor/input/FieldNumbers.h"
 #include "monitor/input/LineText.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ void LineNumbers::clear()
     m_text = {};
     m_count = 0;
     m_lines.clear();
-    m_numbers.clear();
     m_next = 0;
 }
 
@@ -24,16 +24,34 @@ void LineNumbers::read(std::string_view text, int count)
         return;
     m_text = text;
     m_count = count;
-    const std::size_t each = std::size_t(count);
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        const std::string_view line = trimmed(text.substr(begin, end - begin));
-        m_numbers.resize((m_lines.size() + 1) * each);
-        if (parseNumbers(line, each, m_numbers.data() + m_lines.size() * each))
-            m_lines.push_back(
-                {std::uint32_t(line.data() - text.data()), std::uint32_t(line.size())});
-        begin = end + 1;
-    }
+    m_ends.find(text);
+    if (m_numbers.size() < m_ends.size())
+        m_numbers.resize(m_ends.size());
+    std::size_t begin = 0;
+    for (std::size_t field = 0; field < m_ends.size(); begin = m_ends[field - 1] + 1)
+        field = readLine(begin, field) ? field + std::size_t(count) : fieldAfterLine(field);
+}
+
+//! Reads the line that begins at a place with a field. Returns false if it is not plain, or has no end.
+bool LineNumbers::readLine(std::size_t begin, std::size_t field)
+{
+    const auto each = std::size_t(m_count);
+    const std::size_t last = field + each - 1;
+    const bool hasEnd = last < m_ends.size() && m_text[m_ends[last]] == '\n';
+    double *const numbers = m_numbers.data() + m_lines.size() * each;
+    if (!hasEnd || !readFieldNumbers(m_text, begin, m_ends.data() + field, each, numbers))
+        return false;
+    const std::string_view line = trimmed(m_text.substr(begin, m_ends[last] - begin));
+    m_lines.push_back({std::uint32_t(line.data() - m_text.data()), std::uint32_t(line.size())});
+    return true;
+}
+
+//! Returns the first field behind the line of a field.
+std::size_t LineNumbers::fieldAfterLine(std::size_t field) const
+{
+    while (field < m_ends.size() && m_text[m_ends[field]] != '\n')
+        ++field;
+    return std::min(field + 1, m_ends.size());
 }
 
 //! Returns whether a line lies in the text. One that began in an earlier text lies elsewhere.

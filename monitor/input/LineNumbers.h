@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/input/FieldEnds.h"
+
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -21,6 +23,8 @@ public:
     const double *of(std::string_view line, int count);
 
 private:
+    bool readLine(std::size_t begin, std::size_t field);
+    std::size_t fieldAfterLine(std::size_t field) const;
     bool isInText(std::string_view line) const;
 
     //! A line by its place in the text.
@@ -32,8 +36,9 @@ private:
 
     std::string_view m_text;
     int m_count = 0;
+    FieldEnds m_ends;
     std::vector<Line> m_lines;
-    std::vector<double> m_numbers; //!< of all lines
+    std::vector<double> m_numbers; //!< of all lines, and room for more; never smaller than it was
     std::size_t m_next = 0; //!< the first line that has not been asked for
 };
 

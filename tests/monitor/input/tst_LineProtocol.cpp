@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/LineNumbers.h"
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
 #include "monitor/input/LineText.h"
@@ -8,6 +9,8 @@
 
 #include <array>
 #include <charconv>
+#include <cstring>
+#include <optional>
 
 using namespace Monitor;
 
@@ -36,6 +39,24 @@ std::string writtenNumber(std::mt19937_64 &random)
     if (random() % 3 == 0)
         text += 'e' + std::to_string(int(random() % 80) - 60);
     return (random() % 2 == 0 ? "-" : "") + text;
+}
+
+//! Returns a number that is read ahead as the second one of its line, among lines that are not plain; none if it is not read.
+std::optional<double> numberReadAhead(const std::string &number)
+{
+    const std::string before = std::string(40, ',') + '\n', line = "1234567890123.5," + number;
+    const std::string text = before + line + "\n1,2,3\n#" + std::string(60, ' ');
+    LineNumbers numbers;
+    numbers.read(text, 2);
+    const double *const both =
+        numbers.of(trimmed(std::string_view(text).substr(before.size(), line.size())), 2);
+    return both && both[0] == 1234567890123.5 ? std::optional(both[1]) : std::nullopt;
+}
+
+//! Returns whether two numbers have the same bits.
+bool isSame(double one, double other)
+{
+    return std::memcmp(&one, &other, sizeof one) == 0;
 }
 
 //! Returns what all lines become.
@@ -452,7 +473,9 @@ private Q_SLOTS:
             std::array<double, 2> inLine{};
             QVERIFY2(parseNumber(text, &alone), text.c_str());
             QVERIFY2(parseNumbers("1.5, " + text + ' ', 2, inLine.data()), text.c_str());
-            QVERIFY2(alone == wanted && inLine[1] == wanted, text.c_str());
+            const std::optional<double> ahead = numberReadAhead(text);
+            QVERIFY2(ahead && isSame(*ahead, wanted), text.c_str());
+            QVERIFY2(isSame(alone, wanted) && isSame(inLine[1], wanted), text.c_str());
         }
         std::array<double, 2> unused{};
         for (const char *other : {"1", "1,2,3", "1,2,", "1,2x", "1,2 3", "1 2", "1,1e", "1,."})
@@ -463,7 +486,12 @@ private Q_SLOTS:
                 std::string text = "12345678,2";
                 text[place] = neighbour;
                 QVERIFY2(!parseNumbers(text, 2, unused.data()), text.c_str());
+                QVERIFY2(!numberReadAhead(text.substr(0, 8)), text.c_str());
             }
+        for (const char *other :
+             {".", "-", "-.", "1.2.3", "1..2", "--1", "12\xb1", "1\n2", "1 2", "1,2"})
+            QVERIFY2(!numberReadAhead(other), other);
+        QVERIFY(numberReadAhead(" 5.") == 5.0 && numberReadAhead(".5\r") == 0.5);
     }
 };
 

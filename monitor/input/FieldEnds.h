@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace Monitor {
+
+//! Where the fields of a text end: the places of its commas and line feeds, in their order.
+class FieldEnds
+{
+public:
+    //! Finds those of a text shorter than 4 GB. Keeps the memory of the text before.
+    void find(std::string_view text);
+    std::size_t size() const { return m_size; }
+    const std::uint32_t *data() const { return m_places.data(); }
+    std::uint32_t operator[](std::size_t i) const { return m_places[i]; }
+
+private:
+    void makeRoom(std::size_t places);
+
+    std::vector<std::uint32_t>
+        m_places; //!< never smaller than it was, since to grow costs more than to find them
+    std::size_t m_size = 0;
+};
+
+} // namespace Monitor

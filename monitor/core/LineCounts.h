@@ -15,7 +15,13 @@ struct LineCounts
     std::array<qint64, refusalKinds> refused{}; //!< dropped lines for each value of Refusal
 
     //! Returns the number of dropped lines, whatever the reason.
-    qint64 bad() const;
+    qint64 bad() const
+    {
+        qint64 bad = 0;
+        for (const qint64 each : refused)
+            bad += each;
+        return bad;
+    }
     //! Adds the counts of another stream.
     LineCounts &operator+=(const LineCounts &other);
 };

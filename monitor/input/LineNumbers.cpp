@@ -2,7 +2,6 @@
 #include "monitor/input/LineNumbers.h"
 
 #include "monitor/input/FieldNumbers.h"
-#include "monitor/input/LineText.h"
 
 #include <algorithm>
 #include <functional>
@@ -32,17 +31,18 @@ void LineNumbers::read(std::string_view text, int count)
         field = readLine(begin, field) ? field + std::size_t(count) : fieldAfterLine(field);
 }
 
-//! Reads the line that begins at a place with a field. Returns false if it is not plain, or has no end.
+//! Reads the line that begins at a place with a field. Returns false if it is not plain, begins with a blank, or has no end.
 bool LineNumbers::readLine(std::size_t begin, std::size_t field)
 {
     const auto each = std::size_t(m_count);
     const std::size_t last = field + each - 1;
-    const bool hasEnd = last < m_ends.size() && m_text[m_ends[last]] == '\n';
+    const bool isWhole =
+        last < m_ends.size() && m_text[m_ends[last]] == '\n' && m_text[begin] > ' ';
     double *const numbers = m_numbers.data() + m_lines.size() * each;
-    if (!hasEnd || !readFieldNumbers(m_text, begin, m_ends.data() + field, each, numbers))
+    if (!isWhole || !readFieldNumbers(m_text, begin, m_ends.data() + field, each, numbers))
         return false;
-    const std::string_view line = trimmed(m_text.substr(begin, m_ends[last] - begin));
-    m_lines.push_back({std::uint32_t(line.data() - m_text.data()), std::uint32_t(line.size())});
+    const std::size_t end = m_ends[last] - (m_text[m_ends[last] - 1] == '\r' ? 1 : 0);
+    m_lines.push_back({std::uint32_t(begin), std::uint32_t(end - begin)});
     return true;
 }
 

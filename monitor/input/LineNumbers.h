@@ -18,7 +18,7 @@ public:
     void clear();
     //! Reads the lines of \a text that have \a count numbers, 1 or more; none if it is 0. The text must stay as long as of() is called.
     void read(std::string_view text, int count);
-    /*! Returns the \a count numbers of a line of that text, without blanks around it; null if they have not been read. The lines must be asked for
+    /*! Returns the \a count numbers of a line of that text, without its line end; null if they have not been read. The lines must be asked for
         in their order. */
     const double *of(std::string_view line, int count);
 

@@ -80,9 +80,24 @@ void LineProtocol::beginAcquisition()
 void LineProtocol::takeLine(std::string_view line, bool tooLong)
 {
     ++m_counts.lines;
-    m_line = trimmed(line);
-    takeLine(tooLong);
+    m_line = line;
+    if (tooLong || !takeNumbersAhead()) {
+        m_line = trimmed(line);
+        takeLine(tooLong);
+    }
     m_line = {}; // the caller's bytes need not stay
+}
+
+//! Takes the numbers of the present line if they were read ahead. Returns false if not.
+bool LineProtocol::takeNumbersAhead()
+{
+    if (!m_ahead || !expectsPlainRow())
+        return false;
+    const double *numbers = m_ahead->of(m_line, m_rows->numbersOfPlainLine());
+    if (!numbers || !m_rows->takePlain(numbers, m_rowHandler))
+        return false;
+    notePlainRow();
+    return true;
 }
 
 void LineProtocol::takeLine(bool tooLong)
@@ -179,17 +194,21 @@ void LineProtocol::takeFields(std::string_view line)
 //! Takes a line like those before it, as nearly all are. Returns false if the line needs a closer look.
 bool LineProtocol::takePlainRow(std::string_view line)
 {
-    const bool isExpected = m_rows && !m_mayBeHeader && (!m_hasFrames || isInFrame());
-    if (!isExpected)
+    if (!expectsPlainRow() || !m_rows->readPlain(line, m_rowHandler))
         return false;
-    const double *numbers = m_ahead ? m_ahead->of(line, m_rows->numbersOfPlainLine()) : nullptr;
-    const bool isTaken =
-        numbers ? m_rows->takePlain(numbers, m_rowHandler) : m_rows->readPlain(line, m_rowHandler);
-    if (!isTaken)
-        return false;
+    notePlainRow();
+    return true;
+}
+
+bool LineProtocol::expectsPlainRow() const
+{
+    return m_rows && !m_mayBeHeader && (!m_hasFrames || isInFrame());
+}
+
+void LineProtocol::notePlainRow()
+{
     m_otherCountRun = 0;
     m_statesTimes = !m_hasFrames;
-    return true;
 }
 
 //! Begins a frame. Another size begins a new acquisition, and so do times where frames were only counted.
@@ -267,11 +286,6 @@ void LineProtocol::refuseOpenFrame()
     m_frames->drop();
     if (!toldAlready)
         refuse(m_frameLine);
-}
-
-bool LineProtocol::isInFrame() const
-{
-    return m_frames && m_frames->isOpen();
 }
 
 bool LineProtocol::dropOpenFrame()
@@ -479,7 +493,7 @@ RefusedLine LineProtocol::currentLine(Refusal refusal) const
     RefusedLine line;
     line.refusal = refusal;
     line.number = m_counts.lines;
-    line.excerpt = escapedExcerpt(m_line);
+    line.excerpt = escapedExcerpt(trimmed(m_line));
     return line;
 }
 

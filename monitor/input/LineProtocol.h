@@ -51,7 +51,7 @@ public:
     //! Returns whether the columns are known, from a header line or from a line of data.
     bool hasColumns() const { return m_rows != nullptr; }
     //! Returns whether rows of a frame are still to come.
-    bool isInFrame() const;
+    bool isInFrame() const { return m_frames && m_frames->isOpen(); }
     /*! Forgets a frame whose last rows have not come. Returns whether there was one. */
     bool dropOpenFrame();
     //! Returns whether the line that was taken last is the header of a table.
@@ -69,7 +69,10 @@ private:
     void takeFrameRow();
     void refuseOpenFrame();
     void takeFields(std::string_view line);
+    bool takeNumbersAhead();
     bool takePlainRow(std::string_view line);
+    bool expectsPlainRow() const;
+    void notePlainRow();
     bool takeHeader();
     bool mayNameTheOnlyColumn(const RowReader &rows) const;
     bool adoptShape();

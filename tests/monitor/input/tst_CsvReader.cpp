@@ -7,10 +7,27 @@
 
 using namespace Monitor;
 
-static QString readAll(const QString &path, int pieceSize = 5, const QString &import = {},
-                       bool ahead = false)
+namespace {
+
+//! Also notes how each dropped line begins.
+class ExcerptSink : public TextSink
 {
-    TextSink sink;
+public:
+    void lineRefused(const RefusedLine &line) override
+    {
+        TextSink::lineRefused(line);
+        excerpts += line.excerpt + '|';
+    }
+
+    QByteArray excerpts;
+};
+
+} // namespace
+
+static QString readAll(const QString &path, int pieceSize = 5, const QString &import = {},
+                       bool ahead = false, QByteArray *excerpts = nullptr)
+{
+    ExcerptSink sink;
     CsvReader reader(sink);
     ImportOptions options;
     QString error;
@@ -21,6 +38,8 @@ static QString readAll(const QString &path, int pieceSize = 5, const QString &im
     if (!reader.open(path))
         return reader.errorString();
     while (reader.read(pieceSize)) { }
+    if (excerpts)
+        *excerpts = sink.excerpts;
     return sink.text();
 }
 
@@ -267,17 +286,23 @@ private Q_SLOTS:
             const QByteArray number = QByteArray::number(i);
             text += number + (i % 7 == 0 ? " , -1.5e3,\r\n" : ",2.25," + number + '\n');
             if (i % 50 == 0)
-                text += "oops,1\n\n#event " + number + "\n1,2,3,4\n+3,5," + number + "\n";
+                text += "oops,1\n\n#event " + number + "\n1,2,3,4\n1,2,3 \n+3,5," + number + "\n";
             if (i == 300)
                 text += "#channels a,b,c\n301,1,2,3\n302,4,5,6\n#frame 303 2 2\n1,2\n3,4\n";
             if (i == 400)
                 text += "#corvale 1\n#channels d,e\n";
         }
-        const QString path = file(text + "700,1");
-        const QString expected = readAll(path);
-        QVERIFY(expected.contains("| 599: 2.25 599"));
-        for (const int size : {1, 100, 999, 100000})
-            QCOMPARE(readAll(path, size, {}, true), expected);
+        text += "700,1,2\n#corvale 2\n";
+        for (int i = 0; i < 100; ++i)
+            text += "#frame " + QByteArray::number(i) + " 2 1\n1\n\n \n2\n";
+        const QString path = file(text + "#frame 700 2 1\n1");
+        QByteArray refused, refusedAhead;
+        const QString expected = readAll(path, 5, {}, false, &refused);
+        QVERIFY(expected.contains("| 599: 2.25 599") && refused.contains("|1,2,3|"));
+        for (const int size : {1, 100, 999, 100000}) {
+            QCOMPARE(readAll(path, size, {}, true, &refusedAhead), expected);
+            QCOMPARE(refusedAhead, refused);
+        }
     }
 
     void readsWhatASingleChannelModelSaves()

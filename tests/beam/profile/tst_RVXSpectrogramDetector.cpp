@@ -272,7 +272,7 @@ private Q_SLOTS:
         display.widget.setVerdictEnabled(true);
         QVERIFY(display.feed(Frames::pixels()).valid);
         QVERIFY(!display.feed(QVector<double>(128, 0.0)).valid);
-        QVERIFY(display.validity().contains("no charge"));
+        QVERIFY(display.validity().contains("no peak above"));
     }
 
     //! Amounts are shown with the prefix that suits each, and have room on the axes; a host reads them in the unit as before.

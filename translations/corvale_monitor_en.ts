@@ -25,13 +25,6 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n byte(s) of the compressed file is/are damaged; what it/they held is lost</source>
-        <translation>
-            <numerusform>%n byte of the compressed file is damaged; what it held is lost</numerusform>
-            <numerusform>%n bytes of the compressed file are damaged; what they held is lost</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>the frame ends after %n row(s)</source>
         <translation>
             <numerusform>the frame ends after %n row</numerusform>
@@ -302,6 +295,27 @@
         <translation>
             <numerusform>Subtracts the last reading of each channel from what is shown.</numerusform>
             <numerusform>Subtracts the mean of the last %n readings of each channel from what is shown.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n byte(s) of text is/are lost</source>
+        <translation>
+            <numerusform>%n byte of text is lost</numerusform>
+            <numerusform>%n bytes of text are lost</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the last %n byte(s) of the compressed file</source>
+        <translation>
+            <numerusform>the last byte of the compressed file</numerusform>
+            <numerusform>the last %n bytes of the compressed file</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n byte(s) of the compressed file</source>
+        <translation>
+            <numerusform>%n byte of the compressed file</numerusform>
+            <numerusform>%n bytes of the compressed file</numerusform>
         </translation>
     </message>
 </context>

@@ -132,20 +132,20 @@ void CsvReader::readPiece(int bytes, QByteArray *text)
 //! Goes on behind a damaged part. The line that it cut is lost with it. Returns false if nothing follows.
 bool CsvReader::passDamage()
 {
-    const qint64 passed = m_frames->skipDamage();
+    const ZstdFrames::Damage damage = m_frames->skipDamage();
     m_splitter.clear();
-    if (passed == 0) {
-        noteDamage(Damage::Inside,
-                   QStringLiteral("the end of the compressed file is damaged and is lost"));
+    const QString lost = damage.inText < 0
+        ? QStringLiteral("what was in them is lost")
+        : Text::countedInEnglish("%n byte(s) of text is/are lost", nullptr, damage.inText);
+    const QString where = damage.isAtEnd
+        ? Text::countedInEnglish("the last %n byte(s) of the compressed file",
+                                 nullptr,
+                                 damage.inFile)
+        : Text::countedInEnglish("%n byte(s) of the compressed file", nullptr, damage.inFile);
+    noteDamage(Damage::Inside, QStringLiteral("%1 cannot be decoded; %2").arg(where, lost));
+    if (damage.isAtEnd)
         finish();
-        return false;
-    }
-    noteDamage(Damage::Inside,
-               Text::countedInEnglish(
-                   "%n byte(s) of the compressed file is/are damaged; what it/they held is lost",
-                   nullptr,
-                   passed));
-    return true;
+    return !damage.isAtEnd;
 }
 
 void CsvReader::noteDamage(Damage damage, const QString &text)

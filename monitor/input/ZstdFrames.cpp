@@ -19,6 +19,8 @@ constexpr int inputSize = 128 * 1024;
 constexpr int largestWindow = 27; // power of two
 //! A frame that claims to hold more text than any disk is not believed.
 constexpr unsigned long long largestText = 1ULL << 50;
+//! Frames of no more text than this are decoded as a whole.
+constexpr unsigned long long largestWhole = 32ULL << 20;
 const char magic[] = "\x28\xb5\x2f\xfd";
 constexpr int magicSize = 4;
 
@@ -161,6 +163,8 @@ void ZstdFrames::beginAt(qint64 placeInFile)
     ZSTD_DCtx_reset(m_decoder->context, ZSTD_reset_session_only);
     m_input.clear();
     m_taken = 0;
+    m_decoded.clear();
+    m_decodedTaken = 0;
     m_inputBegin = placeInFile;
     m_frameBegin = placeInFile;
     m_insideFrame = false;
@@ -181,26 +185,73 @@ bool ZstdFrames::refill()
 QByteArray ZstdFrames::read(int size)
 {
     QByteArray text(size, Qt::Uninitialized);
-    ZSTD_outBuffer out{text.data(), std::size_t(size), 0};
-    while (!m_damaged && out.pos < out.size) {
-        if (!refill()) {
-            m_damaged = m_insideFrame; // cut off
-            break;
+    int taken = 0;
+    while (!m_damaged && taken < size) {
+        if (m_decodedTaken < m_decoded.size()) {
+            taken += takeDecoded(text.data() + taken, size - taken);
+        } else if (m_insideFrame || !decodeFrame()) {
+            if (!m_damaged && !refill()) {
+                m_damaged = m_insideFrame; // cut off
+                break;
+            }
+            decodePiece(&text, &taken);
         }
-        ZSTD_inBuffer in{m_input.constData(), std::size_t(m_input.size()), m_taken};
-        const std::size_t before = out.pos;
-        const std::size_t result = ZSTD_decompressStream(m_decoder->context, &out, &in);
-        m_damaged = ZSTD_isError(result) != 0;
-        m_insideFrame = result != 0;
-        // The decoder may still hold text when it has taken all of the input.
-        const bool stuck = in.pos == m_taken && out.pos == before;
-        m_damaged = m_damaged || stuck;
-        m_taken = in.pos;
-        if (!m_insideFrame)
-            m_frameBegin = m_inputBegin + qint64(m_taken);
     }
-    text.truncate(int(out.pos));
+    text.truncate(taken);
     return text;
+}
+
+int ZstdFrames::takeDecoded(char *to, int size)
+{
+    const int count = std::min(size, m_decoded.size() - m_decodedTaken);
+    std::copy_n(m_decoded.constData() + m_decodedTaken, count, to);
+    m_decodedTaken += count;
+    return count;
+}
+
+//! Decodes the frame that begins here as a whole. Returns false if that is not possible, or if it is damaged.
+bool ZstdFrames::decodeFrame()
+{
+    const qint64 place = m_inputBegin + qint64(m_taken);
+    const std::optional<FrameSize> frame = frameAt(m_file, place);
+    if (!frame || frame->inText > largestWhole
+        || frame->inFile > qint64(ZSTD_compressBound(std::size_t(largestWhole))))
+        return false;
+    const QByteArray bytes = bytesAt(m_file, place, int(frame->inFile));
+    QByteArray text(int(frame->inText), Qt::Uninitialized);
+    const std::size_t size = ZSTD_decompressDCtx(m_decoder->context,
+                                                 text.data(),
+                                                 std::size_t(text.size()),
+                                                 bytes.constData(),
+                                                 std::size_t(bytes.size()));
+    beginAt(place);
+    if (size != std::size_t(text.size())) {
+        m_damaged = true;
+        return false;
+    }
+    beginAt(place + frame->inFile);
+    m_decoded = text;
+    return !m_damaged;
+}
+
+//! Decodes what is read of a frame that does not say its size, or that is huge or cut off.
+void ZstdFrames::decodePiece(QByteArray *text, int *taken)
+{
+    if (m_damaged)
+        return;
+    ZSTD_outBuffer out{text->data(), std::size_t(text->size()), std::size_t(*taken)};
+    ZSTD_inBuffer in{m_input.constData(), std::size_t(m_input.size()), m_taken};
+    const std::size_t before = out.pos;
+    const std::size_t result = ZSTD_decompressStream(m_decoder->context, &out, &in);
+    m_damaged = ZSTD_isError(result) != 0;
+    m_insideFrame = result != 0;
+    // The decoder may still hold text when it has taken all of the input.
+    const bool stuck = in.pos == m_taken && out.pos == before;
+    m_damaged = m_damaged || stuck;
+    m_taken = in.pos;
+    *taken = int(out.pos);
+    if (!m_insideFrame)
+        m_frameBegin = m_inputBegin + qint64(m_taken);
 }
 
 //! Finds the frame that holds that byte of the text. Returns false if none can be named.
@@ -232,15 +283,21 @@ bool ZstdFrames::seek(qint64 offset)
     return !m_damaged;
 }
 
-qint64 ZstdFrames::skipDamage()
+ZstdFrames::Damage ZstdFrames::skipDamage()
 {
+    Damage damage;
+    const std::optional<FrameSize> frame = frameAt(m_file, m_frameBegin);
     // A damaged frame may claim any length: the next one is looked for behind its first byte.
     const qint64 next = nextFrame(m_file, m_frameBegin + 1);
-    if (next < 0)
-        return 0;
-    const qint64 passed = next - m_frameBegin;
-    beginAt(next);
-    return passed;
+    damage.isAtEnd = next < 0;
+    const qint64 end = damage.isAtEnd ? m_file.size() : next;
+    damage.inFile = end - m_frameBegin;
+    // Text that was already read of a huge frame is not lost; how much that was is not known.
+    if (frame && frame->inFile == damage.inFile && frame->inText <= largestWhole)
+        damage.inText = qint64(frame->inText);
+    if (!damage.isAtEnd)
+        beginAt(next);
+    return damage;
 }
 
 qint64 ZstdFrames::textSize() const

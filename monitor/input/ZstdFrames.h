@@ -10,7 +10,8 @@ class QFile;
 namespace Monitor {
 
 /*! The text of a file that is compressed by zstd, piece by piece. The frames of such a file are independent of each
-    other: reading can begin at each of them, and goes on behind a damaged one. */
+    other: reading can begin at each of them, and goes on behind a damaged one. Of a frame that says its size, and is not huge, nothing is
+    given before its checksum was found right: damage may turn digits into others. */
 class ZstdFrames
 {
 public:
@@ -27,9 +28,15 @@ public:
     bool seek(qint64 offset);
     //! Returns whether the next byte cannot be read because the file is damaged there or ends too early.
     bool isDamaged() const { return m_damaged; }
-    /*! Goes on with the next frame after a damaged one. Returns how many bytes of the file are passed over; 0 if no
-        frame follows. */
-    qint64 skipDamage();
+    //! What is passed over where a file is damaged.
+    struct Damage
+    {
+        qint64 inFile = 0; //!< bytes of the file
+        qint64 inText = -1; //!< bytes of the text; -1 if that is not known
+        bool isAtEnd = false; //!< no frame follows
+    };
+    //! Goes on with the next frame after a damaged one, if there is one.
+    Damage skipDamage();
     //! Returns the length of the whole text in bytes; -1 if the file does not say it.
     qint64 textSize() const;
 
@@ -43,6 +50,9 @@ private:
     bool findFrame(qint64 offset, Place *place) const;
     void beginAt(qint64 placeInFile);
     bool refill();
+    bool decodeFrame();
+    int takeDecoded(char *to, int size);
+    void decodePiece(QByteArray *text, int *taken);
 
     QFile &m_file;
     const std::unique_ptr<Decoder> m_decoder;
@@ -50,6 +60,8 @@ private:
     std::size_t m_taken = 0; //!< bytes of the input that the decoder has taken
     qint64 m_inputBegin = 0; //!< where in the file the input begins
     qint64 m_frameBegin = 0; //!< where in the file the present frame begins
+    QByteArray m_decoded; //!< text of a frame that was checked
+    int m_decodedTaken = 0;
     bool m_insideFrame = false;
     bool m_damaged = false;
 };

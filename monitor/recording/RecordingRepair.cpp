@@ -12,6 +12,7 @@
 #include <QFileInfo>
 
 #include <unistd.h>
+#include <utility>
 
 namespace Monitor {
 
@@ -30,6 +31,7 @@ public:
 
     void streamStarted(const StreamHeader &header) override
     {
+        endDamage(Text::tr("before another part begins"));
         endLoss(Text::tr("before another part begins"));
         m_header = header;
         m_any = false;
@@ -38,8 +40,11 @@ public:
     }
     void reading(double time, const double *values) override
     {
-        if (m_lost > 0)
-            endLoss(Text::tr("before %1 s").arg(time, 0, 'g', 15));
+        if (m_lost > 0 || !m_damageText.isEmpty()) {
+            const QString until = Text::tr("before %1 s").arg(time, 0, 'g', 15);
+            endDamage(until);
+            endLoss(until);
+        }
         m_any = true;
         m_lastTime = time;
         ++m_damage->readings;
@@ -69,8 +74,18 @@ public:
     //! Notes a damage that no line tells of; the reader tells it as an event, too.
     void noteDamage(const QString &text)
     {
-        addLoss(Text::tr("lost: %1, %2").arg(text, whereAfter()));
+        endDamage({});
+        m_damageText = Text::tr("lost: %1, %2").arg(text, whereAfter());
+        m_isDamagedInside = m_any;
         m_damageTold = text;
+    }
+    //! Adds a damage, and what follows it; \a until is empty if nothing does.
+    void endDamage(const QString &until)
+    {
+        if (m_damageText.isEmpty())
+            return;
+        const QString text = std::exchange(m_damageText, {});
+        addLoss(until.isEmpty() || !m_isDamagedInside ? text : Text::tr("%1, %2").arg(text, until));
     }
     void endLoss(const QString &until)
     {
@@ -127,6 +142,8 @@ private:
     qint64 m_firstLine = 0;
     qint64 m_lastLine = 0;
     QString m_why;
+    QString m_damageText; // of a damage behind which nothing was read yet
+    bool m_isDamagedInside = false; // there are readings before it
     QString m_damageTold;
 };
 
@@ -173,6 +190,7 @@ bool read(const QString &path,
         return false;
     }
     while (reader.read(recordingPiece)) { }
+    sink.endDamage({});
     sink.endLoss(Text::tr("before the end of the file"));
     if (reader.hasFailed())
         *error = Text::tr("reading %1 failed: %2").arg(path, reader.errorString());

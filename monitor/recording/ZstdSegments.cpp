@@ -13,7 +13,7 @@ namespace Monitor {
 namespace {
 
 //! Text in one frame: what is read at least to go to a place, and what one damaged place costs at most.
-constexpr int frameSize = 2 * 1024 * 1024;
+constexpr int frameSize = 256 * 1024;
 constexpr int level = 6;
 
 //! Returns about \a frameSize bytes that end with a line, so that a frame is readable without its neighbours.

@@ -65,10 +65,12 @@ QByteArray readAll(ZstdFrames *frames, int pieceSize, int fileSize)
             return text; // a small file may hold any amount of it
         if (!piece.isEmpty())
             continue;
-        const qint64 further = frames->isDamaged() ? frames->skipDamage() : 0;
-        if (further == 0)
+        if (!frames->isDamaged())
             return text;
-        passed += int(further);
+        const ZstdFrames::Damage damage = frames->skipDamage();
+        if (damage.isAtEnd)
+            return text;
+        passed += int(damage.inFile);
     }
     FUZZ_REQUIRE(!"a damage is passed over again and again");
     return {};

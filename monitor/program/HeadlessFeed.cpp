@@ -3,10 +3,12 @@
 
 #include "monitor/core/Clock.h"
 #include "monitor/core/LogTail.h"
+#include "monitor/core/NumberText.h"
 #include "monitor/core/Text.h"
 #include "monitor/nexus/NexusFiles.h"
 #include "monitor/program/RepairRun.h"
 #include "monitor/recording/RecordingRepair.h"
+#include "monitor/recording/RecordingSegments.h"
 #include "monitor/sources/PlayClock.h"
 #include "monitor/sources/SourceFactory.h"
 #include "monitor/statistics/BeamEstimates.h"
@@ -196,6 +198,7 @@ void HeadlessFeed::takeHeader(const StreamHeader &told)
         end();
     }
     m_gapsBefore += m_statistics.gaps();
+    noteLongestGap();
     m_statistics.startStream(header);
     m_activity.reset();
     if (m_commandLine.task == CommandLine::Task::Statistics)
@@ -323,14 +326,40 @@ std::optional<StatisticsReport> HeadlessFeed::statistics() const
     return report;
 }
 
+//! Keeps the longest gap of the present acquisition, if none before it had a longer one.
+void HeadlessFeed::noteLongestGap()
+{
+    const StreamStatistics::Gap &gap = m_statistics.longestGap();
+    if (gap.length() <= m_longestGap.length())
+        return;
+    constexpr double millisecondsPerSecond = 1000.0;
+    m_longestGap = gap;
+    m_longestGapBegin = StreamHeader::countsFrom1970(gap.begin)
+        ? QDateTime::fromMSecsSinceEpoch(qint64(gap.begin * millisecondsPerSecond), Qt::UTC)
+        : startTime().toUTC().addMSecs(qint64(gap.begin * millisecondsPerSecond));
+}
+
+QString HeadlessFeed::longestGapText() const
+{
+    const QString text = tr("the longest gap lasts %1 s, after %2 s")
+                             .arg(numberText(m_longestGap.length(), 6))
+                             .arg(m_longestGap.begin, 0, 'g', 15);
+    return m_longestGapBegin.isValid()
+        ? tr("%1 (%2)").arg(text, m_longestGapBegin.toString(Qt::ISODateWithMs))
+        : text;
+}
+
 QStringList HeadlessFeed::check()
 {
+    noteLongestGap();
     QStringList lines{
         tr("detector: %1").arg(m_statistics.header().detector.summary()),
         tr("%1, %2 dropped, %3")
             .arg(Text::countedInEnglish("%n reading(s)", nullptr, m_readings),
                  Text::countedInEnglish("%n line(s)", nullptr, m_source->counts().bad()),
                  Text::countedInEnglish("%n gap(s)", nullptr, m_gapsBefore + m_statistics.gaps()))};
+    if (m_longestGap.length() > 0.0)
+        lines += longestGapText();
     if (m_leftOutCount.count() > 0)
         lines += m_leftOutCount.text();
     const auto *file = qobject_cast<FileSource *>(m_source.get());
@@ -341,6 +370,10 @@ QStringList HeadlessFeed::check()
             lines += damageLines(damage);
             m_isDamaged = damage.isInside;
         }
+        const QStringList missing = missingSegments(file->path());
+        if (!missing.isEmpty())
+            lines += tr("missing of this recording: %1").arg(missing.join(QStringLiteral(", ")));
+        m_lacksFiles = !missing.isEmpty();
     }
     return lines;
 }
@@ -359,8 +392,11 @@ ExitCode HeadlessFeed::judge() const
                                         nullptr,
                                         bad)
                      .arg(m_source->description()));
-    const bool wrong = m_readings == 0 || bad > 0 || m_detectorUnused || m_channelsLeftOut
-        || m_leftOutCount.count() > 0 || m_isDamaged || m_spotsCut || planIsUnused();
+    if (m_lacksFiles)
+        complain(tr("%1: other files of this recording are missing").arg(m_source->description()));
+    const bool wrong = m_lacksFiles || m_readings == 0 || bad > 0 || m_detectorUnused
+        || m_channelsLeftOut || m_leftOutCount.count() > 0 || m_isDamaged || m_spotsCut
+        || planIsUnused();
     return wrong ? ExitBadData : ExitGood;
 }
 

@@ -93,6 +93,8 @@ private:
     void sourceStateChanged(Source::State state, const QString &text);
     void keepSpots(const ReadingBlock &readings);
     std::optional<SpotErrors> spotErrors() const;
+    void noteLongestGap();
+    QString longestGapText() const;
     bool planIsUnused() const;
 
     const CommandLine &m_commandLine;
@@ -112,12 +114,15 @@ private:
     SpotRows m_spots; //!< the spots of the last stream, if they are compared with planned ones
     bool m_spotsCut = false;
     qint64 m_gapsBefore = 0; //!< of the acquisitions before the present one
+    StreamStatistics::Gap m_longestGap; //!< of the acquisitions that were looked at
+    QDateTime m_longestGapBegin; //!< invalid if the recording states no date
     qint64 m_readings = 0;
     ExitCode m_exitCode = ExitGood;
     bool m_detectorUnused = false;
     bool m_channelsLeftOut = false;
     LeftOutCount m_leftOutCount; //!< with --check and --stats
     bool m_isDamaged = false;
+    bool m_lacksFiles = false; //!< other files of the recording are missing
     bool m_isInterrupted = false;
     bool m_wasConnected = false;
     bool m_isToldAway = false;

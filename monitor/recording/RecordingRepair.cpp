@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/recording/RecordingRepair.h"
 
-#include "monitor/core/RegularFile.h"
 #include "monitor/core/Text.h"
 #include "monitor/input/CsvReader.h"
 #include "monitor/recording/RecordingRows.h"
+#include "monitor/recording/RecordingSegments.h"
 #include "monitor/recording/RecordingWriter.h"
 
 #include <QDir>
@@ -147,25 +147,6 @@ private:
     QString m_damageTold;
 };
 
-//! Returns the source that the beginning of a recording names; empty if it names none.
-QString sourceIn(const QByteArray &beginning)
-{
-    for (const QByteArray &line : beginning.split('\n'))
-        if (line.startsWith("# source: "))
-            return QString::fromUtf8(line.mid(10)).trimmed();
-    return {};
-}
-
-//! Returns the first bytes of the text of a recording.
-QByteArray beginningOf(const QString &path)
-{
-    QFile file(path);
-    if (!openRegular(file))
-        return {};
-    constexpr int size = 4096;
-    return ZstdFrames::begins(file.peek(4)) ? ZstdFrames(file).read(size) : file.read(size);
-}
-
 bool read(const QString &path,
           const ImportOptions &import,
           QIODevice *copy,
@@ -173,7 +154,7 @@ bool read(const QString &path,
           QString *error)
 {
     *damage = {};
-    const QString source = sourceIn(beginningOf(path));
+    const QString source = recordedSource(path);
     const QString repaired = Text::tr("repaired from %1").arg(QFileInfo(path).fileName());
     DamageSink sink(damage, copy, source.isEmpty() ? repaired : source + Text::tr("; ") + repaired);
     CsvReader reader(sink);

@@ -66,6 +66,8 @@ bool StreamStatistics::isAfterGap(double time)
     if (isFirst)
         m_firstTime = time;
     const bool isGap = !isFirst && m_gapWatch.isGap(time - m_lastTime);
+    if (isGap && time - m_lastTime > m_longestGap.length())
+        m_longestGap = {m_lastTime, time};
     m_lastTime = time;
     return isGap;
 }

@@ -24,6 +24,14 @@ public:
         double time = 0.0;
         FrameMoments moments;
     };
+    //! A pause between two readings, in seconds of the stream.
+    struct Gap
+    {
+        double begin = 0.0; //!< the time of the reading before it
+        double end = 0.0;
+
+        double length() const { return end - begin; }
+    };
     //! How many pixel frames are kept at most; the oldest go first.
     static constexpr std::size_t maxFrames = 10000;
 
@@ -49,6 +57,8 @@ public:
     double lastTime() const { return m_lastTime; }
     //! Returns the number of pauses longer than three of the usual steps.
     qint64 gaps() const { return m_gaps; }
+    //! Returns the longest of them; it has no length if there is none.
+    const Gap &longestGap() const { return m_longestGap; }
     //! Returns the statistics of a channel, counted from 0.
     const RunningStatistics &channel(int i) const { return m_channels[std::size_t(i)]; }
     //! Returns the numbers of the frames that were added last, one for each channel of the header; valid until the next call.
@@ -79,6 +89,7 @@ private:
     qint64 m_acquisition = 0;
     qint64 m_readings = 0;
     qint64 m_gaps = 0;
+    Gap m_longestGap;
     double m_firstTime = 0.0;
     double m_lastTime = 0.0;
     GapWatch m_gapWatch;

@@ -25,6 +25,14 @@ private Q_SLOTS:
         putFile(path("empty.csv"), "");
         putFile(path("cut.h5"), "\x89HDF\r\n\x1a\n");
         putFile(path("names.csv"), "time_s,a_nA\n");
+        QByteArray pauses =
+            "#corvale 1\n# source: tcp://here\n#t0 2026-03-01T12:00:00Z\n#channels a nA\n";
+        for (const int time : {0, 1, 2, 3, 4, 9, 10, 11, 12, 42, 43, 44, 45, 53})
+            pauses += QByteArray::number(time) + ",1\n";
+        for (const char *name :
+             {"set.csv", "set-2.csv", "set-4.csv.zst", "set-8.csv", "set-130000.csv"})
+            putFile(path(name), pauses);
+        putFile(path("set-6.csv"), "#corvale 1\n# source: tcp://elsewhere\n0,1\n");
         putFile(path("dark.csv"), "#layout strips\n0" + QByteArray(",0").repeated(64) + "\n");
     }
 
@@ -42,6 +50,9 @@ private Q_SLOTS:
             display that the data lack | --screenshot v.png --view spots good.csv | 1 | no data for the display
             picture without a beam     | --screenshot v.png --view profile dark.csv | 0 |
             fits without a beam        | --stats dark.csv | 0 | no peak above 5 times the noise
+            gaps                       | --check set-130000.csv | 0
+                | 3 gaps\nthe longest gap lasts 30 s, after 12 s (2026-03-01T12:00:12.000Z)\n
+            missing file               | --check set-4.csv.zst | 2 | missing of this recording: set-3.csv\n
             bad line                   | --stats bad.csv | 2 | 1 line could not be used; --check shows it
             bad line found             | --check bad.csv | 2 | what is this
             empty                      | --stats empty.csv | 2 | no readings

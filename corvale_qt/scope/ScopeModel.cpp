@@ -131,8 +131,8 @@ QString ScopeModel::readingWithPrefix(int channel, double reading, double noise)
 
 QString ScopeModel::numberWithPrefix(int channel, double number, double error) const
 {
-    Units::SiPrefix prefix(unitName(channel));
-    prefix.follow(number, error);
+    const auto prefixes = ReadingPrefixes::of(m_items);
+    const Units::SiPrefix prefix = prefixes->alike({channel, unitName(channel), number, error});
     return readingText(prefix, number, m_fixedUnit);
 }
 

@@ -2,6 +2,7 @@
 #include "corvale_qt/models/RVXPlotColors.h"
 #include "tests/scope/ScopeTestView.h"
 #include "tests/support/TestMain.h"
+#include <corvale_qt/proxies/RVXLatestPlotDataProxyModel.h>
 
 using namespace Corvale_Qt;
 using View = RVXScopePlotView;
@@ -173,6 +174,29 @@ private Q_SLOTS:
              {"Period: 40.0000 ms", "Frequency: 25.0000 Hz", "Mean: 186.3", " nA"})
             QVERIFY2(text.contains(line), qPrintable(text));
         QVERIFY2(!text.contains("e-"), qPrintable(text));
+    }
+
+    //! A prefix outlasts readings a little below it, and the numbers between markers keep the one of the readings.
+    void numbersBetweenMarkersHaveThePrefixOfTheReadings()
+    {
+        ModelView view(1);
+        RVXLatestPlotDataProxyModel table;
+        table.setSourceModel(&view.model);
+        table.setSiPrefix(true);
+        const auto newest = [&table] { return table.index(0, 1).data().toString(); };
+        view.model.appendRows(1, 0.001, [](int, double) { return 1.05e-6; });
+        QVERIFY2(newest().endsWith(" \u00b5A"), qPrintable(newest()));
+        view.model.appendRows(64, 0.001, [](int, double time) {
+            return 9e-7 + 1e-9 * (qRound(time * 1000) * 7 % 5 - 2);
+        });
+        QVERIFY2(newest().endsWith(" \u00b5A"), qPrintable(newest()));
+        view.enablePlotMarker(true);
+        view.setSiPrefix(true);
+        view.click(Qt::LeftButton, 0.02, 9e-7);
+        view.click(Qt::RightButton, 0.06, 9e-7);
+        const QStringList lines = view.markerText(1).split('\n');
+        for (const char *number : {"Mean: ", "RMS: "})
+            QCOMPARE(lines.filter(number).join("").right(3), QString(" \u00b5A"));
     }
 };
 

@@ -51,7 +51,23 @@ void LeftOutNotice::refresh()
     for (const QString &text : {m_session.statistics().leftOut().text(), m_inDisplays.shown()})
         if (!text.isEmpty())
             texts.append(text);
-    tell(texts.join(QStringLiteral("; ")), Kind::Trouble);
+    tellShortly(texts);
+}
+
+//! Shows the first faults, and how many there are besides; the log has them all, and so has the tool tip.
+void LeftOutNotice::tellShortly(const QStringList &texts)
+{
+    constexpr int most = 2; // two lines of a small window each
+    QStringList shown = texts.mid(0, most);
+    const int others = texts.size() - shown.size();
+    if (others > 0)
+        shown.append(Text::counted("%n more in the log", nullptr, others));
+    tell(shown.join(QStringLiteral("; ")), Kind::Trouble);
+    QStringList lines;
+    for (const QString &text : texts)
+        lines.append(text.toHtmlEscaped()); // a channel may be called anything
+    const QString all = lines.join(QStringLiteral("<br>"));
+    setToolTip(others > 0 ? QStringLiteral("<qt>%1</qt>").arg(all) : QString());
 }
 
 } // namespace Monitor

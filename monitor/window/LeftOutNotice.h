@@ -20,6 +20,7 @@ public:
 
 private:
     void refresh();
+    void tellShortly(const QStringList &texts);
     void noteInDisplays(const LoggedText &text);
 
     Session &m_session;

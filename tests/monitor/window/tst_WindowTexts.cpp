@@ -91,6 +91,24 @@ private Q_SLOTS:
         QVERIFY(listener.heard().size() > 300);
     }
 
+    void aNoticeNamesTwoFaultsAndCountsTheOthers()
+    {
+        SmallWindow w(file("many.xui"));
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 2);
+        header.detectorFault = QString("no cells");
+        header.limitsFault = QString("<b> rises");
+        w.source->begin(header);
+        QVERIFY2(w.notice("leftOutNotice").contains("<b> rises"),
+                 qPrintable(w.notice("leftOutNotice")));
+        header.leftOutChannels = 3;
+        w.source->begin(header);
+        QVERIFY2(w.notice("leftOutNotice").endsWith("sets them here; 1 more in the log"),
+                 qPrintable(w.notice("leftOutNotice")));
+        const QString all = w.window.findChild<NoticeLine *>("leftOutNotice")->toolTip();
+        QVERIFY2(all.contains("&lt;b&gt;") && all.contains("3 columns"), qPrintable(all));
+    }
+
     //! The log has the events of a recording in the same words; only the state of the source is in the language of the window.
     void recordingsAreTheSameInEveryLanguage()
     {

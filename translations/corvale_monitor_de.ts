@@ -3280,6 +3280,13 @@ Gelesenes ist verbraucht, deshalb kann diese Quelle nicht getestet und nicht zwe
         <source>column %1 is said to hold the time, but the last column is %2</source>
         <translation>Spalte %1 soll die Zeit enthalten, aber die letzte Spalte ist %2</translation>
     </message>
+    <message numerus="yes">
+        <source>%n more in the log</source>
+        <translation>
+            <numerusform>%n mehr im Protokoll</numerusform>
+            <numerusform>%n mehr im Protokoll</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

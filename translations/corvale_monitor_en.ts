@@ -318,5 +318,12 @@
             <numerusform>%n bytes of the compressed file</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n more in the log</source>
+        <translation>
+            <numerusform>%n more in the log</numerusform>
+            <numerusform>%n more in the log</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

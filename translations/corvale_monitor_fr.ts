@@ -3280,6 +3280,13 @@ Ce qui est lu est consommé&#xa0;: cette source ne peut être ni testée ni ouve
         <source>column %1 is said to hold the time, but the last column is %2</source>
         <translation>la colonne %1 devrait contenir le temps, mais la dernière colonne est la %2</translation>
     </message>
+    <message numerus="yes">
+        <source>%n more in the log</source>
+        <translation>
+            <numerusform>%n autre dans le journal</numerusform>
+            <numerusform>%n autres dans le journal</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

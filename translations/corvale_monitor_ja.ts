@@ -3259,6 +3259,12 @@ What was read is gone, so this source cannot be tested and cannot be opened twic
         <source>column %1 is said to hold the time, but the last column is %2</source>
         <translation>時刻は %1 列目とされていますが、最後の列は %2 列目です</translation>
     </message>
+    <message numerus="yes">
+        <source>%n more in the log</source>
+        <translation>
+            <numerusform>ログにほか %n 件</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>Monitor::TimeAxisActions</name>

@@ -175,16 +175,27 @@ private:
     void addSum(const double *values)
     {
         double sum = 0.0;
+        for (int i = 0; i < m_channels; ++i)
+            sum += values[i];
+        // A value that is not finite leaves no finite sum.
+        if (!std::isfinite(sum))
+            sum = sumOfFinite(values);
+        if (m_channels == 0 || !std::isfinite(sum))
+            return;
+        m_block.low = std::min(m_block.low, sum);
+        m_block.high = std::max(m_block.high, sum);
+    }
+    //! Returns the sum of the values that are not missing; not a number if all are.
+    double sumOfFinite(const double *values) const
+    {
+        double sum = 0.0;
         bool any = false;
         for (int i = 0; i < m_channels; ++i) {
             const bool isFinite = std::isfinite(values[i]);
             sum += isFinite ? values[i] : 0.0;
             any = any || isFinite;
         }
-        if (!any || !std::isfinite(sum))
-            return;
-        m_block.low = std::min(m_block.low, sum);
-        m_block.high = std::max(m_block.high, sum);
+        return any ? sum : std::numeric_limits<double>::quiet_NaN();
     }
     void addEvent(const QString &text)
     {

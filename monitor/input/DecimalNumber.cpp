@@ -11,8 +11,6 @@ namespace {
 
 __extension__ using Wide = unsigned __int128;
 
-constexpr int mostDigits = 19; // of which every number fits into 64 bits
-
 // Within a function, each call would make a table anew on its stack unless it is static.
 constexpr std::uint64_t wholePowers[] =
     {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
@@ -112,7 +110,7 @@ const char *read(const char *at, const char *end, Decimal *decimal)
         decimal->exponent = int(fraction - at);
         count += at - fraction;
     }
-    if (count == 0 || count > mostDigits)
+    if (count == 0 || count > mostQuickDigits)
         return nullptr;
     return at != end && (*at == 'e' || *at == 'E') ? readExponent(at, end, &decimal->exponent) : at;
 }
@@ -170,31 +168,29 @@ bool divide(std::uint64_t digits, int places, double *quotient)
     return true;
 }
 
-//! Finds the nearest double. Returns false if that is not certain.
-bool toDouble(const Decimal &decimal, double *number)
+} // namespace
+
+bool nearestDouble(std::uint64_t digits, int exponent, double *number)
 {
     constexpr std::uint64_t mostExact = std::uint64_t(1) << 53;
-    const int places = -decimal.exponent;
+    const int places = -exponent;
     const int power = places < 0 ? -places : places;
     // Both numbers are exact, so that only the one operation rounds.
-    if (decimal.digits <= mostExact && power < int(powers.size())) {
-        const auto digits = double(decimal.digits);
+    if (digits <= mostExact && power < int(powers.size())) {
+        const auto whole = double(digits);
         *number =
-            places > 0 ? digits / powers[std::size_t(power)] : digits * powers[std::size_t(power)];
+            places > 0 ? whole / powers[std::size_t(power)] : whole * powers[std::size_t(power)];
         return true;
     }
-    return decimal.digits != 0 && places > 0 && places <= mostFives
-        && divide(decimal.digits, places, number);
+    return digits != 0 && places > 0 && places <= mostFives && divide(digits, places, number);
 }
-
-} // namespace
 
 const char *readDecimal(const char *text, const char *end, double *number)
 {
     Decimal decimal;
     const char *const after = read(text, end, &decimal);
     double value = 0.0;
-    if (!after || !toDouble(decimal, &value))
+    if (!after || !nearestDouble(decimal.digits, decimal.exponent, &value))
         return nullptr;
     *number = decimal.isNegative ? -value : value;
     return after;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/input/FieldNumbers.h"
 
+#include "monitor/input/DecimalNumber.h"
 #include "monitor/input/LineText.h"
 #include "monitor/input/VectorParts.h"
 
@@ -10,6 +11,14 @@
 namespace Monitor {
 
 namespace {
+
+//! Reads any field. What follows it in the text is looked at together with it, which is faster than to look where it ends.
+bool readField(std::string_view text, std::size_t begin, std::size_t end, double *number)
+{
+    const char *const first = text.data() + begin;
+    return readDecimal(first, text.data() + text.size(), number) == text.data() + end
+        || parseNumber(trimmed({first, end - begin}), number);
+}
 
 #if CORVALE_MONITOR_HAS_VECTORS
 
@@ -69,49 +78,103 @@ CORVALE_MONITOR_VECTORS inline std::uint64_t joinSixteen(__m128i digits)
     return (both & half) * hundredMillions + (both >> 32);
 }
 
-/*! Reads a number of at most sixteen characters beside its sign, with neither blanks nor an exponent. The sixteen characters before its end
-    must be readable, whatever the first ones are. Returns false for other fields. */
-CORVALE_MONITOR_VECTORS inline bool readSixteen(const char *begin, const char *end, double *number)
+//! The digits of sixteen characters, of which one may be a point.
+struct Sixteen
+{
+    std::uint64_t digits = 0;
+    std::size_t point = sixteen; //!< which character the point is; 16 for none
+
+    bool hasPoint() const { return point < sixteen; }
+};
+
+//! Reads the last \a size of the sixteen characters before \a end, all of which must be readable. Returns false if they are anything else.
+CORVALE_MONITOR_VECTORS inline bool readSixteen(const char *end, std::size_t size, Sixteen *read)
 {
     static constexpr auto masks = makeMasks();
     static constexpr auto moves = makeMoves();
-    static constexpr auto divisors = makeDivisors();
-    const std::uint64_t sign = *begin == '-' ? 1 : 0;
-    const auto size = std::size_t(end - begin) - sign;
-    if (size - 1 >= sixteen)
-        return false;
     const __m128i text = _mm_sub_epi8(load(end - sixteen), _mm_set1_epi8('0'));
     const __m128i digits = _mm_and_si128(text, load(masks.data() + size));
     const __m128i notDigits = _mm_cmpgt_epi8(digits, _mm_set1_epi8(9));
     const auto others = unsigned(_mm_movemask_epi8(_mm_or_si128(notDigits, digits)));
     const auto points =
         unsigned(_mm_movemask_epi8(_mm_cmpeq_epi8(digits, _mm_set1_epi8('.' - '0'))));
-    const bool isPlain =
-        others == points && (points & (points - 1)) == 0 && (points == 0 || size > 1);
-    if (!isPlain)
+    if (others != points || (points & (points - 1)) != 0 || (points != 0 && size == 1))
         return false;
-    const auto point = std::size_t(__builtin_ctz(points | 1U << sixteen));
-    const __m128i joined = _mm_shuffle_epi8(digits, load(moves.data() + point * sixteen));
-    // Only one operation rounds: doubles hold all numbers of fifteen digits, and one of sixteen has no point, so that its divisor is 1.
-    const double magnitude = double(std::int64_t(joinSixteen(joined))) / divisors[point];
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &magnitude, sizeof bits);
-    bits |= sign << 63;
-    std::memcpy(number, &bits, sizeof bits);
+    read->point = std::size_t(__builtin_ctz(points | 1U << sixteen));
+    read->digits =
+        joinSixteen(_mm_shuffle_epi8(digits, load(moves.data() + read->point * sixteen)));
     return true;
 }
 
-//! Reads fields, from the one that begins at \a begin on, up to the first that is not so plain. Returns how many.
-CORVALE_MONITOR_VECTORS std::size_t readPlainFields(const char *text,
-                                                    std::size_t begin,
-                                                    const std::uint32_t *ends,
-                                                    std::size_t count,
-                                                    double *numbers)
+CORVALE_MONITOR_VECTORS inline double withSign(double magnitude, bool isNegative)
+{
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &magnitude, sizeof bits);
+    bits |= std::uint64_t(isNegative) << 63;
+    std::memcpy(&magnitude, &bits, sizeof bits);
+    return magnitude;
+}
+
+//! Reads a number of at most sixteen characters beside its sign, if it is plain.
+CORVALE_MONITOR_VECTORS inline bool readShort(const char *begin, const char *end, double *number)
+{
+    static constexpr auto divisors = makeDivisors();
+    const bool isNegative = *begin == '-';
+    const auto size = std::size_t(end - begin) - std::size_t(isNegative);
+    Sixteen read;
+    if (size - 1 >= sixteen || !readSixteen(end, size, &read))
+        return false;
+    // Only one operation rounds: doubles hold all numbers of fifteen digits, and one of sixteen has no point, so that its divisor is 1.
+    *number = withSign(double(std::int64_t(read.digits)) / divisors[read.point], isNegative);
+    return true;
+}
+
+//! Reads a number of more characters, if it is plain and its nearest double is certain.
+CORVALE_MONITOR_VECTORS inline bool readLong(const char *begin, const char *end, double *number)
+{
+    const bool isNegative = *begin == '-';
+    begin += std::ptrdiff_t(isNegative);
+    const auto size = end - begin;
+    Sixteen last;
+    if (size <= std::ptrdiff_t(sixteen) || size > mostQuickDigits + 1
+        || !readSixteen(end, sixteen, &last))
+        return false;
+    bool hasPoint = last.hasPoint();
+    std::uint64_t digits = 0;
+    int places = hasPoint ? int(sixteen - 1 - last.point) : 0;
+    for (const char *at = begin; at != end - sixteen; ++at) {
+        const auto digit = unsigned(*at - '0');
+        const bool isPoint = *at == '.' && !hasPoint;
+        if (digit > 9 && !isPoint)
+            return false;
+        if (isPoint)
+            places = int(end - at) - 1;
+        else
+            digits = digits * 10 + digit;
+        hasPoint = hasPoint || isPoint;
+    }
+    constexpr std::uint64_t fifteenDigits = 1000000000000000, ten = 10;
+    digits = digits * fifteenDigits * (last.hasPoint() ? 1 : ten) + last.digits;
+    double magnitude = 0.0;
+    const bool isFound =
+        size - (hasPoint ? 1 : 0) <= mostQuickDigits && nearestDouble(digits, -places, &magnitude);
+    *number = withSign(magnitude, isNegative);
+    return isFound;
+}
+
+/*! Reads fields, from the one that begins at \a begin on, up to the first that \a Read does not read. Returns how many. The sixteen characters
+    before the end of a field must be readable, whatever the first ones are. */
+template<bool (*Read)(const char *begin, const char *end, double *number)>
+CORVALE_MONITOR_VECTORS std::size_t readFields(const char *text,
+                                               std::size_t begin,
+                                               const std::uint32_t *ends,
+                                               std::size_t count,
+                                               double *numbers)
 {
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t end = ends[i];
         const bool isRead = end >= sixteen && (i + 1 == count || text[end] == ',')
-            && readSixteen(text + begin, text + end, &numbers[i]);
+            && Read(text + begin, text + end, &numbers[i]);
         if (!isRead)
             return i;
         begin = end + 1;
@@ -129,24 +192,29 @@ bool readFieldNumbers(std::string_view text,
                       std::size_t count,
                       double *numbers)
 {
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count;) {
+        const std::size_t first = i == 0 ? begin : ends[i - 1] + 1;
 #if CORVALE_MONITOR_HAS_VECTORS
-        if (hasVectors()) {
-            const std::size_t plain =
-                readPlainFields(text.data(), begin, ends + i, count - i, numbers + i);
-            i += plain;
-            if (i == count)
-                return true;
-            if (plain > 0)
-                begin = ends[i - 1] + 1;
-        }
+        const auto readSome = [&](auto read) {
+            const std::size_t some = read(text.data(), first, ends + i, count - i, numbers + i);
+            i += some;
+            return some > 0;
+        };
+        if (hasVectors() && (readSome(readFields<readShort>) || readSome(readFields<readLong>)))
+            continue;
 #endif
-        const std::string_view field = text.substr(begin, ends[i] - begin);
-        if ((i + 1 < count && text[ends[i]] != ',') || !parseNumber(trimmed(field), &numbers[i]))
+        if ((i + 1 < count && text[ends[i]] != ',')
+            || !readField(text, first, ends[i], &numbers[i]))
             return false;
-        begin = ends[i] + 1;
+        ++i;
     }
     return true;
+}
+
+bool readLineNumbers(std::string_view line, std::size_t count, FieldEnds *ends, double *numbers)
+{
+    ends->findInLine(line);
+    return ends->size() == count && readFieldNumbers(line, 0, ends->data(), count, numbers);
 }
 
 } // namespace Monitor

@@ -107,34 +107,6 @@ bool parseNumber(std::string_view text, double *number)
     return true;
 }
 
-bool parseNumbers(std::string_view line, std::size_t count, double *numbers)
-{
-    const char *at = line.data();
-    const char *const end = at + line.size();
-    const auto skipBlanks = [&at, end] {
-        while (at != end && *at == ' ')
-            ++at;
-    };
-    for (std::size_t i = 0; i < count; ++i) {
-        skipBlanks();
-        const char *const first = at;
-        const char *after = readDecimal(first, end, &numbers[i]);
-        if (!after || (after != end && *after != ',' && *after != ' ')) {
-            after = std::find(first, end, ',');
-            const std::string_view field(first, std::size_t(after - first));
-            if (!parseNumber(trimmed(field), &numbers[i]))
-                return false;
-        }
-        at = after;
-        skipBlanks();
-        const bool isLast = i + 1 == count;
-        if (isLast ? at != end : at == end || *at != ',')
-            return false;
-        ++at;
-    }
-    return true;
-}
-
 QByteArray escapedExcerpt(std::string_view text, int length)
 {
     const bool cut = int(text.size()) > length;

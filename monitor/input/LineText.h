@@ -20,10 +20,6 @@ void splitFields(std::string_view line, std::vector<std::string_view> *fields);
     and for any other text. */
 bool parseNumber(std::string_view text, double *number);
 
-/*! Reads a line of exactly \a count numbers between commas, as splitFields() and parseNumber() would, but in one pass. Returns
-    false for any other line, and for an unreadable number; \a numbers is then undefined. */
-bool parseNumbers(std::string_view line, std::size_t count, double *numbers);
-
 /*! Returns the first \a length characters of a text from outside, with "..." if there are more. All but printable ASCII
     is written as \xHH. */
 QByteArray escapedExcerpt(std::string_view text, int length = 60);

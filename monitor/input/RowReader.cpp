@@ -2,6 +2,7 @@
 #include "monitor/input/RowReader.h"
 
 #include "monitor/input/ColumnPlan.h"
+#include "monitor/input/FieldNumbers.h"
 #include "monitor/input/LineText.h"
 
 #include <cmath>
@@ -58,11 +59,12 @@ bool RowReader::takePlain(const double *, const RowHandler &)
 
 bool RowReader::readPlain(std::string_view line, const RowHandler &handler)
 {
-    const int count = numbersOfPlainLine();
-    if (count <= 0)
+    const auto count = std::size_t(numbersOfPlainLine());
+    if (count == 0)
         return false;
-    m_plain.resize(std::size_t(count));
-    return parseNumbers(line, m_plain.size(), m_plain.data()) && takePlain(m_plain.data(), handler);
+    m_plain.resize(count);
+    return readLineNumbers(line, count, &m_ends, m_plain.data())
+        && takePlain(m_plain.data(), handler);
 }
 
 void RowReader::finish(const RowHandler &) { }

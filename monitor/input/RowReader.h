@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "monitor/input/FieldEnds.h"
 #include "monitor/readings/StreamHeader.h"
 
 #include <functional>
@@ -68,6 +69,7 @@ private:
     StreamKind m_kind;
     Corvale_Qt::DetectorDescription m_frames;
     QString m_frameUnit;
+    FieldEnds m_ends; //!< of the line that readPlain() reads
     std::vector<double> m_plain; //!< of the line that readPlain() reads
 };
 

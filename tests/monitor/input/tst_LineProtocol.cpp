@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "monitor/input/FieldNumbers.h"
 #include "monitor/input/LineNumbers.h"
 #include "monitor/input/LineProtocol.h"
 #include "monitor/input/LineSplitter.h"
@@ -45,7 +46,7 @@ std::string writtenNumber(std::mt19937_64 &random)
 std::optional<double> numberReadAhead(const std::string &number)
 {
     const std::string before = std::string(40, ',') + '\n', line = "1234567890123.5," + number;
-    const std::string text = before + line + "\n1,2,3\n#" + std::string(60, ' ');
+    const std::string text = before + line + "\n1,2,3\n#" + std::string(10, ' ');
     LineNumbers numbers;
     numbers.read(text, 2);
     const std::size_t size = std::min(line.find('\r'), line.size());
@@ -465,6 +466,7 @@ private Q_SLOTS:
     void numbersAreTheNearest()
     {
         std::mt19937_64 random(5);
+        FieldEnds ends;
         constexpr int numbers = 60000;
         for (int i = 0; i < numbers; ++i) {
             const std::string text = writtenNumber(random);
@@ -472,25 +474,30 @@ private Q_SLOTS:
             std::from_chars(text.data(), text.data() + text.size(), wanted);
             std::array<double, 2> inLine{};
             QVERIFY2(parseNumber(text, &alone), text.c_str());
-            QVERIFY2(parseNumbers("1.5, " + text + ' ', 2, inLine.data()), text.c_str());
+            QVERIFY2(readLineNumbers(text + ", " + text + ' ', 2, &ends, inLine.data()),
+                     text.c_str());
             const std::optional<double> ahead = numberReadAhead(text);
             QVERIFY2(ahead && isSame(*ahead, wanted), text.c_str());
-            QVERIFY2(isSame(alone, wanted) && isSame(inLine[1], wanted), text.c_str());
+            QVERIFY2(isSame(alone, wanted) && isSame(inLine[0], wanted)
+                         && isSame(inLine[1], wanted),
+                     text.c_str());
         }
         std::array<double, 2> unused{};
         for (const char *other : {"1", "1,2,3", "1,2,", "1,2x", "1,2 3", "1 2", "1,1e", "1,."})
-            QVERIFY2(!parseNumbers(other, 2, unused.data()), other);
+            QVERIFY2(!readLineNumbers(other, 2, &ends, unused.data()), other);
         // The neighbours of '0' and '9' are no digits, wherever they are among eight characters that are read at once.
         for (const char neighbour : {'/', ':'})
             for (std::size_t place = 0; place < 8; ++place) {
                 std::string text = "12345678,2";
                 text[place] = neighbour;
-                QVERIFY2(!parseNumbers(text, 2, unused.data()), text.c_str());
+                QVERIFY2(!readLineNumbers(text, 2, &ends, unused.data()), text.c_str());
                 QVERIFY2(!numberReadAhead(text.substr(0, 8)), text.c_str());
             }
         for (const char *other :
-             {".", "-", "-.", "1.2.3", "1..2", "--1", "12\xb1", "1\n2", "1 2", "1,2"})
+             {".", "-", "-.", "1.2.3", "1..2", "--1", "12\xb1", "1\n2", "1 2", "1,2",
+              "1.23456789012345678.9", "1.2.345678901234567", "1:23456789012345.67"})
             QVERIFY2(!numberReadAhead(other), other);
+        QVERIFY(numberReadAhead("18446744073709551617") == 18446744073709551617.0);
         QVERIFY(numberReadAhead(" 5. ") == 5.0 && numberReadAhead(".5\r") == 0.5);
     }
 };

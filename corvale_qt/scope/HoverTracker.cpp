@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/RVXPlotColors.h"
+#include "corvale_qt/plot/KeptText_p.h"
 #include "corvale_qt/plot/TextWidths_p.h"
 #include "corvale_qt/scope/HoverReading_p.h"
 #include "corvale_qt/scope/HoverTracker_p.h"
 #include "corvale_qt/scope/RVXScopePlotView_p.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
 
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
@@ -16,6 +18,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -54,6 +57,7 @@ private:
     QVector<Column> m_columns;
     TextWidths m_nameWidths; //!< to measure a text takes longer than to compare it, and names stay
     QVector<int> m_valueWidths; //!< of the channels in the columns
+    std::vector<KeptText> m_names = std::vector<KeptText>(ScopeModel::maximumChannels);
     int m_left = 0; //!< channels for which the box has no room
     QPointer<QWidget> m_line; //!< the canvas owns it
 };
@@ -215,7 +219,9 @@ void HoverCursor::paintEvent(QPaintEvent *)
             const int baseline = top + (i + 1) * line;
             const int side = kSwatch - 4;
             painter.fillRect(left, baseline - side, side, side, channel.colour);
-            painter.drawText(left + kSwatch, baseline, channel.name);
+            m_names[size_t(column.first + i)].drawLine(painter,
+                                                       QPointF(left + kSwatch, baseline),
+                                                       channel.name);
             const int width = m_valueWidths[column.first + i];
             painter.drawText(right - width, baseline, channel.value);
         }

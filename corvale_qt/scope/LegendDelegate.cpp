@@ -3,11 +3,14 @@
 #include "corvale_qt/scope/LegendModel_p.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Corvale_Qt {
 
@@ -18,22 +21,51 @@ constexpr int swatchWidth = 30;
 constexpr int longestName = 24; // in characters
 
 //! Returns how wide a value may be that shares a width with a name: as wide as it is where the name leaves room.
-int roomFor(const QString &value,
-            const QString &name,
-            const QFontMetrics &metrics,
-            int width,
-            int usualWidth)
+int roomFor(int valueWidth, int nameWidth, int width, int usualWidth)
 {
     const int usual = std::min(width / 2, usualWidth);
-    const int most = std::max(usual, width - metrics.horizontalAdvance(name) - 2 * margin);
-    return std::clamp(metrics.horizontalAdvance(value), usual, most);
+    const int most = std::max(usual, width - nameWidth - 2 * margin);
+    return std::clamp(valueWidth, usual, most);
+}
+
+//! Returns the baseline of a line in the middle of a place, where QPainter puts it.
+double baselineIn(const QRect &place, const QFontMetricsF &metrics)
+{
+    const double height = std::ceil(metrics.ascent() + metrics.descent());
+    return place.top() + 0.5 * (place.height() - height) + metrics.ascent();
+}
+
+//! Returns a text without the characters that would end its line.
+QString inOneLine(QString text)
+{
+    for (const char16_t end : {u'\n', u'\r', u'\t', u'\u2028'})
+        text.replace(QChar(end), QLatin1Char(' '));
+    return text;
+}
+
+bool isChecked(const QModelIndex &index)
+{
+    return index.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
+}
+
+//! Returns the value that a row shows; none if its channel is hidden.
+QString valueOf(const QModelIndex &index)
+{
+    return isChecked(index) ? index.data(LegendModel::ValueRole).toString() : QString();
+}
+
+//! Returns whether a widget is painted for its window, and not for a picture of it.
+bool isOnScreen(const QPainter &painter, const QWidget *widget)
+{
+    QBackingStore *const window = widget ? widget->backingStore() : nullptr;
+    return window && painter.paintEngine()->paintDevice() == window->paintDevice();
 }
 
 //! Paints the line of a curve on the ground that it has in the plot, for which its colour was chosen.
-void paintSwatch(QPainter *painter, const QRect &place, const QModelIndex &index, bool isShown)
+void paintSwatch(QPainter *painter, const QRect &place, const QModelIndex &index)
 {
     painter->fillRect(place, index.data(LegendModel::GroundRole).value<QColor>());
-    if (!isShown)
+    if (!isChecked(index))
         return;
     auto line = index.data(LegendModel::PenRole).value<QPen>();
     line.setWidthF(2.0);
@@ -92,8 +124,7 @@ QString fittedReading(const QString &value, const QFontMetrics &metrics, int roo
 
 void toggleChannel(QAbstractItemModel *legend, const QModelIndex &index)
 {
-    const bool isShown = index.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
-    legend->setData(index, isShown ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    legend->setData(index, isChecked(index) ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
 }
 
 void LegendDelegate::paint(QPainter *painter,
@@ -107,13 +138,10 @@ void LegendDelegate::paint(QPainter *painter,
     const QStyle *const style = widget ? widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, widget);
 
-    const bool isShown = index.data(Qt::CheckStateRole).toInt() != Qt::Unchecked;
+    const bool isShown = isChecked(index);
     const bool isSelected = option.state & QStyle::State_Selected;
     const QRect inside = option.rect.adjusted(margin, 2, -margin, -2);
-    paintSwatch(painter,
-                QRect(inside.topLeft(), QSize(swatchWidth, inside.height())),
-                index,
-                isShown);
+    paintSwatch(painter, QRect(inside.topLeft(), QSize(swatchWidth, inside.height())), index);
 
     const QPalette::ColorGroup group = isShown ? QPalette::Active : QPalette::Disabled;
     painter->setPen(
@@ -123,27 +151,64 @@ void LegendDelegate::paint(QPainter *painter,
     painter->setFont(font);
     const QRect beside = inside.adjusted(swatchWidth + margin, 0, 0, 0);
     const QRect text = beside.adjusted(0, 0, -paintLimit(painter, beside, index), 0);
-    const QString value = isShown ? index.data(LegendModel::ValueRole).toString() : QString();
-    const QString name = index.data().toString();
-    const QString arrow = isShown ? index.data(LegendModel::AxisRole).toString() : QString();
-    const int arrowRoom = option.fontMetrics.horizontalAdvance(arrow);
-    const int usual =
-        option.fontMetrics.horizontalAdvance(index.data(LegendModel::WideValueRole).toString());
-    const int mostRoom = roomFor(value, name, option.fontMetrics, text.width() - arrowRoom, usual);
-    const QString reading = fittedReading(value, option.fontMetrics, mostRoom);
-    const int valueRoom = reading.isEmpty() ? 0 : mostRoom;
-    const QRect nameRect = text.adjusted(0, 0, -valueRoom - margin - arrowRoom, 0);
-    painter->drawText(QRect(nameRect.right() + 1, text.top(), arrowRoom, text.height()),
-                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
-                      arrow);
-    painter->drawText(nameRect,
-                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(name, Qt::ElideMiddle, nameRect.width()));
-    painter->drawText(text,
-                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine
-                          | Qt::TextForceLeftToRight,
-                      reading);
+    m_widths.setFont(option.font, *painter->device());
+    const QString value = valueOf(index);
+    if (isOnScreen(*painter, widget))
+        m_values[index.row()] = value;
+    paintTexts(painter, index, text, value);
     painter->restore();
+}
+
+//! Paints name, arrow and value in the painter's font and pen.
+void LegendDelegate::paintTexts(QPainter *painter,
+                                const QModelIndex &index,
+                                const QRect &place,
+                                const QString &value) const
+{
+    const QFontMetricsF metrics(painter->font(), painter->device());
+    const QString name = inOneLine(index.data().toString());
+    const QString arrow =
+        isChecked(index) ? index.data(LegendModel::AxisRole).toString() : QString();
+    const int arrowRoom = qRound(m_widths.of(arrow));
+    const int usual = qRound(m_widths.of(index.data(LegendModel::WideValueRole).toString()));
+    const double width = metrics.horizontalAdvance(value);
+    const int mostRoom =
+        roomFor(qRound(width), qRound(m_widths.of(name)), place.width() - arrowRoom, usual);
+    const bool isWhole = qRound(width) <= mostRoom;
+    const QString reading =
+        isWhole ? value : fittedReading(value, painter->fontMetrics(), mostRoom);
+    const int valueRoom = reading.isEmpty() ? 0 : mostRoom;
+    const QRect nameRect = place.adjusted(0, 0, -valueRoom - margin - arrowRoom, 0);
+    if (!arrow.isEmpty())
+        painter->drawText(QRect(nameRect.right() + 1, place.top(), arrowRoom, place.height()),
+                          Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                          arrow);
+    const double baseline = baselineIn(place, metrics);
+    paintName(painter, index, nameRect, baseline, name);
+    painter->setLayoutDirection(Qt::LeftToRight); // the sign stands in front of the number
+    const double shownWidth = isWhole ? width : metrics.horizontalAdvance(reading);
+    painter->drawText(QPointF(place.left() + place.width() - shownWidth, baseline), reading);
+}
+
+void LegendDelegate::paintName(QPainter *painter,
+                               const QModelIndex &index,
+                               const QRect &place,
+                               double baseline,
+                               const QString &name) const
+{
+    const bool fits = m_widths.of(name) <= place.width();
+    const QString text =
+        fits ? name : painter->fontMetrics().elidedText(name, Qt::ElideMiddle, place.width());
+    // The line through the letters of a hidden channel may lie between pixels.
+    if (isChecked(index) && painter->layoutDirection() == Qt::LeftToRight)
+        m_names[size_t(index.row())].drawLine(*painter, QPointF(place.left(), baseline), text);
+    else
+        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+}
+
+bool LegendDelegate::hasNewValue(const QModelIndex &index) const
+{
+    return m_values[index.row()] != valueOf(index);
 }
 
 QSize LegendDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const

@@ -3,7 +3,15 @@
 
 // Private: this header is not installed.
 
+#include "corvale_qt/plot/KeptText_p.h"
+#include "corvale_qt/plot/TextWidths_p.h"
+#include "corvale_qt/scope/ScopeModel_p.h"
+
+#include <QString>
 #include <QStyledItemDelegate>
+#include <QVector>
+
+#include <vector>
 
 namespace Corvale_Qt {
 
@@ -23,6 +31,26 @@ public:
                      QAbstractItemModel *model,
                      const QStyleOptionViewItem &option,
                      const QModelIndex &index) override;
+
+    //! Returns whether a row has another value than the screen shows; also if that is not known.
+    bool hasNewValue(const QModelIndex &index) const;
+
+private:
+    void paintTexts(QPainter *painter,
+                    const QModelIndex &index,
+                    const QRect &place,
+                    const QString &value) const;
+    void paintName(QPainter *painter,
+                   const QModelIndex &index,
+                   const QRect &place,
+                   double baseline,
+                   const QString &name) const;
+
+    // To measure a text, or to draw it, takes much longer than to look it up, and all but the values stay.
+    mutable TextWidths m_widths;
+    mutable std::vector<KeptText> m_names = std::vector<KeptText>(ScopeModel::maximumChannels);
+    mutable QVector<QString> m_values =
+        QVector<QString>(ScopeModel::maximumChannels); //!< as they are on the screen
 };
 
 /*! Returns the text of a value that is at most as wide as \a room, in pixels: a number with its unit that is rounded to fewer digits,

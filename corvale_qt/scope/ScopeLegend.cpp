@@ -28,6 +28,7 @@ public:
     ScopeLegendPrivate(ScopeLegend *legend, RVXScopePlotView *theView)
         : q(legend)
         , view(theView)
+        , delegate(new LegendDelegate(legend))
     {
     }
 
@@ -65,10 +66,9 @@ public:
         refresh.setParent(q); // children of the widget tell whether it rests
         refresh.setSingleShot(true);
         refresh.setInterval(refreshInterval);
-        QObject::connect(&refresh,
-                         &QTimer::timeout,
-                         q->viewport(),
-                         QOverload<>::of(&QWidget::update));
+        QObject::connect(&refresh, &QTimer::timeout, q, [this] {
+            showValues();
+        });
         model.takeLook(view);
         QObject::connect(view, &RVXScopePlotView::siPrefixChanged, q, [this](bool on) {
             model.setSiPrefix(on);
@@ -97,6 +97,16 @@ public:
             canvas->installEventFilter(q);
         followModel();
     }
+    //! Has the rows painted that can be seen and whose values have changed.
+    void showValues()
+    {
+        const QRect seen = q->viewport()->rect();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            const QModelIndex index = model.index(row);
+            if (q->visualRect(index).intersects(seen) && delegate->hasNewValue(index))
+                q->update(index);
+        }
+    }
     void raise(const QModelIndex &index)
     {
         if (view)
@@ -118,6 +128,7 @@ public:
     ScopeLegend *const q;
     QPointer<RVXScopePlotView> view;
     LegendModel model;
+    LegendDelegate *const delegate; //!< the legend owns it
     QTimer refresh; //!< runs after a picture, so that values are painted less often than pictures
     QPointer<QAbstractItemModel> shown;
     bool hadSource = false; //!< also after the source was deleted
@@ -141,7 +152,7 @@ ScopeLegend::ScopeLegend(RVXScopePlotView *view, QWidget *parent)
     setFrameStyle(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
-    setItemDelegate(new LegendDelegate(this));
+    setItemDelegate(d->delegate);
     setModel(&d->model);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(false);

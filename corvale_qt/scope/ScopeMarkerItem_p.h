@@ -3,7 +3,7 @@
 
 // Private: this header is not installed.
 
-#include "corvale_qt/plot/LaidOutText_p.h"
+#include "corvale_qt/plot/KeptText_p.h"
 
 #include <qwt_plot_marker.h>
 #include <qwt_text.h>
@@ -39,7 +39,7 @@ private:
     QRectF labelPlace(const QwtScaleMap &xMap, const QRectF &canvas) const;
 
     QSharedPointer<const ScopeMarkerItem> m_other;
-    mutable LaidOutText m_letters;
+    mutable KeptText m_letters;
     mutable QwtText m_measured; //!< the label whose size is kept
     mutable QSizeF m_size;
 };

@@ -3,7 +3,7 @@
 #include "corvale_qt/models/RVXSingleChannelDataModel.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
-#include "corvale_qt/plot/LaidOutText_p.h"
+#include "corvale_qt/plot/KeptText_p.h"
 #include "corvale_qt/plot/PixelRuns_p.h"
 #include "corvale_qt/plot/RVXDiscontinuousPlotCurve.h"
 #include "corvale_qt/units/Units.h"
@@ -478,20 +478,21 @@ private Q_SLOTS:
         QVERIFY2(atCorners < 5 * points.size(), qPrintable(QString::number(atCorners)));
     }
 
-    void textThatIsLaidOutOnceHasThePixelsOfDrawText_data()
+    void textThatIsKeptHasThePixelsOfDrawText_data()
     {
         columns<QString, double>("text", "ratio");
         row("a line", "-1.5 nA", 1.0);
+        row("a line that begins with a slim letter", "1", 1.0);
         row("lines of different lengths", "12:00:01\nChannel left\n\n  Mean: -3.5e-07", 1.0);
         row("letters of another font", QString::fromUtf8("12:00\n水平 and more\nend"), 1.0);
         row("on finer pixels", "12:00:01\nChannel left\n -5", 2.0);
     }
-    void textThatIsLaidOutOnceHasThePixelsOfDrawText()
+    void textThatIsKeptHasThePixelsOfDrawText()
     {
         QFETCH(QString, text);
         QFETCH(double, ratio);
-        LaidOutText kept;
-        const auto picture = [&](const QPointF &place, bool isKept) {
+        KeptText kept;
+        const auto picture = [&](const QPointF &place, bool isKept, bool isLine = false) {
             QImage image(QSize(300, 120) * ratio, QImage::Format_RGB32);
             image.setDevicePixelRatio(ratio);
             QLinearGradient ground(0.0, 0.0, 300.0, 120.0);
@@ -501,7 +502,11 @@ private Q_SLOTS:
             painter.fillRect(image.rect(), ground);
             painter.setFont(QFont("Monospace", 9));
             painter.setPen(QColor(255, 230, 230));
-            if (isKept)
+            if (isKept && isLine)
+                kept.drawLine(painter, place, text);
+            else if (isLine)
+                painter.drawText(place, text);
+            else if (isKept)
                 kept.draw(painter, place, text);
             else
                 painter.drawText(QRectF(place, QSizeF(290, 110)),
@@ -513,6 +518,8 @@ private Q_SLOTS:
         // From the second time on, a picture of the letters is blended.
         for (const QPointF &place : {QPointF(3, 4), QPointF(17, 9)})
             QCOMPARE(picture(place, true), picture(place, false));
+        for (const QPointF &place : {QPointF(3, 40), QPointF(17, 60), QPointF(5, 70)})
+            QCOMPARE(picture(place, true, true), picture(place, false, true));
     }
 };
 

@@ -8,15 +8,18 @@
 #include <QPaintEngine>
 #include <QPainter>
 
+#include <cmath>
+
 namespace Corvale_Qt {
 
 namespace {
 
-//! Returns whether lines of a pen cover the pixels of a line of areas. Leaves the pen with the painter.
+//! Returns whether lines of a pen cover the pixels of a line of areas that are one device pixel wide. Leaves the pen with the painter.
 bool coversPixels(QPainter *painter, const QPen &pen)
 {
     painter->setPen(pen);
-    return pen.style() == Qt::SolidLine && paintsThinOpaque(*painter);
+    const bool isThin = !isFiner(*painter) || pen.isCosmetic();
+    return isThin && pen.style() == Qt::SolidLine && paintsThinOpaque(*painter);
 }
 
 //! Calls fillAt(pixel) for each tick of the kinds of one size that lies from \a first to \a last pixel.
@@ -51,8 +54,9 @@ void GridLines::draw(QPainter *painter,
                      const QwtScaleMap &yMap,
                      const QRectF &canvasRect) const
 {
+    const double ratio = painter->device()->devicePixelRatioF();
     const bool isOfPixels =
-        painter->paintEngine()->type() == QPaintEngine::Raster && !isFiner(*painter);
+        painter->paintEngine()->type() == QPaintEngine::Raster && ratio == std::floor(ratio);
     if (!isOfPixels || !coversPixels(painter, minorPen()) || !coversPixels(painter, majorPen())) {
         QwtPlotGrid::draw(painter, xMap, yMap, canvasRect);
         return;
@@ -69,14 +73,15 @@ void GridLines::fill(QPainter *painter,
                      const QRectF &area,
                      bool isMajor) const
 {
+    const double pixel = 1.0 / painter->device()->devicePixelRatioF();
     const QColor color = isMajor ? majorPen().color() : minorPen().color();
     if (xEnabled() && (isMajor || xMinEnabled()))
         forEachTick(xScaleDiv(), isMajor, xMap, area.left(), area.right(), [&](double x) {
-            painter->fillRect(QRectF(x, area.top(), 1.0, area.height()), color);
+            painter->fillRect(QRectF(x, area.top(), pixel, area.height()), color);
         });
     if (yEnabled() && (isMajor || yMinEnabled()))
         forEachTick(yScaleDiv(), isMajor, yMap, area.top(), area.bottom(), [&](double y) {
-            painter->fillRect(QRectF(area.left(), y, area.width(), 1.0), color);
+            painter->fillRect(QRectF(area.left(), y, area.width(), pixel), color);
         });
 }
 

@@ -313,13 +313,14 @@ private Q_SLOTS:
         yMap.setPaintInterval(140.0, 2.0);
         const QwtScaleDiv x(0.0, 7.3, {0.5, 1.5, 7.3}, {2.5}, {0.0, 3.0, 6.1});
         const QwtScaleDiv y(-1.0, 2.2, {-0.9, 2.2}, {0.6}, {-1.0, 1.1});
-        const auto drawn = [&](QwtPlotGrid &&grid, const QPen &major, QPoint moved) {
+        const auto drawn = [&](QwtPlotGrid &&grid, const QPen &major, QPoint moved, double ratio) {
             grid.enableXMin(moved.isNull());
             grid.enableYMin(true);
             grid.setMajorPen(major);
             grid.setMinorPen(QPen(Qt::darkGray, 0.0));
             grid.updateScaleDiv(x, y);
-            QImage image(200, 150, QImage::Format_RGB32);
+            QImage image(QSize(200, 150) * ratio, QImage::Format_RGB32);
+            image.setDevicePixelRatio(ratio);
             image.fill(Qt::black);
             QPainter painter(&image);
             painter.translate(moved);
@@ -328,8 +329,11 @@ private Q_SLOTS:
         };
         for (const QPen &pen : {QPen(Qt::red, 0.0), QPen(Qt::red, 1.0), QPen(Qt::red, 3.0),
                                 QPen(QColor(255, 0, 0, 90)), QPen(Qt::red, 1.0, Qt::DashLine)}) {
-            for (const QPoint moved : {QPoint(), QPoint(-4, 7)})
-                QVERIFY(drawn(GridLines(), pen, moved) == drawn(QwtPlotGrid(), pen, moved));
+            for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
+                for (const QPoint moved : {QPoint(), QPoint(-4, 7)})
+                    QVERIFY(drawn(GridLines(), pen, moved, ratio)
+                            == drawn(QwtPlotGrid(), pen, moved, ratio));
+            }
         }
     }
 

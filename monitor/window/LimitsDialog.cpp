@@ -5,7 +5,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -18,13 +18,14 @@ namespace {
 constexpr int limitColumns = 4;
 constexpr QSize limitsDialogSize(640, 420);
 
-//! Returns the width that a table needs with its frame and the margins around it, so that no title is cut with a large font.
+//! Returns the width that a table needs with its frame and a scroll bar, so that no title is cut with a large font.
 int widthOfTable(const QTableWidget &table)
 {
-    int width = table.verticalHeader()->sizeHint().width() + 4 * table.frameWidth();
+    int width = table.verticalHeader()->sizeHint().width() + 2 * table.frameWidth()
+        + table.verticalScrollBar()->sizeHint().width();
     for (int column = 0; column < table.columnCount(); ++column)
         width += table.horizontalHeader()->sectionSizeHint(column);
-    return width + 2 * table.style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+    return width;
 }
 
 } // namespace
@@ -55,7 +56,10 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
     m_table->setHorizontalHeaderLabels(
         {tr("Low alarm"), tr("Low warning"), tr("High warning"), tr("High alarm")});
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setStretchLastSection(
+        true); // which would cut its title on a small screen
+    m_table->horizontalHeader()->setMinimumSectionSize(
+        m_table->horizontalHeader()->sectionSizeHint(limitColumns - 1));
     m_table->setTabKeyNavigation(false); // Tab leads from cell to cell while one is edited
     fill();
     connect(m_table, &QTableWidget::cellChanged, this, &LimitsDialog::check);
@@ -65,7 +69,9 @@ LimitsDialog::LimitsDialog(const StreamHeader &header, QWidget *parent)
     layout->addWidget(m_table, 1);
     layout->addWidget(m_fault);
     layout->addWidget(buttons);
-    resize(limitsDialogSize.expandedTo({widthOfTable(*m_table), 0}));
+    const QMargins around = layout->contentsMargins();
+    resize(
+        limitsDialogSize.expandedTo({widthOfTable(*m_table) + around.left() + around.right(), 0}));
     m_table->setFocus();
     check();
 }

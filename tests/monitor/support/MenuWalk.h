@@ -69,6 +69,14 @@ public:
                 walk(menu);
         } while (m_triggered.size() > before); // an entry may offer others, or fill its menu anew
     }
+    //! Triggers an entry, which may open something else for another source, once more.
+    void again(const char *name)
+    {
+        for (QMenu *menu : menus())
+            for (QAction *entry : menu->actions())
+                if (entry->objectName() == QLatin1String(name))
+                    trigger(menu, entry);
+    }
     //! Closes the source by its entry, and the window by "Quit".
     void leave()
     {

@@ -7,6 +7,7 @@
 #include "monitor/recording/ZstdSegments.h"
 #include "monitor/window/Appearance.h"
 #include "monitor/window/ImportDialog.h"
+#include "monitor/window/LimitsDialog.h"
 #include "monitor/window/ScreenFit.h"
 #include "monitor/window/SourceSwitch.h"
 #include "monitor/window/StatusField.h"
@@ -106,6 +107,7 @@ void lookAtSpots(WindowInTest &w, const QString &spots, ClippedTexts &clipped, M
     QVERIFY(w.window.findChild<QWidget *>("spots")->isVisible());
     lookAtWindows("spots", clipped);
     menus.walk();
+    menus.again("limits"); // a list has more rows than the dialog shows at once with large text
 }
 
 //! How the window reads and looks: keys and texts in every language, sizes, screens and palettes.
@@ -298,6 +300,23 @@ private Q_SLOTS:
         QVERIFY(!w.window.isVisible());
         QCOMPARE(clipped.text(), QString());
         QCOMPARE(menus.missed(), QString());
+    }
+
+    //! Whether there is room for all columns or not, no title is cut.
+    void titlesOfLimitsAreWhole()
+    {
+        const InPoints large(24);
+        StreamHeader header;
+        header.channels = StreamHeader::defaultChannels(StreamKind::Channels, 40);
+        LimitsDialog dialog(header);
+        dialog.show();
+        ClippedTexts clipped(2 * WindowInTest::smallScreen);
+        for (const int part : {1, 2}) {
+            dialog.resize(dialog.width() / part, dialog.height());
+            QCoreApplication::processEvents();
+            clipped.look("limits", &dialog);
+        }
+        QCOMPARE(clipped.text(), QString());
     }
 
     //! A scroll bar beside the values takes its room from the names.

@@ -56,8 +56,10 @@ constexpr std::array<double, sixteen + 1> makeDivisors()
     std::array<double, sixteen + 1> all{};
     all[sixteen] = 1.0;
     double power = 1.0;
-    for (std::size_t point = sixteen; point-- > 0; power *= 10.0)
+    for (std::size_t point = sixteen; point-- > 0;) {
         all[point] = power;
+        power *= 10.0;
+    }
     return all;
 }
 
@@ -162,8 +164,8 @@ CORVALE_MONITOR_VECTORS inline bool readLong(const char *begin, const char *end,
     return isFound;
 }
 
-/*! Reads fields, from the one that begins at \a begin on, up to the first that \a Read does not read. Returns how many. The sixteen characters
-    before the end of a field must be readable, whatever the first ones are. */
+/*! Reads fields, from the one that begins at \a begin on, up to the first that \a Read does not read. Returns how many. \a Read gets no empty
+    field, and may look at the sixteen characters before the end of one, whatever the first of them are. */
 template<bool (*Read)(const char *begin, const char *end, double *number)>
 CORVALE_MONITOR_VECTORS std::size_t readFields(const char *text,
                                                std::size_t begin,
@@ -173,7 +175,8 @@ CORVALE_MONITOR_VECTORS std::size_t readFields(const char *text,
 {
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t end = ends[i];
-        const bool isRead = end >= sixteen && (i + 1 == count || text[end] == ',')
+        const bool isPossible = begin < end && end >= sixteen;
+        const bool isRead = isPossible && (i + 1 == count || text[end] == ',')
             && Read(text + begin, text + end, &numbers[i]);
         if (!isRead)
             return i;

@@ -28,7 +28,8 @@ void ScrolledPage::setPage(QWidget *page)
 QSize ScrolledPage::sizeHint() const
 {
     constexpr int columns = 80;
-    const int width = fontMetrics().averageCharWidth() * columns;
+    const int width =
+        m_isNarrow ? minimumSizeHint().width() : fontMetrics().averageCharWidth() * columns;
     return {width, std::max(widget()->heightForWidth(width), widget()->sizeHint().height())};
 }
 

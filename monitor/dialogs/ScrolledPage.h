@@ -14,11 +14,16 @@ public:
     //! Takes the ownership of \a page; without one, setPage() follows.
     explicit ScrolledPage(QWidget *page, QWidget *parent = nullptr);
     void setPage(QWidget *page);
+    //! Makes this no wider than the page asks for; otherwise its explanations have the width of a line that is easily read.
+    void setNarrow() { m_isNarrow = true; }
 
     //! Returns a size that shows the whole page without scrolling.
     QSize sizeHint() const override;
     //! Returns the least width at which the page needs no scrolling sideways.
     QSize minimumSizeHint() const override;
+
+private:
+    bool m_isNarrow = false;
 };
 
 } // namespace Monitor

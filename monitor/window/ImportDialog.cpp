@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "monitor/window/ImportDialog.h"
 
+#include "monitor/dialogs/ScrolledPage.h"
 #include "monitor/input/ImportGuess.h"
 #include "monitor/input/TablePreview.h"
 #include "monitor/window/ScreenFit.h"
@@ -156,7 +157,12 @@ void ImportDialog::addControls()
     layout->addWidget(reason);
     auto *columns = new QHBoxLayout;
     layout->addLayout(columns, 1);
-    columns->addLayout(new QFormLayout);
+    auto *controls = new QWidget;
+    auto *form = new QFormLayout(controls);
+    form->setContentsMargins(0, 0, 0, 0);
+    auto *page = new ScrolledPage(controls, this); // so that a low screen has room for the buttons
+    page->setNarrow();
+    columns->addWidget(page);
     addColumnControls();
     addTimeControls();
     m_skip = addNumber("importSkip", tr("Lines to &skip first:"), 0);

@@ -302,6 +302,16 @@ private Q_SLOTS:
         QCOMPARE(menus.missed(), QString());
     }
 
+    //! The buttons of the question about a table stay on the lowest screen that the window is made for.
+    void theImportDialogFitsALowScreen()
+    {
+        putFile(file("low.csv"), "left;right\n1,5;2\n2,5;3\n");
+        const ImportDialog dialog(file("low.csv"));
+        const QSize least = dialog.minimumSizeHint();
+        QVERIFY2(least.width() <= 800 && least.height() <= 320,
+                 qPrintable(QString("%1 x %2").arg(least.width()).arg(least.height())));
+    }
+
     //! Whether there is room for all columns or not, no title is cut.
     void titlesOfLimitsAreWhole()
     {

@@ -112,6 +112,7 @@ bool PictureExport::print(const DisplayPicture &picture, QPagedPaintDevice *page
     const double scale = std::min(double(page->width()) / picture.size().width(),
                                   double(page->height()) / picture.size().height());
     painter.scale(scale, scale);
+    painter.setClipRect(QRect(QPoint(), picture.size())); // the rest of the page stays white
     picture.paint(&painter);
     return painter.end();
 }

@@ -122,9 +122,11 @@ void ValueDelegate::paint(QPainter *painter,
     item.index = index;
     useTextColor(&item);
     drawValue(&item, index);
-    item.displayAlignment =
-        QStyle::visualAlignment(item.direction,
-                                Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
+    const QVariant alignment =
+        index.data(Qt::TextAlignmentRole); // of a reading, and not of a word in its place
+    item.displayAlignment = QStyle::visualAlignment(
+        item.direction,
+        alignment.isValid() ? Qt::Alignment(alignment.toInt()) : Qt::AlignRight | Qt::AlignVCenter);
     const QStyle *const style = item.widget ? item.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &item, item.widget) + 1;

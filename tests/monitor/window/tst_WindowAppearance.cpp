@@ -343,6 +343,20 @@ private Q_SLOTS:
                 > w.values()->fontMetrics().horizontalAdvance(" -0.0000e-00 "));
     }
 
+    //! A word in the place of a reading stands where readings stand.
+    void wordsStandWhereReadingsStand()
+    {
+        SmallWindow w(file("words.xui"));
+        w.source->begin(StreamKind::Channels, 1);
+        QCOMPARE(w.value(0), QString("N/A"));
+        const QRect cell = w.values()->visualRect(w.values()->model()->index(0, 1));
+        const QImage picture = w.values()->viewport()->grab(cell).toImage();
+        const auto words = [](const QColor &pixel) { return pixel.lightness() < 128; };
+        const QSize half(picture.width() / 2, picture.height());
+        QCOMPARE(countPixels(picture.copy({QPoint(), half}), words), 0);
+        QVERIFY(countPixels(picture.copy({QPoint(half.width(), 0), half}), words) > 10);
+    }
+
     //! A text that has not its room is found, in the window and in what an entry of a menu opens.
     void aClippedTextIsFound()
     {

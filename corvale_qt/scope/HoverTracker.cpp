@@ -215,14 +215,15 @@ void HoverCursor::paintEvent(QPaintEvent *)
     for (const Column &column : qAsConst(m_columns)) {
         const int right = left + kSwatch + column.nameWidth + kGap + column.valueWidth;
         for (int i = 0; i < column.count; ++i) {
-            const HoverReading::Channel &channel = m_reading.channels[column.first + i];
+            const int shown = column.first + i;
+            const HoverReading::Channel &channel = m_reading.channels[shown];
             const int baseline = top + (i + 1) * line;
             const int side = kSwatch - 4;
             painter.fillRect(left, baseline - side, side, side, channel.colour);
-            m_names[size_t(column.first + i)].drawLine(painter,
-                                                       QPointF(left + kSwatch, baseline),
-                                                       channel.name);
-            const int width = m_valueWidths[column.first + i];
+            m_names[size_t(shown)].drawLine(painter,
+                                            QPointF(left + kSwatch, baseline),
+                                            channel.name);
+            const int width = m_valueWidths[shown];
             painter.drawText(right - width, baseline, channel.value);
         }
         left = right + kGap;

@@ -3,6 +3,7 @@
 
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/NumberPair_p.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 
 #include <algorithm>
 #include <array>
@@ -113,11 +114,12 @@ double shareOfHoles(const DetectorFrame &frame, const BeamImage &image)
 
 void addColumns(const BeamImage &image, double *sums)
 {
+    clearWideRegisters();
     const double *row = image.charges.constData();
     for (int r = 0; r < image.rows; ++r, row += image.columns) {
         int c = 0;
         for (; c + 2 <= image.columns; c += 2)
-            putPair(pairAt(sums + c) + pairAt(row + c), sums + c);
+            writePair(sums + c, pairAt(sums + c) + pairAt(row + c));
         for (; c < image.columns; ++c)
             sums[c] += row[c];
     }

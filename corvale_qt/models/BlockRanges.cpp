@@ -2,7 +2,8 @@
 #include "corvale_qt/models/BlockOfReadings_p.h"
 #include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/LibraryBulkData_p.h"
-#include "corvale_qt/models/NumberPair_p.h"
+#include "corvale_qt/numerics/NumberPair_p.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 
 #include <QDebug>
 
@@ -126,6 +127,7 @@ NumberRange BlockRanges::range(const RingSpans &spans, int first, int last)
 {
     if (last - first < widths[0] * fewest[0])
         return readRange(spans, first, last);
+    clearWideRegisters();
     for (int level = 0; level < levels; ++level) {
         // Room for every block of a full ring; two blocks that share a place are found again in turn.
         const int room = spans.ringSize / widths[level] + 2;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/models/BlockRanges_p.h"
 #include "corvale_qt/models/ColumnSeries_p.h"
-#include "corvale_qt/models/NumberPair_p.h"
 #include "corvale_qt/models/RVXSeriesData.h"
 #include "corvale_qt/models/SeriesSource_p.h"
+#include "corvale_qt/numerics/NumberPair_p.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,6 +2,7 @@
 #include "corvale_qt/numerics/CellScreening.h"
 
 #include "corvale_qt/numerics/NumberPair_p.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 
 #include <algorithm>
 #include <array>
@@ -201,6 +202,7 @@ bool flanksOf(const BeamProfile &profile, int cell, Flanks *flanks)
 std::vector<int> hotCells(const double *cells, int rows, int columns, const HotCellLimits &limits)
 {
     const double noise = noiseOfRows(cells, rows, columns);
+    clearWideRegisters();
     std::vector<int> hot;
     const auto search = [&](int row, int from, int to) {
         for (int column = from; column < to; ++column) {

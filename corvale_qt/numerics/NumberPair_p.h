@@ -7,8 +7,8 @@
 
 namespace Corvale_Qt {
 
-/*! Two numbers at once. Compilers turn these into the instructions of the processor, whatever it has; of four at once, not all
-    processors have them. */
+/*! Two doubles that the processor handles with one instruction, whatever else it has. Each lane is computed as a double is; a comparison
+    with a NaN is false in its lane alone. */
 using NumberPair = double __attribute__((vector_size(16)));
 
 inline NumberPair pairAt(const double *numbers)
@@ -18,9 +18,19 @@ inline NumberPair pairAt(const double *numbers)
     return pair;
 }
 
-inline void putPair(const NumberPair &pair, double *numbers)
+inline void writePair(double *numbers, NumberPair pair)
 {
     std::memcpy(numbers, &pair, sizeof pair);
+}
+
+inline NumberPair lesser(NumberPair a, NumberPair b)
+{
+    return a < b ? a : b;
+}
+
+inline NumberPair greater(NumberPair a, NumberPair b)
+{
+    return a > b ? a : b;
 }
 
 } // namespace Corvale_Qt

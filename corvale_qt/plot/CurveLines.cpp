@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "corvale_qt/models/NumberPair_p.h"
 #include "corvale_qt/models/SeriesSource_p.h"
+#include "corvale_qt/numerics/NumberPair_p.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
 #include "corvale_qt/plot/DenseCurve_p.h"
@@ -120,6 +121,7 @@ CurveLines::CurveLines(QPainter *painter,
 
 void CurveLines::draw(const QwtSeriesData<QPointF> &series, int from, int to)
 {
+    clearWideRegisters(); // the curve before may have been painted by another library
     if (isDense(to - from + 1) && drawsWholePixels(*m_painter, m_xMap, m_yMap))
         drawRuns(series, from, to);
     else

@@ -6,9 +6,9 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMap>
 #include <QPointer>
 
-#include <map>
 #include <set>
 
 namespace Corvale_Qt {
@@ -103,7 +103,7 @@ void RVXTableView::keyPressEvent(QKeyEvent *event)
 
 void RVXTableView::copySelection() const
 {
-    std::map<int, std::map<int, QString>> cells;
+    QMap<int, QMap<int, QString>> cells;
     std::set<int> columns;
     for (const QModelIndex &index : selectedIndexes()) {
         const int row = verticalHeader()->visualIndex(index.row());
@@ -112,16 +112,14 @@ void RVXTableView::copySelection() const
         columns.insert(column);
     }
     // Without a selection the clipboard keeps its content.
-    if (cells.empty())
+    if (cells.isEmpty())
         return;
 
     QString text;
-    for (const auto &row : cells) {
+    for (const QMap<int, QString> &row : qAsConst(cells)) {
         QStringList line;
-        for (int column : columns) {
-            const auto cell = row.second.find(column);
-            line << (cell == row.second.end() ? QString() : cell->second);
-        }
+        for (int column : columns)
+            line << row.value(column);
         text += line.join('\t') + '\n';
     }
     QGuiApplication::clipboard()->setText(text);

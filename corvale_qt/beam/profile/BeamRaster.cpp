@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/profile/BeamRaster_p.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 
 #include <qwt_matrix_raster_data.h>
 #include <qwt_scale_map.h>
@@ -210,6 +211,7 @@ QImage BeamRaster::renderImage(const QwtScaleMap &xMap,
     QImage image(imageSize, hidesAll ? QImage::Format_RGB32 : QImage::Format_ARGB32);
     if (!hidesAll)
         image.fill(Qt::transparent);
+    clearWideRegisters();
     SmoothPicture picture(columns, values, m_size);
     for (int y = 0; y < imageSize.height(); ++y)
         picture.renderLine(reinterpret_cast<QRgb *>(image.scanLine(y)), rows[y], m_table, range);

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/profile/CellPicture_p.h"
 #include "corvale_qt/beam/profile/SpectrogramItems_p.h"
 #include "corvale_qt/detector/DetectorLayout.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 
 #include <qwt_scale_map.h>
 
@@ -263,6 +264,7 @@ void CellPicture::draw(QPainter *painter,
 //! Draws some rows of pixels from the first line of the image on.
 void CellPicture::drawBand(const PixelPlaces &pixels, int top, int lines) const
 {
+    clearWideRegisters();
     std::vector<double> values(pixels.columns.size());
     std::vector<QRgb> colors(size_t(m_columns.count()));
     const int width = m_image.width();

@@ -2,6 +2,7 @@
 #include "corvale_qt/beam/profile/JudgedFrame_p.h"
 #include "corvale_qt/numerics/CellScreening.h"
 #include "corvale_qt/numerics/NumberPair_p.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 #include "corvale_qt/plot/PlotRange_p.h"
 #include "corvale_qt/units/LibraryTexts_p.h"
 
@@ -144,6 +145,7 @@ void fillStripRaster(JudgedFrame &frame)
 //! Returns the largest of \a floor and those of \a values that are not NaN.
 double largestOf(const QVector<double> &values, double floor)
 {
+    clearWideRegisters();
     // Two comparisons of pairs do not wait for each other.
     NumberPair first{floor, floor}, second = first;
     int i = 0;

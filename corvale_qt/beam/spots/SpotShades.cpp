@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "corvale_qt/beam/spots/SpotGeometry_p.h"
 #include "corvale_qt/beam/spots/SpotShades_p.h"
+#include "corvale_qt/numerics/WideRegisters_p.h"
 #include "corvale_qt/widgets/MixedColor_p.h"
 
 #include <algorithm>
@@ -271,6 +272,7 @@ QRgb SpotShades::mixed(size_t pixel) const
 
 void SpotShades::paint(QImage &image, const QRect &part) const
 {
+    clearWideRegisters();
     // Copied, since the compiler must assume that writing a pixel changes them.
     const QRgb *const colors = m_colors.data();
     const int right = part.right();

@@ -6,8 +6,6 @@
 #include "corvale_qt/numerics/SecondMomentMethod_p.h"
 #include "corvale_qt/numerics/WideRegisters_p.h"
 
-#include <QVarLengthArray>
-
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -31,15 +29,12 @@ struct Window
     }
 };
 
-//! A number for each row or column. Of usual frames they need no memory of the heap, which may take longer to get than to fill.
-using LineSums = QVarLengthArray<double, 256>;
-
 //! The sums of a window, by rows and columns, from which all moments follow. Places count from an origin inside.
 struct Projections
 {
-    LineSums ofColumns;
-    LineSums ofRows;
-    LineSums momentOfRows; //!< sum of charge x (x - origin)
+    std::vector<double> ofColumns;
+    std::vector<double> ofRows;
+    std::vector<double> momentOfRows; //!< sum of charge x (x - origin)
     double max = 0;
 };
 
@@ -83,8 +78,8 @@ void addRow(const double *cells, const double *x, int columns, Projections &sums
     const auto sumOf = [](NumberPair one, NumberPair other) {
         return (one[0] + one[1]) + (other[0] + other[1]);
     };
-    sums.ofRows.append(sumOf(first.charge, second.charge));
-    sums.momentOfRows.append(sumOf(first.moment, second.moment));
+    sums.ofRows.push_back(sumOf(first.charge, second.charge));
+    sums.momentOfRows.push_back(sumOf(first.moment, second.moment));
     for (int i : {0, 1})
         sums.max = std::max({sums.max, first.largest[i], second.largest[i]});
 }
@@ -93,16 +88,16 @@ Projections project(const BeamImage &image, const Window &window, double originX
 {
     clearWideRegisters();
     const int columns = window.columns.size();
-    LineSums x;
-    for (int c = window.columns.first; c <= window.columns.last; ++c)
-        x.append(image.x[c] - originX);
+    const auto firstX = image.x.begin() + window.columns.first;
+    std::vector<double> x(firstX, firstX + columns);
+    for (double &place : x)
+        place -= originX;
     Projections sums;
-    sums.ofColumns.resize(columns);
-    std::fill(sums.ofColumns.begin(), sums.ofColumns.end(), 0.0);
+    sums.ofColumns.resize(std::size_t(columns));
     for (int r = window.rows.first; r <= window.rows.last; ++r) {
         const double *cells =
             image.charges.constData() + std::ptrdiff_t(r) * image.columns + window.columns.first;
-        addRow(cells, x.constData(), columns, sums);
+        addRow(cells, x.data(), columns, sums);
     }
     return sums;
 }
@@ -129,10 +124,11 @@ void subtract(double background,
     double moment = 0;
     for (int c = window.columns.first; c <= window.columns.last; ++c) {
         moment += image.intervalsX[c] * (image.x[c] - originX);
-        sums.ofColumns[c - window.columns.first] -= background * height * image.intervalsX[c];
+        sums.ofColumns[std::size_t(c - window.columns.first)] -=
+            background * height * image.intervalsX[c];
     }
     for (int r = window.rows.first; r <= window.rows.last; ++r) {
-        const int row = r - window.rows.first;
+        const auto row = std::size_t(r - window.rows.first);
         sums.ofRows[row] -= background * width * image.intervalsY[r];
         sums.momentOfRows[row] -= background * moment * image.intervalsY[r];
     }
@@ -158,10 +154,10 @@ ImageMoments momentsOf(const BeamImage &image, const Window &window, double back
     moments.max = sums.max;
     moments.background = background;
     double first = 0, firstY = 0;
-    for (int r = 0; r < sums.ofRows.size(); ++r) {
+    for (std::size_t r = 0; r < sums.ofRows.size(); ++r) {
         moments.total += sums.ofRows[r];
         first += sums.momentOfRows[r];
-        firstY += sums.ofRows[r] * image.y[window.rows.first + r];
+        firstY += sums.ofRows[r] * image.y[window.rows.first + int(r)];
     }
     moments.status = EstimateStatus::NoSignal;
     if (!(moments.total > 0) || !std::isfinite(moments.total))
@@ -170,10 +166,11 @@ ImageMoments momentsOf(const BeamImage &image, const Window &window, double back
     moments.meanX = originX + meanX;
     moments.meanY = firstY / moments.total;
     double xx = 0, yy = 0, xy = 0;
-    for (int c = 0; c < sums.ofColumns.size(); ++c)
-        xx += sums.ofColumns[c] * std::pow(image.x[window.columns.first + c] - moments.meanX, 2);
-    for (int r = 0; r < sums.ofRows.size(); ++r) {
-        const double dy = image.y[window.rows.first + r] - moments.meanY;
+    for (std::size_t c = 0; c < sums.ofColumns.size(); ++c)
+        xx +=
+            sums.ofColumns[c] * std::pow(image.x[window.columns.first + int(c)] - moments.meanX, 2);
+    for (std::size_t r = 0; r < sums.ofRows.size(); ++r) {
+        const double dy = image.y[window.rows.first + int(r)] - moments.meanY;
         yy += sums.ofRows[r] * dy * dy;
         xy += (sums.momentOfRows[r] - meanX * sums.ofRows[r]) * dy;
     }

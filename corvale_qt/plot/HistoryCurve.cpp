@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "corvale_qt/numerics/WideRegisters_p.h"
 #include "corvale_qt/plot/CurveLayer_p.h"
 #include "corvale_qt/plot/CurveLines_p.h"
 #include "corvale_qt/plot/HistoryCurve_p.h"
@@ -131,6 +132,7 @@ void HistoryCurve::draw(QPainter *painter,
     const QRect clip = canvasRect.toAlignedRect();
     PixelRuns &runs = blockScratch().runs;
     runs.begin(clip);
+    clearWideRegisters();
     addBlocks(runs, xMap, yMap, clip);
     runs.end();
     painter->setPen(m_pen);

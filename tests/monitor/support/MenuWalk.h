@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/monitor/support/Dialogs.h"
+#include "tests/monitor/support/Menus.h"
 
 inline void lookAtPages(QDialog *dialog, ClippedTexts &clipped)
 {
@@ -102,17 +103,7 @@ public:
     int dialogs() const { return m_dialogs; }
 
 private:
-    QList<QMenu *> menus() const
-    {
-        QList<QMenu *> menus;
-        for (const QAction *entry : m_window.menuBar()->actions())
-            menus.append(entry->menu());
-        for (int i = 0; i < menus.size(); ++i)
-            for (const QAction *entry : menus.at(i)->actions())
-                if (entry->menu())
-                    menus.append(entry->menu());
-        return menus;
-    }
+    QList<QMenu *> menus() const { return menusOf(m_window); }
     static QString nameOf(const QMenu *menu, const QAction *entry)
     {
         return menu->title() + " > " + entry->text();

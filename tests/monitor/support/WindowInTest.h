@@ -5,6 +5,7 @@
 #include "monitor/window/EventLog.h"
 #include "monitor/window/MonitorWindow.h"
 #include "monitor/window/NoticeLine.h"
+#include "tests/monitor/support/Menus.h"
 #include "tests/monitor/support/ScriptedSession.h"
 #include <corvale_qt/models/RVXAbstractPlotDataModel.h>
 #include <corvale_qt/scope/RVXScope.h>
@@ -64,18 +65,7 @@ struct WindowInTest : ScriptedSession
                     return entry;
         return nullptr;
     }
-    //! Returns all menus, those inside others too.
-    QList<QMenu *> menus() const
-    {
-        QList<QMenu *> menus;
-        for (const QAction *entry : window.menuBar()->actions())
-            menus.append(entry->menu());
-        for (int i = 0; i < menus.size(); ++i)
-            for (const QAction *entry : menus.at(i)->actions())
-                if (entry->menu())
-                    menus.append(entry->menu());
-        return menus;
-    }
+    QList<QMenu *> menus() const { return menusOf(window); }
     QwtPlot *plot() const { return window.displays().scope()->findChild<QwtPlot *>(); }
 
     Monitor::MonitorWindow window;
